@@ -1,0 +1,59 @@
+// The instruction set as a table, read from Instructions.def.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "source/LineStore.h"
+#include "source/SrcData.h"
+
+namespace zelvaro {
+
+enum class Op : std::int16_t {
+#define ZELVARO_INSTRUCTION(mnemonic, ...) mnemonic,
+#include "encode/Instructions.def"
+#undef ZELVARO_INSTRUCTION
+  Unknown = -1
+};
+
+enum class OpClass : std::uint8_t { Assembler, Machine, Macro, NhOnly };
+enum class OpForm : std::uint8_t { Both, Memory, Branch, Single, None, Data, Start, End, InOut, Regs };
+enum class SecondOprnd : std::uint8_t { No, Begins, Exact, Refuse7, Refuse9 };
+
+struct Instruction {
+  Op op;
+  std::string_view mnemonic;
+  OpClass opClass;
+  OpForm form;
+  int adrCode;  ///< operation code of the two-word form, or of the only form
+  int regCode;  ///< operation code of the form r1,r2, or 0
+  SecondOprnd second;
+  std::string_view nameJa;  ///< name of the instruction for messages, where it has one
+  std::string_view nameEn;
+  std::string_view effect;
+};
+
+inline constexpr std::array kInstructions{
+#define ZELVARO_INSTRUCTION(m, c, f, adr, reg, sec, ja, en, effect) \
+  Instruction{Op::m, #m, OpClass::c, OpForm::f, adr, reg, SecondOprnd::sec, ja, en, effect},
+#include "encode/Instructions.def"
+#undef ZELVARO_INSTRUCTION
+};
+
+constexpr const Instruction& instruction(Op op) { return kInstructions[static_cast<std::size_t>(op)]; }
+
+/// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only where `exitKnown`.
+template <class Char>
+Op findOp(std::basic_string_view<Char> word, bool exitKnown = false);
+
+/// The instruction of a line; Op::Unknown before recognition and on a line without an opcode.
+template <class Char>
+Op opOf(const SrcData<Char>& line) {
+  return static_cast<Op>(line.OpNr);
+}
+
+/// First word: operation code in bits 15 to 8, r in 7 to 4, x or r2 in 3 to 0.
+constexpr int firstWord(int code, int r = 0, int x = 0) { return code << 8 | r << 4 | x; }
+
+}  // namespace zelvaro

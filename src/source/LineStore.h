@@ -1,0 +1,140 @@
+// The line store: the lines of one source file that hold a statement, and its programs.
+#pragma once
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "source/SrcData.h"
+#include "source/TextArena.h"
+
+namespace zelvaro {
+
+/// Blanks are the space and the tab, nothing else.
+template <class Char>
+constexpr bool isBlank(Char c) {
+  return c == Char(' ') || c == Char('\t');
+}
+template <class Char>
+constexpr std::basic_string_view<Char> trimLeft(std::basic_string_view<Char> s) {
+  while (!s.empty() && isBlank(s.front())) s.remove_prefix(1);
+  return s;
+}
+template <class Char>
+constexpr std::basic_string_view<Char> trimRight(std::basic_string_view<Char> s) {
+  while (!s.empty() && isBlank(s.back())) s.remove_suffix(1);
+  return s;
+}
+template <class Char>
+constexpr std::basic_string_view<Char> trim(std::basic_string_view<Char> s) {
+  return trimLeft(trimRight(s));
+}
+/// Whether a text equals ASCII text, whatever its character type.
+template <class Char>
+constexpr bool equals(std::basic_string_view<Char> s, std::string_view ascii) {
+  if (s.size() != ascii.size()) return false;
+  for (std::size_t i = 0; i < s.size(); ++i)
+    if (s[i] != static_cast<Char>(ascii[i])) return false;
+  return true;
+}
+/// The position of ASCII text in a text from `from` on, or npos.
+template <class Char>
+constexpr std::size_t find(std::basic_string_view<Char> s, std::string_view ascii, std::size_t from = 0) {
+  for (std::size_t i = from; i + ascii.size() <= s.size(); ++i)
+    if (equals(s.substr(i, ascii.size()), ascii)) return i;
+  return std::basic_string_view<Char>::npos;
+}
+
+/// Whether a line holds a statement: something that is no blank, and whose first such character is no ';'.
+template <class Char>
+constexpr bool holdsStatement(std::basic_string_view<Char> line) {
+  const std::basic_string_view<Char> s = trimLeft(line);
+  return !s.empty() && s.front() != Char(';');
+}
+
+template <class Char>
+class LineStore {
+ public:
+  using View = std::basic_string_view<Char>;
+  using Src = SrcData<Char>;
+  using Prg = PrgData<Char>;
+
+  /// Takes the next line of the file.  `text` has to live in this store's arena, or anywhere if the line
+  /// holds no statement: such a line is counted and leaves no record.
+  void addLine(View text) {
+    if (holdsStatement(text)) {
+      Src& s = records_.emplace_back();
+      s.SrcStr = s.SrcWork = text;
+      s.Line = lineCount_;
+    }
+    ++lineCount_;
+  }
+  void clear() {
+    records_.clear();
+    records_.shrink_to_fit();
+    vecPrg.clear();
+    PrgIndex.clear();
+    vecOprndAtDC.clear();
+    vecAdrConst.clear();
+    arena.clear();
+    lineCount_ = 0;
+  }
+
+  int lineCount() const { return lineCount_; }
+  /// All records in the order of the lines.
+  std::span<Src> lines() { return records_; }
+  std::span<const Src> lines() const { return records_; }
+  /// The records of a program: START to END, both included, or without the END.
+  std::span<Src> linesWithEnd(const Prg& p) { return lines().subspan(first(p), count(p) + 1); }
+  std::span<Src> linesBeforeEnd(const Prg& p) { return lines().subspan(first(p), count(p)); }
+  std::span<const Src> linesBeforeEnd(const Prg& p) const { return lines().subspan(first(p), count(p)); }
+  Src& operator[](int record) { return records_[static_cast<std::size_t>(record)]; }
+  const Src& operator[](int record) const { return records_[static_cast<std::size_t>(record)]; }
+  /// The record of a line (0-based index in the file), or null for a line without a statement.
+  const Src* atLine(int line) const;
+
+  std::span<OprndAtDC<Char>> oprndsAtDC(const Src& s) {
+    return std::span(vecOprndAtDC)
+        .subspan(static_cast<std::size_t>(s.DcFirst), static_cast<std::size_t>(s.DcCount));
+  }
+  std::span<const OprndAtDC<Char>> oprndsAtDC(const Src& s) const {
+    return std::span(vecOprndAtDC)
+        .subspan(static_cast<std::size_t>(s.DcFirst), static_cast<std::size_t>(s.DcCount));
+  }
+  /// The line's literal, or null.
+  AdrConst<Char>* literal(const Src& s) {
+    return s.LiteralNr < 0 ? nullptr : &vecAdrConst[static_cast<std::size_t>(s.LiteralNr)];
+  }
+  const AdrConst<Char>* literal(const Src& s) const {
+    return s.LiteralNr < 0 ? nullptr : &vecAdrConst[static_cast<std::size_t>(s.LiteralNr)];
+  }
+  /// The program of that name other than `own` (-1: any program), or -1.
+  int findPrg(View name, int own) const {
+    const auto at = PrgIndex.find(name);
+    return at == PrgIndex.end() || at->second == own ? -1 : at->second;
+  }
+
+  TextArena<Char> arena;
+  std::vector<Prg> vecPrg;
+  std::unordered_map<View, int> PrgIndex;  ///< program name to program, filled once the names are unique
+  std::vector<OprndAtDC<Char>> vecOprndAtDC;
+  std::vector<AdrConst<Char>> vecAdrConst;
+
+ private:
+  static std::size_t first(const Prg& p) { return static_cast<std::size_t>(p.RecStart); }
+  static std::size_t count(const Prg& p) { return static_cast<std::size_t>(p.RecEnd - p.RecStart); }
+
+  std::vector<Src> records_;
+  int lineCount_ = 0;
+};
+
+template <class Char>
+const SrcData<Char>* LineStore<Char>::atLine(int line) const {
+  const auto at = std::lower_bound(records_.begin(), records_.end(), line,
+                                   [](const Src& s, int l) { return s.Line < l; });
+  return at == records_.end() || at->Line != line ? nullptr : &*at;
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,77 @@
+// The analysers for full-width spaces and characters.  Each looks for one cause of a fault that has been
+// found already and adds a message that names it; none of them repairs anything.
+#pragma once
+
+#include "diag/Family.h"
+#include "source/Assembly.h"
+
+namespace zelvaro {
+
+/// A full-width space in a word: label, program name, opcode or operand.  Non-zero if it reported.
+template <class Family>
+int AnalystZenKSpace20NW(TMsgBase& owner, int line, ViewOf<Family> word);
+/// The same for an undefined address constant and the operand of START, in other words.
+template <class Family>
+int AnalystZenKSpace20(TMsgBase& owner, ViewOf<Family> word, int line);
+/// A full-width character in an address constant.
+template <class Family>
+int AnalystZenKMozi(TMsgBase& owner, ViewOf<Family> word, int line);
+/// A full-width character in the operand of START.
+template <class Family>
+int AnalystZenKakuMoziStr(TMsgBase& owner, int line, ViewOf<Family> word);
+/// The index of the first character outside A to Z and 0 to 9, or -1; with `report` it is told.
+template <class Family>
+int DetNonLabelMoziPos(TMsgBase& owner, int line, ViewOf<Family> word, bool report);
+
+/// The scanners for START and END over the whole file.
+template <class Family>
+void DetSTARTatZenKakuSpace(Assembly& a);
+template <class Family>
+void DetENDatZenKakuSpace(Assembly& a);
+template <class Family>
+void CkSTART_LR(Assembly& a);
+template <class Family>
+void CkEnd_LR(Assembly& a);
+
+/// Index of the first character outside A to Z and 0 to 9; 0 if there is none or it stands at index 0.
+template <class View>
+constexpr int upperCaseTest(View word);
+/// Index of the first letter a to z; 0 if there is none or it stands at index 0.
+template <class View>
+constexpr int lowerCaseTest(View word);
+
+template <class Char>
+constexpr bool isCapital(Char c) {
+  return c >= Char('A') && c <= Char('Z');
+}
+template <class Char>
+constexpr bool isSmall(Char c) {
+  return c >= Char('a') && c <= Char('z');
+}
+template <class Char>
+constexpr bool isDigit(Char c) {
+  return c >= Char('0') && c <= Char('9');
+}
+template <class Char>
+constexpr bool isLabelMozi(Char c) {
+  return isCapital(c) || isDigit(c);
+}
+template <class Char>
+constexpr bool isHexDigit(Char c) {
+  return isDigit(c) || (c >= Char('A') && c <= Char('F'));
+}
+
+template <class View>
+constexpr int upperCaseTest(View word) {
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if (!isLabelMozi(word[i])) return static_cast<int>(i);
+  return 0;
+}
+template <class View>
+constexpr int lowerCaseTest(View word) {
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if (isSmall(word[i])) return static_cast<int>(i);
+  return 0;
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,95 @@
+// The catalogue's rows: heads, holes, log, tallies, other families' words.
+#include "diag/Message.h"
+
+#include <gtest/gtest.h>
+
+#include "diag/MsgBase.h"
+#include "diag/Quote.h"
+#include "support/ScriptedPlatform.h"
+
+namespace zelvaro {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr Message plainLine{Severity::Error,
+                            Head::Line,
+                            args("count"),
+                            {.ja = "{count} 文字ある。", .en = "There are {count}."},
+                            {{families(FamilyId::NWW), {.ja = {}, .en = "It has {count}."}}}};
+constexpr Message quoted{
+    Severity::Warning, Head::Line, args("quote"), {.ja = "{quote}: 悪い。\n直す。", .en = "{quote}: Bad.\nMend it."}};
+constexpr Message quotedHead{
+    Severity::Note, Head::QuoteLine, args("quote"), {.ja = "\n第一", .en = "\nFirst"}};
+constexpr Message fileLevel{Severity::Error, Head::Prefix, args(), bothLanguages("Nothing."), {}};
+constexpr Message aside =
+    Message{Severity::Error, Head::LineBlank, args(), {.ja = "独言", .en = "Aside"}}.uncounted().unlogged();
+constexpr Message ownHead =
+    Message{Severity::Error, Head::Line, args("other"), {.ja = "同じ", .en = "The same"}}.withHead(
+        {.ja = "エラー：{line} と {other}： ", .en = "Error : line={line} and {other} "});
+
+class MessageTest : public ::testing::Test {
+ protected:
+  test::ScriptedPlatform platform;
+  TDiagLog log;
+  TMsgBase object{platform, log};
+  std::string printed() {
+    std::string out;
+    out.swap(platform.console);
+    return out;
+  }
+};
+
+TEST_F(MessageTest, HeadsByShapeAndLanguage) {
+  object.report<WP, plainLine>(4, 9);
+  EXPECT_EQ(printed(), "Error : line 5: There are 9.\n");
+  object.report<WP, quoted>(0, quote(u"A"));
+  EXPECT_EQ(printed(), "Warning : line 1:  \"A\" : Bad.\nMend it.\n");
+  object.report<WP, quotedHead>(0, quote(u"A"));
+  EXPECT_EQ(printed(), "Note :  \"A\" line 1: \nFirst\n");
+  object.report<WP, fileLevel>(0);
+  EXPECT_EQ(printed(), "Error: Nothing.\n");
+  object.report<WP, aside>(1);
+  EXPECT_EQ(printed(), "Error : line 2 Aside\n");
+  object.report<WP, ownHead>(1, 7);
+  EXPECT_EQ(printed(), "Error : line=2 and 7 The same\n");
+  object.Lang = kJapanese;
+  object.report<WP, plainLine>(4, 9);
+  EXPECT_EQ(printed(), "エラー： 5 行目： 9 文字ある。\n");
+  object.report<WP, quotedHead>(0, quote(u"あ"));
+  EXPECT_EQ(printed(), "注意：  \"あ\" 1 行目： \n第一\n");
+}
+
+TEST_F(MessageTest, CountsBySeverityUnlessTheRowSaysNo) {
+  object.report<WP, plainLine>(0, 1);
+  object.report<WP, quoted>(0, "q");
+  object.report<WP, quotedHead>(0, "q");
+  object.report<WP, aside>(0);
+  EXPECT_EQ(object.ErrorKazu, 1);
+  EXPECT_EQ(object.WarningKazu, 1);
+  EXPECT_EQ(object.NoteKazu, 1);
+}
+
+TEST_F(MessageTest, ReplayLeavesOutHeadAndLeadingQuote) {
+  object.report<WP, quoted>(0, quote(u"A"));
+  object.report<WP, quotedHead>(0, quote(u"A"));
+  object.report<WP, aside>(0);
+  object.report<WP, ownHead>(1, 7);
+  printed();
+  log.ReplayLog(platform);
+  EXPECT_EQ(printed(), ": Bad.\nMend it.\nFirst\nThe same\n");
+}
+
+TEST_F(MessageTest, OtherFamiliesWordsFallBackByLanguage) {
+  EXPECT_EQ(plainLine.text(FamilyId::NWW, kEnglish), "It has {count}.");
+  EXPECT_EQ(plainLine.text(FamilyId::NWW, kJapanese), "{count} 文字ある。");
+  EXPECT_EQ(plainLine.text(FamilyId::AP, kEnglish), "There are {count}.");
+}
+
+TEST_F(MessageTest, BracesInAQuotedTextAreNoHoles) {
+  object.report<WP, quoted>(0, quote(u"{count}{"));
+  EXPECT_EQ(printed(), "Warning : line 1:  \"{count}{\" : Bad.\nMend it.\n");
+}
+
+}  // namespace
+}  // namespace zelvaro

@@ -1,0 +1,54 @@
+// A Platform for tests: files in memory, typed lines from a list, the console kept as text.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace zelvaro::test {
+
+class ScriptedPlatform : public Platform {
+ public:
+  std::string console;               ///< all that has been printed, UTF-8
+  std::deque<std::string> typed;     ///< lines to come; behind the last one the input has ended
+  std::map<std::string, std::string> files;
+  std::set<std::string> folders;
+  std::set<std::string> unwritable;  ///< names that createFile and commit refuse
+  std::vector<std::string> actions;  ///< what was asked of the outside world, a line each
+  bool japanese = false;
+  int random = 0;                    ///< the next random number
+  std::int64_t ticks = 0;            ///< what every clock shows, in microseconds
+  std::int64_t ticksPerCall = 0;     ///< by how much each look at a clock moves it on
+  std::tm now{};
+
+  void print(std::string_view utf8) override { console += utf8; }
+  void flush() override {}
+  std::optional<std::string> readLine() override;
+  bool canRead(const std::string& path) override { return files.count(path) != 0; }
+  std::optional<std::string> readFile(const std::string& path, FileFailure* failure) override;
+  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
+  bool exists(const std::string& path) override { return files.count(path) + folders.count(path) != 0; }
+  bool renameFile(const std::string& from, const std::string& to) override;
+  void listFolder(const std::string& path, bool english) override;
+  void deleteAfterQuestion(const std::string& path, bool english) override;
+  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
+  void openDocument(const std::string& path, bool english) override;
+  void bringConsoleToFront() override {}
+  std::optional<std::string> workingDirectory(FileFailure*) override { return "/work"; }
+  bool userInterfaceIsJapanese() override { return japanese; }
+  std::int32_t clockMilliseconds() override { return static_cast<std::int32_t>(tick() / 1000); }
+  std::int64_t chronoTicks() override { return tick() * 10; }
+  std::int64_t performanceCounter() override { return tick(); }
+  std::int64_t performanceFrequency() override { return 1'000'000; }
+  std::tm localTime() override { return now; }
+  int randomNumber() override { return random; }
+
+ private:
+  std::int64_t tick() { return ticks += ticksPerCall; }
+};
+
+}  // namespace zelvaro::test
