@@ -20,6 +20,7 @@ enum class Op : std::int16_t {
 enum class OpClass : std::uint8_t { Assembler, Machine, Macro, NhOnly };
 enum class OpForm : std::uint8_t { Both, Memory, Branch, Single, None, Data, Start, End, InOut, Regs };
 enum class SecondOprnd : std::uint8_t { No, Begins, Exact, Refuse7, Refuse9 };
+enum class OpExtra : std::uint8_t { None, TellsMissing, WarnsGR89, OwnRefusal, WarnsAlways };
 
 struct Instruction {
   Op op;
@@ -29,19 +30,22 @@ struct Instruction {
   int adrCode;  ///< operation code of the two-word form, or of the only form
   int regCode;  ///< operation code of the form r1,r2, or 0
   SecondOprnd second;
+  OpExtra extra;
   std::string_view nameJa;  ///< name of the instruction for messages, where it has one
   std::string_view nameEn;
   std::string_view effect;
 };
 
 inline constexpr std::array kInstructions{
-#define ZELVARO_INSTRUCTION(m, c, f, adr, reg, sec, ja, en, effect) \
-  Instruction{Op::m, #m, OpClass::c, OpForm::f, adr, reg, SecondOprnd::sec, ja, en, effect},
+#define ZELVARO_INSTRUCTION(m, c, f, adr, reg, sec, extra, ja, en, effect) \
+  Instruction{Op::m, #m, OpClass::c, OpForm::f, adr, reg, SecondOprnd::sec, OpExtra::extra, ja, en, effect},
 #include "encode/Instructions.def"
 #undef ZELVARO_INSTRUCTION
 };
 
-constexpr const Instruction& instruction(Op op) { return kInstructions[static_cast<std::size_t>(op)]; }
+constexpr const Instruction& instruction(Op op) {
+  return kInstructions[static_cast<std::size_t>(op)];
+}
 
 /// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only where `exitKnown`.
 template <class Char>
@@ -54,6 +58,8 @@ Op opOf(const SrcData<Char>& line) {
 }
 
 /// First word: operation code in bits 15 to 8, r in 7 to 4, x or r2 in 3 to 0.
-constexpr int firstWord(int code, int r = 0, int x = 0) { return code << 8 | r << 4 | x; }
+constexpr int firstWord(int code, int r = 0, int x = 0) {
+  return code << 8 | r << 4 | x;
+}
 
 }  // namespace zelvaro
