@@ -33,6 +33,10 @@ class TBasicData : public TMsgBase {
       return vecSrcA;
     }
   }
+  template <class Char>
+  const LineStore<Char>& store() const {
+    return const_cast<TBasicData*>(this)->store<Char>();
+  }
   void clearTables() {
     vecSrcW.clear();
     vecSrcA.clear();

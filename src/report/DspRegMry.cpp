@@ -1,0 +1,280 @@
+// DspRegMry70NW, DspRegMry68NA: registers, memory with its labels and statements, and the stack.
+#include <fmt/format.h>
+
+#include "diag/MsgBase.h"
+#include "report/LabelColumn.h"
+#include "report/Report.h"
+#include "report/ReportText.h"
+
+namespace zelvaro {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr int kRowsBehindImage = 10;
+constexpr int kZerosThatEndTheStack = 4;
+constexpr int kSeparatorWidth = 35;
+constexpr std::string_view kViewHead = "Char  Hex    UD     SD       Binary Code\n";
+
+/// What differs between the reports of the wide and the narrow pipelines.
+struct ReportForm {
+  std::string_view flagOvf, flagSign, flagZero;
+  std::string_view tableLine;    ///< the line above the table
+  std::string_view literalHead;  ///< what stands in front of the statement on a literal's row
+  int firstLabelWidth;           ///< LabelWidth before any label has been seen
+  int leastLabelColumn;          ///< the label column is that wide or LabelWidth + 1
+};
+
+constexpr ReportForm wideForm{"f_Ovf=",
+                              ", f_Sign=",
+                              "f_Zero=",
+                              "//----------------------------------------"
+                              "--------------------------------------------\n",
+                              "Literal Const. in (",
+                              5,
+                              0};
+constexpr ReportForm narrowForm{"Fovf=",
+                                ", Fsign=",
+                                "Fzero=",
+                                "//------------------------------------------------------------\n",
+                                "Literal Const:(",
+                                8,
+                                11};
+
+template <class Family>
+constexpr bool isWide = sizeof(CharOf<Family>) == 2;
+
+std::string dateText(const std::tm& t, int lang) {
+  static constexpr std::array days{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                   "Thursday", "Friday", "Saturday"};
+  static constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
+                                     "July",    "August",   "September", "October", "November", "December"};
+  const int year = t.tm_year + 1900;
+  if (lang == kJapanese)
+    return fmt::format("作成日時：{}年{}月{}日 {}時{}分{}秒", year, t.tm_mon + 1, t.tm_mday, t.tm_hour,
+                       t.tm_min, t.tm_sec);
+  return fmt::format("{} {} {}, {}(R{})  {}:{}:{}s", days[static_cast<std::size_t>(t.tm_wday)],
+                     months[static_cast<std::size_t>(t.tm_mon)], t.tm_mday, year, year - 2018, t.tm_hour,
+                     t.tm_min, t.tm_sec);
+}
+
+void SeparatorLine(ReportText& out, int n) {
+  out.text("//--");
+  for (; n > 0; --n) out.text("--");
+  out.text("\n");
+}
+
+int decimalDigits(std::int32_t value) {
+  int digits = 1;
+  for (; value >= 10; value /= 10) ++digits;
+  return digits;
+}
+
+/// One report.  Its members write the parts of the file in their order.
+template <class Family>
+class RegMryReport {
+ public:
+  using Char = CharOf<Family>;
+  using Store = LineStore<Char>;
+
+  RegMryReport(const Tcomet2& m, const TBasicData& b, const Store& store)
+      : m_(m),
+        b_(b),
+        store_(store),
+        labels_(store.lines()),
+        labelWidth_(labels_.longest(b.PrgEndAdr, form.firstLabelWidth)),
+        column_(labelWidth_ > form.leastLabelColumn ? labelWidth_ + 1 : form.leastLabelColumn),
+        countWidth_(decimalDigits(m.MaxExecCount) + 1) {}
+
+  void head(ReportText& out, std::string_view filename, const TimeData& time, Platform& platform) const;
+  void registers(ReportText& out) const;
+  void memory(ReportText& out);
+  void stack(ReportText& out) const;
+
+ private:
+  static constexpr const ReportForm& form = isWide<Family> ? wideForm : narrowForm;
+
+  void flags(ReportText& out) const;
+  void tableHead(ReportText& out) const;
+  void row(ReportText& out, int adr);
+  void echo(ReportText& out, int adr);
+  const SrcData<Char>* recordOf(int line);
+
+  const Tcomet2& m_;
+  const TBasicData& b_;
+  const Store& store_;
+  LabelColumn<Char> labels_;
+  int labelWidth_;
+  int column_;  ///< width of the label column
+  int countWidth_;
+  int echoedLine_ = -1;     ///< line of the last row that had an echo
+  std::size_t record_ = 0;  ///< where recordOf found its last line
+};
+
+template <class Family>
+void RegMryReport<Family>::head(ReportText& out, std::string_view filename, const TimeData& time,
+                                Platform& platform) const {
+  if (platform.randomNumber() % 3 != 0) {
+    out.text("Open this file using a monospaced font such as MS Gothic.\n")
+        .text("This will make the tabular results easier to read.\n")
+        .text("Font size 10 is recommended when printing on A4 paper.\n")
+        .text("To continue, please close this editor.\n")
+        .text("Press Ctrl+W or Ctrl+Shift+W.\n");
+    SeparatorLine(out, kSeparatorWidth);
+  }
+  out.text("Src. File: ").text(b_.SrcFilename).blanks(4);
+  out.text(dateText(platform.localTime(), b_.Lang)).text("\n\n");
+  out.text(timeLineOfReport(time, platform, isWide<Family>));
+  if (filename != AssembledRegFile) {
+    out.blanks(13).text(DetTimeDiff_General(time, platform, "RunTime"));
+    out.text(inLanguage(m_.IsEnglish, " = 実行時間 ", " = Running Time of the COMET2")).text("\n");
+  }
+  out.text("\nVM COMET2: ").text(filename).text("\n");
+}
+
+template <class Family>
+void RegMryReport<Family>::registers(ReportText& out) const {
+  out.text("//-------------------------------------------------\n").blanks(6).text(kViewHead);
+  out.text("   PR:").word(m_.PR).text("\n");
+  for (std::size_t i = 0; i < m_.GR.size(); ++i)
+    out.text("  GR").number(static_cast<int>(i)).text(":").word(m_.GR[i]).text("\n");
+  flags(out);
+  out.text("   SP:").word(m_.SP).text("\n\n");
+}
+
+template <class Family>
+void RegMryReport<Family>::flags(ReportText& out) const {
+  const auto meaning = [](std::int32_t flag, std::string_view off, std::string_view on,
+                          std::string_view other) {
+    return flag == 0 ? off : flag == 1 ? on : other;
+  };
+  out.text("Flags:    ").text(form.flagOvf).number(m_.Fovf);
+  out.text(form.flagSign).number(m_.Fsign).text("(");
+  out.text(meaning(m_.Fsign, "plus), ", "minus), ", "Error of else: at Fsign ! in comet2.cpp.),"));
+  out.text(form.flagZero).number(m_.Fzero).text("(");
+  out.text(meaning(m_.Fzero, "non zero).", "zero).", "Error of else: at Fzero ! in comet2.cpp.)."));
+  out.text("\n");
+}
+
+template <class Family>
+void RegMryReport<Family>::tableHead(ReportText& out) const {
+  const auto rightAligned = [&out](std::string_view s, int columns) {
+    out.blanks(columns - static_cast<int>(s.size())).text(s);
+  };
+  out.text(form.tableLine).text("  Address   ");
+  if constexpr (isWide<Family>) {
+    const int s = column_ / 2;
+    rightAligned("Lab", s + 2);
+    out.text("el").blanks(s - 2 - 2);
+  } else if (labelWidth_ > form.leastLabelColumn) {
+    rightAligned("Label  ", labelWidth_ - 5);
+  } else {
+    out.text("Label");
+  }
+  out.text(" ").text(kViewHead);
+}
+
+template <class Family>
+void RegMryReport<Family>::memory(ReportText& out) {
+  tableHead(out);
+  const bool isBoundaryKnown = !store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1;
+  for (int adr = 0; adr < b_.PrgEndAdr + kRowsBehindImage; ++adr) {
+    row(out, adr);
+    if (adr == b_.PrgEndAdr - 1 && isBoundaryKnown) SeparatorLine(out, kSeparatorWidth);
+  }
+  out.text("The area that a program has reserved in main memory is called ")
+      .text("the \"Reserved Area.\"\n")
+      .text("The dashed line marks the boundary between the Reserved Area \n")
+      .text("and the non-reserved area.\n\n");
+}
+
+template <class Family>
+void RegMryReport<Family>::row(ReportText& out, int adr) {
+  const auto i = static_cast<std::size_t>(adr);
+  out.hex(static_cast<std::uint32_t>(adr)).text(":").number(adr, 5).text(":");
+  const auto labels = labels_.at(adr);
+  out.blanks(column_ - LabelColumn<Char>::length(labels));
+  for (std::size_t n = 0; n < labels.size(); ++n) {
+    if (n != 0) out.text(" ");
+    out.source(labels[n]);
+  }
+  out.text(":").word(m_.Memory[i]).number(m_.ExecCount[i], countWidth_).text(":");
+  echo(out, adr);
+  out.text("\n");
+}
+
+/// The statement, on the row of its first word and on that of its literal.
+template <class Family>
+void RegMryReport<Family>::echo(ReportText& out, int adr) {
+  const int line = adr < kLinesKnown ? m_.LineOfAddress[static_cast<std::size_t>(adr)] : -1;
+  if (line < 0 || line == echoedLine_) return;
+  const SrcData<Char>* s = recordOf(line);
+  if (s == nullptr || s->OpStr.empty()) return;
+  echoedLine_ = line;
+  if (store_.literal(*s) != nullptr && adr > s->AbAdr) {
+    out.text(form.literalHead).source(s->LabelStr);
+    if (!s->LabelStr.empty()) out.text(" ");
+    out.source(s->OpStr).text(" ").source(s->OprndComStr).text(")");
+    return;
+  }
+  out.source(s->LabelStr).blanks(2 - static_cast<int>(s->LabelStr.size())).text(" ");
+  out.source(s->OpStr).text(" ").source(s->OprndComStr);
+}
+
+/// The record of a line.  Addresses rise with the lines, so it mostly is the one behind the last.
+template <class Family>
+const SrcData<CharOf<Family>>* RegMryReport<Family>::recordOf(int line) {
+  const auto records = store_.lines();
+  if (++record_ < records.size() && records[record_].Line == line) return &records[record_];
+  const SrcData<Char>* found = store_.atLine(line);
+  if (found != nullptr) record_ = static_cast<std::size_t>(found - records.data());
+  return found;
+}
+
+template <class Family>
+void RegMryReport<Family>::stack(ReportText& out) const {
+  out.blanks(11).text("Stack Area in Main Memory\n");
+  out.text("The Stack Pointer(SP) has pointed at ").hex(static_cast<std::uint32_t>(m_.SP));
+  out.text(" at present. \n");
+  int entries = 0;
+  for (int zeros = 0; entries < kStackDepth && zeros < kZerosThatEndTheStack; ++entries)
+    zeros = m_.StackArea[static_cast<std::size_t>(entries)] == 0 ? zeros + 1 : 0;
+  for (int i = entries; i >= 0; --i) {
+    const int adr = kFirstSP - i;
+    out.hex(static_cast<std::uint32_t>(adr)).text(":").number(adr, 5).text(":").blanks(column_);
+    out.text(":").word(m_.StackArea[static_cast<std::size_t>(i)]).text("\n");
+  }
+  SeparatorLine(out, kSeparatorWidth);
+}
+
+void tellFailure(Platform& platform, const std::string& filename, const std::string& reason) {
+  platform.print(filename + " does not open.\nMsg:: " + reason + "\n");
+}
+
+}  // namespace
+
+template <class Family>
+void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, const TimeData& time,
+               Platform& platform) {
+  FileFailure failure;
+  const std::unique_ptr<OutputFile> file = platform.createFile(filename, &failure);
+  if (file == nullptr) {
+    tellFailure(platform, filename, failure.reason);
+    return;
+  }
+  if constexpr (!isWide<Family>) m.LastAdr = b.PrgEndAdr;
+  RegMryReport<Family> report(m, b, b.store<CharOf<Family>>());
+  ReportText out(*file);
+  report.head(out, filename, time, platform);
+  report.registers(out);
+  report.memory(out);
+  report.stack(out);
+  out.flush();
+  if (!file->commit()) tellFailure(platform, filename, file->reason());
+}
+
+#define ZELVARO_INSTANTIATE(F) \
+  template void DspRegMry<F>(const std::string&, Tcomet2&, const TBasicData&, const TimeData&, Platform&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro
