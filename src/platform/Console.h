@@ -1,0 +1,65 @@
+// The console as bytes: one buffered sink, one line reader.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zelvaro {
+
+/// The byte sink.  On a terminal it is written line by line, and what could steer the terminal is made
+/// visible; into a pipe or a file the bytes pass as they are, 64 KiB at a time.  An output that fails is
+/// given up: later text is dropped, and the program goes on with its files.
+class ConsoleOutput {
+ public:
+  explicit ConsoleOutput(int fd);
+  ~ConsoleOutput() { flush(); }
+  ConsoleOutput(const ConsoleOutput&) = delete;
+  ConsoleOutput& operator=(const ConsoleOutput&) = delete;
+
+  void print(std::string_view utf8);
+  void flush();
+  bool isTerminal() const { return terminal_; }
+
+ private:
+  void append(std::string_view bytes);
+  void appendHarmless(std::string_view utf8);
+  void appendControl(unsigned char c);
+  bool takeIntoSequence(unsigned char c);
+  void endSequence();
+  void writeOut();
+
+  int fd_;
+  bool terminal_;
+  bool failed_ = false;
+  std::string buffer_;
+  std::string sequence_;       ///< the begun multi-byte character, on a terminal
+  std::size_t announced_ = 0;  ///< how many bytes it is to have
+};
+
+/// Lines from a descriptor, through a buffer of its own.  Nothing is ever sought or rewound.
+class ConsoleInput {
+ public:
+  /// The longest line that is kept, in bytes; what lies beyond is read and dropped.
+  static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
+
+  explicit ConsoleInput(int fd);
+
+  /// The next line without its line end, or nothing at the end of the input.  On a terminal the
+  /// end-of-file key ends this one line: what was typed before it is the line, and with nothing before
+  /// it there is no line; a later call reads on.
+  std::optional<std::string> readLine();
+  bool isTerminal() const { return terminal_; }
+
+ private:
+  bool refill();
+  bool endsByKey() const;
+
+  int fd_;
+  bool terminal_;
+  std::string buffer_;
+  std::size_t next_ = 0;  ///< first byte of the buffer that is not yet taken
+};
+
+}  // namespace zelvaro

@@ -1,0 +1,69 @@
+#include <poll.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/Console.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr std::size_t kBuffer = 64 * 1024;
+
+}  // namespace
+
+ConsoleInput::ConsoleInput(int fd) : fd_(fd), terminal_(isatty(fd) == 1) {}
+
+std::optional<std::string> ConsoleInput::readLine() {
+  std::string line;
+  bool any = false;
+  bool ended = false;
+  while (!ended) {
+    if (next_ == buffer_.size()) {
+      if (!refill()) {
+        if (!any) return std::nullopt;
+        break;
+      }
+    }
+    any = true;
+    const std::size_t lineFeed = buffer_.find('\n', next_);
+    const std::size_t end = std::min(lineFeed, buffer_.size());
+    line.append(buffer_, next_, std::min(end - next_, kLongestLine - line.size()));
+    next_ = end;
+    if (lineFeed != std::string::npos) {
+      ++next_;
+      if (!line.empty() && line.back() == '\r') line.pop_back();
+      ended = true;
+    } else {
+      ended = endsByKey();
+    }
+  }
+  return line;
+}
+
+/// Whether text without a line end is a whole line: a terminal that collects lines hands it over only
+/// when the end-of-file key is pressed.
+bool ConsoleInput::endsByKey() const {
+  termios mode{};
+  return terminal_ && tcgetattr(fd_, &mode) == 0 && (mode.c_lflag & ICANON) != 0;
+}
+
+/// Fills the empty buffer; false at the end of the input.  An input that cannot be read has ended.
+bool ConsoleInput::refill() {
+  buffer_.resize(kBuffer);
+  next_ = 0;
+  for (;;) {
+    const ssize_t n = ::read(fd_, buffer_.data(), buffer_.size());
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0 && (errno == EAGAIN || errno == EWOULDBLOCK)) {
+      pollfd ready{fd_, POLLIN, 0};
+      if (poll(&ready, 1, -1) >= 0 || errno == EINTR) continue;
+    }
+    buffer_.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+    return n > 0;
+  }
+}
+
+}  // namespace zelvaro

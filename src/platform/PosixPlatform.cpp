@@ -1,0 +1,107 @@
+#include "platform/PosixPlatform.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+#include "platform/Files.h"
+
+namespace zelvaro {
+namespace {
+
+std::uint32_t seed() {
+  try {
+    return std::random_device{}();
+  } catch (const std::exception&) {
+    return static_cast<std::uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
+  }
+}
+
+}  // namespace
+
+PosixPlatform::PosixPlatform(int inputFd, int outputFd)
+    : input_(inputFd), output_(outputFd), random_(seed()) {
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+PosixPlatform::~PosixPlatform() = default;
+
+std::optional<std::string> PosixPlatform::readLine() {
+  output_.flush();
+  return input_.readLine();
+}
+
+bool PosixPlatform::canRead(const std::string& path) {
+  return posix::canRead(path);
+}
+
+std::optional<std::string> PosixPlatform::readFile(const std::string& path, FileFailure* failure) {
+  return posix::readFile(path, failure);
+}
+
+std::unique_ptr<OutputFile> PosixPlatform::createFile(const std::string& path, FileFailure* failure) {
+  return posix::createFile(path, failure);
+}
+
+bool PosixPlatform::exists(const std::string& path) {
+  return posix::exists(path);
+}
+
+bool PosixPlatform::renameFile(const std::string& from, const std::string& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure) {
+  std::string path(256, '\0');
+  while (::getcwd(path.data(), path.size()) == nullptr) {
+    if (errno != ERANGE) {
+      posix::tell(failure, posix::wordsOf(errno));
+      return std::nullopt;
+    }
+    path.resize(path.size() * 2);
+  }
+  path.resize(path.find('\0'));
+  return path;
+}
+
+/// The first of the three variables that has a value decides, as for every program of the system.
+bool PosixPlatform::userInterfaceIsJapanese() {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return std::string_view(value).starts_with("ja");
+  }
+  return false;
+}
+
+std::int32_t PosixPlatform::clockMilliseconds() {
+  return static_cast<std::int32_t>(std::clock() / (CLOCKS_PER_SEC / 1000));
+}
+
+std::int64_t PosixPlatform::chronoTicks() {
+  using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
+  return std::chrono::duration_cast<Ticks>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+std::int64_t PosixPlatform::performanceCounter() {
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<std::int64_t>(now.tv_sec) * 1'000'000'000 + now.tv_nsec;
+}
+
+std::tm PosixPlatform::localTime() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&now, &local);
+  return local;
+}
+
+int PosixPlatform::randomNumber() {
+  return std::uniform_int_distribution<int>(0, std::numeric_limits<int>::max())(random_);
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,58 @@
+// Platform on a POSIX system: the descriptors 0 and 1, the file system, programs, clocks.
+#pragma once
+
+#include <sys/types.h>
+
+#include <random>
+#include <vector>
+
+#include "platform/Console.h"
+#include "platform/Platform.h"
+
+namespace zelvaro {
+
+class PosixPlatform : public Platform {
+ public:
+  /// A closed output ends no program from here on: SIGPIPE is ignored.
+  explicit PosixPlatform(int inputFd = 0, int outputFd = 1);
+  ~PosixPlatform() override;
+  PosixPlatform(const PosixPlatform&) = delete;
+  PosixPlatform& operator=(const PosixPlatform&) = delete;
+
+  void print(std::string_view utf8) override { output_.print(utf8); }
+  void flush() override { output_.flush(); }
+  std::optional<std::string> readLine() override;
+
+  bool canRead(const std::string& path) override;
+  std::optional<std::string> readFile(const std::string& path, FileFailure* failure) override;
+  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
+  bool exists(const std::string& path) override;
+  bool renameFile(const std::string& from, const std::string& to) override;
+
+  void listFolder(const std::string& path, bool english) override;
+  void deleteAfterQuestion(const std::string& path, bool english) override;
+  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
+  void openDocument(const std::string& path, bool english) override;
+  void bringConsoleToFront() override {}
+
+  std::optional<std::string> workingDirectory(FileFailure* failure) override;
+  bool userInterfaceIsJapanese() override;
+  std::int32_t clockMilliseconds() override;
+  std::int64_t chronoTicks() override;
+  std::int64_t performanceCounter() override;
+  std::int64_t performanceFrequency() override { return 1'000'000'000; }
+  std::tm localTime() override;
+  int randomNumber() override;
+
+ private:
+  void printFile(const std::string& path, bool english);
+  void runEditor(std::vector<std::string> command, const std::string& path, bool english);
+  bool openOnDesktop(const std::string& path);
+
+  ConsoleInput input_;
+  ConsoleOutput output_;
+  std::mt19937 random_;
+  std::vector<pid_t> started_;  ///< programs that were not waited for
+};
+
+}  // namespace zelvaro

@@ -1,0 +1,162 @@
+#include "platform/Programs.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+extern char** environ;
+
+namespace zelvaro::posix {
+namespace {
+
+/// What posix_spawn is to do in the new process.
+class SpawnSetting {
+ public:
+  SpawnSetting() {
+    posix_spawn_file_actions_init(&actions);
+    posix_spawnattr_init(&attributes);
+  }
+  ~SpawnSetting() {
+    posix_spawn_file_actions_destroy(&actions);
+    posix_spawnattr_destroy(&attributes);
+  }
+  SpawnSetting(const SpawnSetting&) = delete;
+  SpawnSetting& operator=(const SpawnSetting&) = delete;
+
+  void redirectToNothing(int fd) {
+    posix_spawn_file_actions_addopen(&actions, fd, "/dev/null", fd == STDIN_FILENO ? O_RDONLY : O_WRONLY, 0);
+  }
+  void setFlags(int flags) { posix_spawnattr_setflags(&attributes, static_cast<short>(flags)); }
+  void resetSignals(const sigset_t& signals) { posix_spawnattr_setsigdefault(&attributes, &signals); }
+
+  posix_spawn_file_actions_t actions;
+  posix_spawnattr_t attributes;
+};
+
+/// Leaves the keys that end a program to the program that is waited for.
+class IgnoredKeys {
+ public:
+  IgnoredKeys() {
+    struct sigaction ignore {};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGINT, &ignore, &interrupt_);
+    ::sigaction(SIGQUIT, &ignore, &quit_);
+  }
+  ~IgnoredKeys() {
+    ::sigaction(SIGINT, &interrupt_, nullptr);
+    ::sigaction(SIGQUIT, &quit_, nullptr);
+  }
+  IgnoredKeys(const IgnoredKeys&) = delete;
+  IgnoredKeys& operator=(const IgnoredKeys&) = delete;
+
+  /// The signals that the new program gets back in their usual meaning: those that had it here.
+  sigset_t forTheProgram() const {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGPIPE);
+    if (interrupt_.sa_handler != SIG_IGN) sigaddset(&signals, SIGINT);
+    if (quit_.sa_handler != SIG_IGN) sigaddset(&signals, SIGQUIT);
+    return signals;
+  }
+
+ private:
+  struct sigaction interrupt_ {};
+  struct sigaction quit_ {};
+};
+
+int spawn(pid_t& pid, const std::vector<std::string>& arguments, const SpawnSetting& setting) {
+  std::vector<char*> argv;
+  for (const std::string& a : arguments) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  return ::posix_spawnp(&pid, argv[0], &setting.actions, &setting.attributes, argv.data(), environ);
+}
+
+bool isSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+}  // namespace
+
+std::vector<std::string> splitCommandLine(std::string_view commandLine) {
+  std::vector<std::string> words;
+  bool inWord = false;
+  bool quoted = false;
+  for (const char c : commandLine) {
+    if (!quoted && (c == ' ' || c == '\t')) {
+      inWord = false;
+      continue;
+    }
+    if (!inWord) words.emplace_back();
+    inWord = true;
+    if (c == '"') {
+      quoted = !quoted;
+    } else {
+      words.back() += c;
+    }
+  }
+  return words;
+}
+
+std::string asArgument(const std::string& path) {
+  return path.starts_with('-') ? "./" + path : path;
+}
+
+bool isInstalled(const std::string& program) {
+  const char* variable = std::getenv("PATH");
+  std::string_view folders = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
+  for (;;) {
+    const std::size_t colon = folders.find(':');
+    const std::string file = std::string(folders.substr(0, colon)) + "/" + program;
+    struct stat status {};
+    const bool regular = ::stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    if (regular && ::access(file.c_str(), X_OK) == 0) return true;
+    if (colon == std::string_view::npos) return false;
+    folders.remove_prefix(colon + 1);
+  }
+}
+
+std::optional<std::string> ownEditor() {
+  // sensible-editor is only as good as the editors that it can choose from
+  const bool anyEditor =
+      isSet("VISUAL") || isSet("EDITOR") || isInstalled("editor") || isInstalled("nano") || isInstalled("vi");
+  if (anyEditor && isInstalled("sensible-editor")) return "sensible-editor";
+  for (const char* editor : {"nano", "vi"})
+    if (isInstalled(editor)) return editor;
+  return std::nullopt;
+}
+
+int runAndWait(const std::vector<std::string>& arguments, bool terminalInput) {
+  const IgnoredKeys keys;
+  SpawnSetting setting;
+  setting.resetSignals(keys.forTheProgram());
+  setting.setFlags(POSIX_SPAWN_SETSIGDEF);
+  // what is piped in belongs to this program's own dialogue
+  if (!terminalInput) setting.redirectToNothing(STDIN_FILENO);
+  pid_t pid = 0;
+  const int error = spawn(pid, arguments, setting);
+  if (error != 0) return error;
+  int status = 0;
+  while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+  }
+  return 0;
+}
+
+int startDetached(const std::vector<std::string>& arguments, pid_t& pid) {
+  SpawnSetting setting;
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGPIPE);
+  setting.resetSignals(signals);
+  setting.setFlags(POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) setting.redirectToNothing(fd);
+  return spawn(pid, arguments, setting);
+}
+
+}  // namespace zelvaro::posix

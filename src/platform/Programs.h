@@ -1,0 +1,36 @@
+// Other programs: started with a list of arguments, never through a shell.
+#pragma once
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zelvaro::posix {
+
+/// Takes a command line apart: blanks and tabs separate, double quotes keep them together and fall away.
+/// Nothing else has a meaning.
+std::vector<std::string> splitCommandLine(std::string_view commandLine);
+
+/// A file name as an argument: one that begins with "-" gets "./" in front, so that no program takes it
+/// for an option.
+std::string asArgument(const std::string& path);
+
+/// Whether a program of that name (without a folder) lies in the search path.
+bool isInstalled(const std::string& program);
+
+/// The command of the platform's own text editor, or nothing if the machine has none.
+std::optional<std::string> ownEditor();
+
+/// Starts a program and waits for its end; Ctrl+C is the program's alone meanwhile.  With
+/// `terminalInput` it reads this program's standard input, otherwise it finds nothing to read.
+/// Returns 0, or the errno that kept it from starting.
+int runAndWait(const std::vector<std::string>& arguments, bool terminalInput);
+
+/// Starts a program that lives on by itself, cut off from the console, and stores its process id.  Returns
+/// 0 or an errno.
+int startDetached(const std::vector<std::string>& arguments, pid_t& pid);
+
+}  // namespace zelvaro::posix
