@@ -1,0 +1,86 @@
+// The closure of the character constants of literals.
+#include "data/Data.h"
+#include "data/StrConst.h"
+#include "diag/Quote.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message strConstOpen{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}: 文字定数が正しく閉じていない。 文字定数は文字列の両側をアポストロフィで囲む。"
+           "例１． :　'ABC'  （正）例２． :  'ABC '' 123'  （正）"
+           "文字定数の中のアポストロフィ（'）は、二個続けて書く。CASL2の仕様：２．３　（４）",
+     .en = "{quote}: \nA character constant is not correctly closed. "
+           "The both ends of the constant must be enclosed by a pair of apostrophes. "
+           "Good Example 1.:  'ABC' Good Example 2.:  'ABC '' 123'"
+           "Note: An apostrophye (') must be written twice consecutively in a character constant. "
+           "Spec. of CASL2: 2.3 (4)"}};
+
+constexpr Message literalOpen{Severity::Error,
+                              Head::Line,
+                              args("quote"),
+                              {.ja = "{quote}: 正例１．：　='Ruby' 正例２．：  ='Ruby '' 123'",
+                               .en = "{quote}: A literal charcter constant is not correctly closed."
+                                     "Good Example 1.:  ='Ruby' Good Example 2.:  ='Ruby '' 123'"}};
+
+/// `end` is the index of the closing apostrophe, or the length of the text without one.  Negative where
+/// the constant is not closed, or anything but a comma, a semicolon or the end comes next behind it.
+template <class Family>
+int IsStrConstClosedGL10(Assembly& a, const SrcOf<Family>& line, std::size_t end) {
+  using Char = CharOf<Family>;
+  const ViewOf<Family> text = line.OprndComStr;
+  if (end < text.size()) {
+    const ViewOf<Family> behind = trimLeft(text.substr(end + 1));
+    if (behind.empty() || behind[0] == Char(',') || behind[0] == Char(';')) return 0;
+  }
+  a.cs.report<Family, strConstOpen>(line.Line, quote(text));
+  return -1;
+}
+
+/// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks behind
+/// the first equal sign of the text do not count.
+template <class Char>
+std::size_t nextLiteral(std::basic_string_view<Char> text, std::size_t from) {
+  const std::size_t firstEqual = text.find(Char('='));
+  for (std::size_t equal = text.find(Char('='), from); equal != text.npos;
+       equal = text.find(Char('='), equal + 1)) {
+    std::size_t i = equal + 1;
+    while (equal == firstEqual && i < text.size() && isBlank(text[i])) ++i;
+    if (i < text.size() && text[i] == Char('\'')) return i;
+  }
+  return text.size();
+}
+
+template <class Family>
+int ckLine(Assembly& a, const SrcOf<Family>& line) {
+  const ViewOf<Family> text = line.OprndComStr;
+  for (std::size_t open = nextLiteral(text, 0); open < text.size();) {
+    const std::size_t end = DetStrConstGL10(text, open);
+    if (IsStrConstClosedGL10<Family>(a, line, end) < 0) {
+      a.cs.report<Family, literalOpen>(line.Line, quote(text));
+      return -1;
+    }
+    open = nextLiteral(text, end);
+  }
+  return 0;
+}
+
+}  // namespace
+
+template <class Family>
+int CkStrConstLiteral(Assembly& a, int prg) {
+  for (const SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg))) {
+    if (line.OpStr.empty() || opOf(line) == Op::DC) continue;
+    if (ckLine<Family>(a, line) < 0) return -1;
+  }
+  return 0;
+}
+
+#define ZELVARO_INSTANTIATE(F) template int CkStrConstLiteral<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+#undef ZELVARO_INSTANTIATE
+
+}  // namespace zelvaro

@@ -1,0 +1,140 @@
+// DS: its operand, its number of words.  The words themselves are all 0 and are held as a count only.
+#include "data/Data.h"
+#include "diag/Quote.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr int kMostWords = 65535;        ///< words of a 16-bit machine but one
+constexpr int kMostReservable = 0xFE0B;  ///< the same without the 500 words of the stack
+
+constexpr Message oprndEmpty{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = "DS 命令 の 右に オペランド（10 進定数）の記述がない。 ",
+     .en = "The operand is empty. A constant in decimal number is expected at the right side of DS assembler "
+           "instruction. "},
+    {{families(FamilyId::NH),
+      {.ja = {},
+       .en = "A constant operand in decimal number is expected at the right side of the DS instruction. "}}}};
+
+constexpr Message nonDigit{
+    Severity::Error,
+    Head::Line,
+    args("mozi", "quote"),
+    {.ja = ": {mozi}: {quote}: DS 命令のオペランドに正の十進数以外の文字がある。 \n"
+           "DS アセンブラ命令のオペランドは、ゼロまたはゼロ以上の正の十進数で指定する。\n"
+           "CASL2の仕様：２．３　アセンブラ命令（３）",
+     .en = "{mozi}: {quote}: Non numerical character is detected. \n"
+           "An operand of DS must be specified in decimal number.\n"
+           "And it must be positive or zero.\n"
+           " It cannot be specified in hexadecimal.\n"
+           " (CASL2 Spec:  2.3 (3) "}};
+
+constexpr Message commaBehind{Severity::Warning,
+                              Head::Line,
+                              args(),
+                              {.ja = "DS 命令のオペランドの場合、数字の右に( ,) は不要。 空白でよい。",
+                               .en = "A comma is of no use at the end of the operand of DS assembler "
+                                     "instruction. It could be deleted. "},
+                              {{families(FamilyId::NH),
+                                {.ja = "DS 命令の場合数字の右に , は不要です。 空白でよい。",
+                                 .en = "A comma is of no use at the end of the operand of DS instruction. "
+                                       "It could be deleted. "}}}};
+
+constexpr Message overMachine{
+    Severity::Error, Head::Line, args(),
+    bothLanguages("More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ")};
+
+constexpr Message overStack{
+    Severity::Error, Head::Line, args(),
+    bothLanguages("More than 65035 words cannot be reserved, because 500 words has been "
+                  "prereserved for Stack Area in comet2. ")};
+
+/// The character at an index, whole: both bytes or both code units where it has two.
+template <class Char>
+std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text, std::size_t i) {
+  bool isPair = false;
+  if constexpr (sizeof(Char) == 1) {
+    isPair = isCp932Lead(text[i]);
+  } else {
+    isPair = text[i] >= 0xD800 && text[i] <= 0xDBFF;
+  }
+  return text.substr(i, isPair ? 2 : 1);
+}
+
+/// Splits the operand text into the number, operand 1, and what stands behind it, operand 2.
+template <class Family>
+bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
+  using Char = CharOf<Family>;
+  const ViewOf<Family> text = line.Oprnd[0];
+  if (text.empty()) {
+    a.cs.report<Family, oprndEmpty>(line.Line);
+    return false;
+  }
+  std::size_t end = 0;
+  // a comma behind the number is no part of it
+  while (end < text.size() && !isBlank(text[end]) && (end == 0 || text[end] != Char(','))) ++end;
+  const ViewOf<Family> number = text.substr(0, end);
+  const ViewOf<Family> rest = trim(text.substr(end));
+  for (std::size_t i = 0; i < number.size(); ++i) {
+    if (number[i] == Char('+') || isDigit(number[i])) continue;
+    a.cs.report<Family, nonDigit>(line.Line, plain(moziAt(number, i)), quote(number));
+    return false;
+  }
+  if (!rest.empty() && rest[0] == Char(',')) a.cs.report<Family, commaBehind>(line.Line);
+  line.Oprnd[1] = number;
+  line.Oprnd[2] = rest;
+  return true;
+}
+
+/// Operand 1 becomes the number of words.  False, with the words of a self-check, where it is none: "+" is
+/// allowed anywhere up to here.
+template <class Family>
+bool convert(Assembly& a, SrcOf<Family>& line, std::string_view fault) {
+  const ViewOf<Family> number = line.Oprnd[1];
+  const ViewOf<Family> digits = number.substr(!number.empty() && number[0] == CharOf<Family>('+') ? 1 : 0);
+  bool isNumber = !digits.empty();
+  for (const auto c : digits) isNumber = isNumber && isDigit(c);
+  if (!isNumber) {
+    a.cs.selfCheck(std::string(fault) + plain(number));
+    return false;
+  }
+  line.word_kazu = decimalValue(number);
+  line.OprndKazu = 1;
+  line.Word1 = 0;
+  return true;
+}
+
+template <class Family>
+void SetWordKazuAtDS(Assembly& a, SrcOf<Family>& line) {
+  if (!convert<Family>(a, line, "Prg. Error: Fail to wcstol(); buf=")) return;
+  if (line.word_kazu > kMostWords) {
+    a.cs.report<Family, overMachine>(line.Line);
+  } else if (line.word_kazu > kMostReservable) {
+    a.cs.report<Family, overStack>(line.Line);
+  }
+}
+
+}  // namespace
+
+template <class Family>
+void dispatchDS(Assembly& a, SrcOf<Family>& line) {
+  if (OprndAtDCtoChH<Family>(a, line) && OprndAtDS<Family>(a, line)) SetWordKazuAtDS<Family>(a, line);
+}
+
+template <class Family>
+void SetMryInAtDS(Assembly& a, int prg) {
+  for (SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+    if (opOf(line) == Op::DS) convert<Family>(a, line, "Prg. Error: Fail to strtoL(); buf=");
+}
+
+#define ZELVARO_INSTANTIATE(F)                       \
+  template void dispatchDS<F>(Assembly&, SrcOf<F>&); \
+  template void SetMryInAtDS<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+#undef ZELVARO_INSTANTIATE
+
+}  // namespace zelvaro
