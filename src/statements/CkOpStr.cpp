@@ -1,0 +1,111 @@
+// Opcode recognition.  An opcode matches exactly or not at all; what a learner gets wrong is explained,
+// never repaired.  The first unknown opcode of a program ends the walk.
+#include <algorithm>
+#include <array>
+
+#include "diag/Quote.h"
+#include "statements/Statements.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message notAnInstruction{
+    Severity::Error,
+    Head::LineBare,
+    args("quote", "op"),
+    {.ja =
+         "{quote}は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
+     .en = "{quote} is not an assembler, machine, or macro instruction. "},
+    {{families(FamilyId::NH),
+      {.ja = {},
+       .en = "'{op}' is neither an assembler, machine, nor macro instruction. "
+             "A valid instruction code is expected. "}}}};
+constexpr Message fullWidthLetter =
+    Message{Severity::Error,
+            Head::Line,
+            args(),
+            {.ja = "全角の空白文字がある。", .en = "A full-width letter is found. "},
+            {{families(FamilyId::AP, FamilyId::NA), {.ja = {}, .en = "A full-width space is found. "}}}}
+        .withHead(bothLanguages("Error: "));
+constexpr Message gluedSemicolon{
+    Severity::Error,
+    Head::Bare,
+    args("quote"),
+    {.ja = "{quote}\nオペランドをとらない命令（NOP, RPUSH, RPOP, RET, END）の右に記述する\n"
+           "コメントには、命令の直後にひとつ以上の空白と セミコロン; が必要。\n"
+           "例１： RPUSH; GR1 - GR7　の内容をスタックへ格納(正）\n"
+           "例２： RPUSH;GR1-GR7　の内容をスタックへ格納 (誤）\n"
+           "仕様２．１（４）表の３行目",
+     .en = "{quote}: \n"
+           "NOP, RPUSH, RPOP, RET, and END do not take any operand, but a space at the right side. \n"
+           "One space or more are expected between the opcode and a comment mark(;).\n"
+           "Example 1: RPUSH ;Comments (Good)\n"
+           "Example 2: RPUSH;Comments  (Error)\n"
+           "Spec. 2. 1, Table (4) Row 3."}};
+constexpr Message smallLetter{
+    Severity::Error,
+    Head::Line,
+    args("op"),
+    {.ja = ": 演算子 {op} の中に小文字がある。", .en = "A lowercase letter is found. in {op}. "},
+    {{families(FamilyId::AP, FamilyId::NA), {.ja = {}, .en = "A lowercase letter is found in '{op}'. "}},
+     {families(FamilyId::NH), {.ja = {}, .en = "There is a small letter in {op}. "}}}};
+constexpr Message commaBehindOpcode{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = "演算子の右は空白にする。コンマは不要です。 ",
+     .en = "A space is expected at the right side of the opcode. A comma is of no use. "}};
+
+/// Tells a semicolon that is glued to an opcode without operands, as the line was written: 0, or -1 if it
+/// did.  Only the first opcode that the word holds is looked for.
+template <class Family>
+int RemoveNoOprndOpSemiColn(Assembly& a, const SrcOf<Family>& line) {
+  constexpr auto npos = ViewOf<Family>::npos;
+  constexpr std::array kNoOprnd{Op::NOP, Op::RPUSH, Op::RPOP, Op::RET, Op::END};
+  const auto held = std::find_if(kNoOprnd.begin(), kNoOprnd.end(), [&line](Op op) {
+    return find(line.OpStr, instruction(op).mnemonic) != npos;
+  });
+  if (held == kNoOprnd.end()) return 0;
+  const std::string glued = std::string(instruction(*held).mnemonic) + ";";
+  if (find(line.SrcStr, " " + glued) == npos && find(line.SrcStr, "\t" + glued) == npos) return 0;
+  a.cs.report<Family, gluedSemicolon>(line.Line, QuoteStrA(" " + glued));
+  return -1;
+}
+
+/// Tells a comma at the end of the opcode.  A longer word is cut at the length of the buffer.
+template <class Family>
+void AnalystOP(Assembly& a, const SrcOf<Family>& line) {
+  constexpr std::size_t kBuffer = 94;
+  if (line.OpStr.substr(0, kBuffer).back() == ',') a.cs.report<Family, commaBehindOpcode>(line.Line);
+}
+
+template <class Family>
+void explainUnknown(Assembly& a, const SrcOf<Family>& line) {
+  a.cs.report<Family, notAnInstruction>(line.Line, quote(line.OpStr), plain(line.OpStr));
+  if (AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.OpStr) != 0)
+    a.cs.report<Family, fullWidthLetter>(line.Line);
+  if (RemoveNoOprndOpSemiColn<Family>(a, line) < 0) a.cs.countError();
+  if (lowerCaseTest(line.OpStr) > 0) a.cs.report<Family, smallLetter>(line.Line, plain(line.OpStr));
+  AnalystOP<Family>(a, line);
+}
+
+}  // namespace
+
+template <class Family>
+int CkOpStr(Assembly& a, int prg) {
+  for (SrcOf<Family>& line : a.store<Family>().linesWithEnd(a.program<Family>(prg))) {
+    if (line.OpStr.empty()) continue;
+    const Op op = findOp(line.OpStr, Family::id == FamilyId::NH);
+    line.OpNr = static_cast<std::int16_t>(op);
+    if (op != Op::Unknown) continue;
+    explainUnknown<Family>(a, line);
+    return -a.cs.ErrorKazu;
+  }
+  return 0;
+}
+
+#define ZELVARO_INSTANTIATE(F) template int CkOpStr<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro
