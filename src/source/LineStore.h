@@ -71,6 +71,8 @@ class LineStore {
     }
     ++lineCount_;
   }
+  /// Room for that many lines, so that the table need not grow; memory that is not used is not touched.
+  void reserve(std::size_t lines) { records_.reserve(lines); }
   void clear() {
     records_.clear();
     records_.shrink_to_fit();
@@ -78,6 +80,7 @@ class LineStore {
     PrgIndex.clear();
     vecOprndAtDC.clear();
     vecAdrConst.clear();
+    Unsettled.clear();
     arena.clear();
     lineCount_ = 0;
   }
@@ -121,6 +124,7 @@ class LineStore {
   std::unordered_map<View, int> PrgIndex;  ///< program name to program, filled once the names are unique
   std::vector<OprndAtDC<Char>> vecOprndAtDC;
   std::vector<AdrConst<Char>> vecAdrConst;
+  std::vector<int> Unsettled;  ///< records whose operand text a further walk of TrimZenOprndCom changes
 
  private:
   static std::size_t first(const Prg& p) { return static_cast<std::size_t>(p.RecStart); }

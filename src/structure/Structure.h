@@ -33,7 +33,9 @@ void CutComments(Assembly& a, int prg);
 template <class Family>
 void CkPrgName(Assembly& a, int prg);
 template <class Family>
-void Label35G(Assembly& a, int prg);  ///< label rules, duplicates; fills Labels of the program record
+void Label35G(Assembly& a, int prg);  ///< label rules; ends with CkLabelDouble
+template <class Family>
+void CkLabelDouble(Assembly& a, int prg);  ///< duplicate labels; fills Labels of the program record
 template <class Family>
 void TakeOutLabelStr(Assembly& a, int prg);  ///< word split: label, opcode, operand text
 template <class Family>

@@ -2,10 +2,32 @@
 // found already and adds a message that names it; none of them repairs anything.
 #pragma once
 
+#include "MoziCode/Cp932.h"
 #include "diag/Family.h"
 #include "source/Assembly.h"
 
 namespace zelvaro {
+
+/// The full-width space: one character of wide text, two bytes of narrow text.
+template <class Char>
+constexpr std::basic_string_view<Char> zenKakuSpace() {
+  if constexpr (sizeof(Char) == 1) {
+    return "\x81\x40";
+  } else {
+    return u"\u3000";
+  }
+}
+/// Whether a text holds a full-width space.
+template <class Char>
+constexpr bool holdsZenKakuSpace(std::basic_string_view<Char> text) {
+  if constexpr (sizeof(Char) == 1) {
+    for (std::size_t i = 0; i < text.size(); i += isCp932Lead(text[i]) ? 2 : 1)
+      if (text.substr(i).starts_with(zenKakuSpace<Char>())) return true;
+    return false;
+  } else {
+    return text.find(zenKakuSpace<Char>()) != text.npos;
+  }
+}
 
 /// A full-width space in a word: label, program name, opcode or operand.  Non-zero if it reported.
 template <class Family>

@@ -1,0 +1,47 @@
+// Duplicate labels of a program, and its label table.  Tested by tests/structure/LabelTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+#include "structure/Words.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message labelTwice =
+    Message{Severity::Error,
+            Head::Own,
+            args("other", "label"),
+            {.ja = "同じラベル {label} が二つある。\n"
+                   "ラベルは同一プログラムの中で唯一(unique)でなければならない。\n"
+                   "ラベルを同一プログラムの中で二重に定義してはならない。 ",
+             .en = "Duplication of a label of {label}. \n"
+                   "The label {label} is already defined. \n"
+                   "Each of the labels must be unique in a program. \n"
+                   "The same label must not be defined twice within a program."},
+            {{kNarrow,
+              {.ja = {},
+               .en = "Duplication of the same label of {label}. \n"
+                     "The label {label} is already defined. \n"
+                     "Each of the labels must be unique in a program. \n"
+                     "The same label must not be defined twice within a program."}}}}
+        .withHead(
+            {.ja = "エラー： {line} 行目 と {other} 行目： ", .en = "Error : line={line} and line={other} "});
+
+}  // namespace
+
+template <class Family>
+void CkLabelDouble(Assembly& a, int prg) {
+  auto& store = a.store<Family>();
+  auto& program = a.program<Family>(prg);
+  FirstPair pair;
+  program.Labels.clear();
+  for (int record = program.RecStart; record < program.RecEnd; ++record)
+    if (!store[record].LabelStr.empty()) pair.enter(program.Labels, store[record].LabelStr, record);
+  if (!pair.found()) return;
+  const auto& line = store[pair.first];
+  a.cs.report<Family, labelTwice>(line.Line, store[pair.second].Line + 1, plain(line.LabelStr));
+}
+
+#define ZELVARO_INSTANTIATE(F) template void CkLabelDouble<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

@@ -1,0 +1,47 @@
+// Two programs of one name, and the table of program names.  Tested by tests/structure/PrgNameTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+#include "structure/Words.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message nameTwice =
+    Message{Severity::Error,
+            Head::Own,
+            args("quote", "prg1", "line1", "prg2", "line2"),
+            {.ja = "プログラム名の重複： {quote} が二つある。 \n"
+                   "プログラム{prg1} と プログラム{prg2} の名前 \n"
+                   "{line1} 行目 と {line2} 行目にある。",
+             .en = "{quote} is already defined. Duplication of the program name. \n"
+                   "Program {prg1}, line {line1} and Program {prg2}, line {line2}.\n"
+                   "Their names must be unique each other. "},
+            {{families(FamilyId::NH),
+              {.ja = "{prg1} 番目と {prg2} 番目のプログラムが同名である。\n{quote}２ 個ある。",
+               .en = "The program name has been already defined in both Program {prg1} and Program {prg2}. \n"
+                     "Each of the names must be unique. "}}}}
+        .withHead({.ja = "エラー：", .en = "Error : "});
+
+}  // namespace
+
+template <class Family>
+int CkPrgNameDouble(Assembly& a) {
+  auto& store = a.store<Family>();
+  FirstPair pair;
+  store.PrgIndex.clear();
+  store.PrgIndex.reserve(store.vecPrg.size());
+  int prg = 0;
+  for (const auto& program : store.vecPrg) pair.enter(store.PrgIndex, program.PrgName, prg++);
+  if (!pair.found()) return 0;
+  store.PrgIndex.clear();
+  const auto& first = a.program<Family>(pair.first);
+  const auto& second = a.program<Family>(pair.second);
+  a.b.report<Family, nameTwice>(first.StartLine, quote(first.PrgName), pair.first + 1, first.StartLine + 1,
+                                pair.second + 1, second.StartLine + 1);
+  return -1;
+}
+
+#define ZELVARO_INSTANTIATE(F) template int CkPrgNameDouble<F>(Assembly&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

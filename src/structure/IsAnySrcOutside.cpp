@@ -1,0 +1,54 @@
+// Nothing but comments may stand between two programs.  Text in front of the first and behind the last
+// program is no concern.  Tested by tests/structure/StartEndTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message textBetween{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}プログラムとプログラムの間にソースコードがある。END 命令と次のプログラムの STRAT "
+           "命令の間に不明の文字がある。コメント記号(;)を前置する、あるいは、削除する。",
+     .en = "{quote}: There are some unknown string between two programs. \n"
+           "There are some unknown string between END and START. \n"
+           "It should be deleted. Or a comment mark(;) is expected at the left side of the description."},
+    {{families(FamilyId::NH),
+      {.ja = {},
+       .en = "{quote}: There are some unknown string between programs. \n"
+             "It should be deleted. Or a comment mark(;) is expected at the left side. "}}}};
+/// Continues the message above.
+constexpr Message itIsZenKakuSpace =
+    Message{Severity::Error,
+            Head::None,
+            args(),
+            {.ja = "それは「全角の空白」文字である。\n"
+                   "「全角の空白」文字は、コメントの中を除き、CASL2では使うことができない。 ",
+             .en = "It is not a 1-byte space, but a 2-byte one.  \n"
+                   "A 2-byte space is not allowed for use in CASL2. "}}
+        .uncounted();
+
+}  // namespace
+
+template <class Family>
+void IsAnySrcOutsideSartEnd(Assembly& a) {
+  using Char = CharOf<Family>;
+  const auto& store = a.store<Family>();
+  for (std::size_t k = 0; k + 1 < store.vecPrg.size(); ++k) {
+    const int record = store.vecPrg[k].RecEnd + 1;
+    if (record >= store.vecPrg[k + 1].RecStart) continue;
+    // every record holds something that is no blank, so the first one is the finding
+    const auto& line = store[record];
+    a.cs.report<Family, textBetween>(line.Line, quote(line.SrcStr));
+    if (trim(line.SrcWork) == zenKakuSpace<Char>()) a.cs.report<Family, itIsZenKakuSpace>(line.Line);
+    return;
+  }
+}
+
+#define ZELVARO_INSTANTIATE(F) template void IsAnySrcOutsideSartEnd<F>(Assembly&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

@@ -1,0 +1,93 @@
+// The label rules, in five passes over the lines of a program; each pass looks at all lines.
+// Tested by tests/structure/LabelTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+#include "structure/Words.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message labelAlone{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = ": {quote}: ラベルはあるが、命令語の記述がない。",
+     .en = "{quote}: A label is detected. But there is not any instruction code in the line. "}};
+constexpr Message firstLetter{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}: ラベルの先頭文字は英大文字であること。\n先頭文字に数字は使えない。",
+     .en = "{quote}: The first letter of a label must be a capital alphabetical letter. \n"
+           "A numeral cannot be used as the first letter of a label. "}};
+constexpr Message otherCharacter{
+    Severity::Error,
+    Head::Line,
+    args("label"),
+    {.ja = "ラベル {label} に英大文字、 数字 以外の文字が使われている。 ",
+     .en = "Non uppercase alphanumeric characters are found in the label of '{label}'. "},
+    {{kNarrow, {.ja = {}, .en = "An invalid character is found in the label."}},
+     {families(FamilyId::NH),
+      {.ja = {}, .en = "An invalid character is found in the label of '{label}'. "}}}};
+constexpr Message tooLong{
+    Severity::Error,
+    Head::Line,
+    args("quote", "count"),
+    {.ja = "{quote} ラベルの長さは 8 文字までに制限されている。 {count} 文字ある。",
+     .en = "{quote}  A label must be 1 to 8 characters in length. It includes {count} characters in it. "},
+    {{kNarrow, {.ja = "{quote} ラベルの長さは 8 文字まで。 {count} 文字ある。", .en = {}}},
+     {families(FamilyId::NH),
+      {.ja = {},
+       .en = "{quote}  A label must be 1 to 8 characters in length. There are {count} characters in it. "}}}};
+constexpr Message reservedWord{
+    Severity::Error,
+    Head::Line,
+    args("label"),
+    {.ja = "ラベルに予約語(GR0 - GR7) は使えない。CASL2の仕様　2.1（注）",
+     .en = "{label} is one of the reserved words(GR0-GR7). \n"
+           "Reserved words, GR0 through GR7, are not available for labels. Spec. of CASL2   2.1 (Note) "}};
+
+/// Pass 1: takes the labels out of the lines.
+template <class Family, class Lines>
+void takeOut(Assembly& a, Lines lines) {
+  for (auto& line : lines) {
+    const std::size_t blank = findBlank(line.SrcWork);
+    line.LabelStr = line.SrcWork.substr(0, blank);
+    if (blank == line.SrcWork.npos) a.cs.report<Family, labelAlone>(line.Line, quote(line.LabelStr));
+  }
+}
+
+/// Pass 3: only the first bad label of a program is reported.  A bad first character is pass 2's.
+template <class Family, class Lines>
+void checkLetters(Assembly& a, Lines lines) {
+  for (const auto& line : lines) {
+    if (upperCaseTest(line.LabelStr) == 0) continue;
+    a.cs.report<Family, otherCharacter>(line.Line, plain(line.LabelStr));
+    AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.LabelStr);
+    return;
+  }
+}
+
+}  // namespace
+
+template <class Family>
+void Label35G(Assembly& a, int prg) {
+  const auto lines = a.store<Family>().linesWithEnd(a.program<Family>(prg));
+  takeOut<Family>(a, lines);
+  for (const auto& line : lines)
+    if (!line.LabelStr.empty() && !isCapital(line.LabelStr.front()))
+      a.cs.report<Family, firstLetter>(line.Line, quote(line.LabelStr));
+  checkLetters<Family>(a, lines);
+  for (const auto& line : lines)
+    if (line.LabelStr.size() > TCorrectScode::kLabelLength)
+      a.cs.report<Family, tooLong>(line.Line, quote(line.LabelStr), line.LabelStr.size());
+  for (const auto& line : lines)
+    if (isReservedWord(line.LabelStr)) a.cs.report<Family, reservedWord>(line.Line, plain(line.LabelStr));
+  CkLabelDouble<Family>(a, prg);
+}
+
+#define ZELVARO_INSTANTIATE(F) template void Label35G<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

@@ -1,0 +1,30 @@
+// Cuts a comment off the working text where unbalanced quotes kept it so far.
+// Tested by tests/structure/LinesTest.cpp.
+#include "structure/Structure.h"
+
+namespace zelvaro {
+namespace {
+
+/// A ';' ends the text in front of the first apostrophe, and behind the last one if it is the only ';'.
+template <class Char>
+std::basic_string_view<Char> withoutComment(std::basic_string_view<Char> text) {
+  const std::size_t first = text.find(Char(';'));
+  if (first == text.npos) return text;
+  const std::size_t quote = text.find(Char('\''));
+  const bool before = quote == text.npos || first < quote;
+  const bool behind = text.rfind(Char(';')) == first && text.rfind(Char('\'')) < first;
+  return before || behind ? text.substr(0, first) : text;
+}
+
+}  // namespace
+
+template <class Family>
+void SplitComment(Assembly& a, int prg) {
+  for (auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+    line.SrcWork = withoutComment(line.SrcWork);
+}
+
+#define ZELVARO_INSTANTIATE(F) template void SplitComment<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

@@ -1,0 +1,46 @@
+// Per program: a label on START, none on END; the lines learn the program that they belong to.
+// Tested by tests/structure/StartEndTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message startWithoutLabel{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = "START アセンブラ命令の左にラベルが必要",
+     .en = "A label is expected at the left side of the START assembler instruction. "}};
+constexpr Message endWithLabel{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}\nEND アセンブラ命令の左にラベルがある。 \n"
+           "END アセンブラ命令の左のラベルは不要です。（CASL2 の仕様） ",
+     .en =
+         "{quote}\nA label is found at the left side of the END assembler instruction. \nIt is of no use. "}};
+
+}  // namespace
+
+template <class Family>
+void StartEnd(Assembly& a, int prg) {
+  auto& store = a.store<Family>();
+  const auto& program = a.program<Family>(prg);
+  const auto& start = store[program.RecStart];
+  if (isBlank(start.SrcStr.front())) {
+    a.cs.report<Family, startWithoutLabel>(start.Line);
+    return;
+  }
+  const auto& end = store[program.RecEnd];
+  if (!isBlank(end.SrcStr.front())) {
+    a.cs.report<Family, endWithLabel>(end.Line, quote(end.SrcStr));
+    return;
+  }
+  for (auto& line : store.linesWithEnd(program)) line.PrgNr = prg;
+}
+
+#define ZELVARO_INSTANTIATE(F) template void StartEnd<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

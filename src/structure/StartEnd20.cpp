@@ -1,0 +1,258 @@
+// The exact test of START and END: pairing, counts, order, and the program records.  A keyword counts
+// where it stands directly behind a blank, in a comment behind an instruction too.
+// Tested by tests/structure/StartEndTest.cpp.
+#include <algorithm>
+#include <vector>
+
+#include "structure/Structure.h"
+#include "structure/Words.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message noStart{
+    Severity::Error,
+    Head::Bare,
+    args(),
+    {.ja = "START アセンブラ命令 が どこにもない。 \nSTART の左に空白が必要です",
+     .en = "Missing START assembler statement. \nA half-width space is expected before START. "},
+    {{kNarrow,
+      {.ja = {},
+       .en = "START is not found anywhere. \nA space is expected at the left side of the START. "}}}};
+constexpr Message startWithoutName{Severity::Error,
+                                   Head::Line,
+                                   args(),
+                                   {.ja = "START アセンブラ命令の左にプログラム名（ラベル）が必要です。 ",
+                                    .en = "A program name is requiered before START statement. "}};
+constexpr Message noEnd{
+    Severity::Error,
+    Head::Bare,
+    args(),
+    {.ja = "END アセンブラ命令 が どこにもない。\nEND 命令は、プログラムの終わりを定義する。\n"
+           "END の左には、空白が必要です。",
+     .en = "END directive is not found anywhere. \nThe END statement defines the end of a program.\n"
+           "A space is expected at the left side of the END. "}};
+constexpr Message endWithLabel{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = "END アセンブラ命令の左にラベルがある。 \n"
+           "END アセンブラ命令の左のラベルには、CASL2 仕様上の役目はないので不要である。",
+     .en = "A label is found at the left side of the END assembler statement. \nIt is of no use. "}};
+constexpr Message moreStart{
+    Severity::Error,
+    Head::Bare,
+    args("starts", "ends", "file"),
+    {.ja = "(START > END): プログラムが正しく閉じていない。\n"
+           "START アセンブラ命令の個数と END アセンブラ命令の個数が異なる。 同数のはずです。 \n"
+           "START アセンブラ命令 が ファイル({file} ) の中に全部で {starts} 個ある。 \n"
+           "END アセンブラ命令 が ファイル({file} ) の中に全部で {ends} 個ある。 ",
+     .en = "(START > END): The program is not correctly closed. \n"
+           "Mismached number of START and END assembler statements. \n"
+           "The number of START and END must be equal. \n"
+           "There are {starts} START assembler instructions in {file}. \n"
+           "There are {ends} END assembler instructions in {file}. "},
+    {{kNarrow,
+      {.ja = {},
+       .en = "(START > END): The program is not correctly closed. \n"
+             "The number of the START assembler instructions is different from that of the END's. \n"
+             "The number of START and END must be equal. \n"
+             "There are {starts} START assembler instructions in {file}. \n"
+             "There are {ends} END assembler instructions in {file}. "}}}};
+constexpr std::string_view kFewerStartJa =
+    "(START < END): プログラムが正しく閉じていない。 \n"
+    "START アセンブラ命令の個数と END アセンブラ命令の個数が異なる。 \n"
+    "同数のはずです。\n"
+    "START アセンブラ命令 が ファイル( {file} ) の中に全部で {starts} 個ある。 \n"
+    "END アセンブラ命令 が ファイル( {file} ) の中に全部で {ends} 個ある。 ";
+constexpr Message oneStartMoreEnds{
+    Severity::Error,
+    Head::Bare,
+    args("starts", "ends", "file"),
+    {.ja = kFewerStartJa,
+     .en = "(START < END): The program is not correctly closed.\n"
+           "Mismach between START and END statement. \n"
+           "The number of START and END must be equal. \n"
+           "{starts}START assembler directive is found in {file}. \n"
+           "{ends}END assembler directives are found in {file}. "},
+    {{kNarrow,
+      {.ja = {},
+       .en = "(START < END): The program is not correctly closed.\n"
+             "The number of the START assembler instructions is different from that of the END's. \n"
+             "The number of START and END must be equal. \n"
+             "{starts}START assembler directive is found in {file}. \n"
+             "{ends}END assembler directives are found in {file}. "}}}};
+constexpr Message fewerStart{
+    Severity::Error,
+    Head::Bare,
+    args("starts", "ends", "file"),
+    {.ja = kFewerStartJa,
+     .en = "(START < END): The program is not correctly closed.\n"
+           "Mismach between START and END statement. \n"
+           "The number of START and END must be equal. \n"
+           "{starts}START assembler directives are found in {file}. \n"
+           "{ends}END assembler directives are found in {file}. "},
+    {{kNarrow,
+      {.ja = {},
+       .en = "(START < END): The program is not correctly closed.\n"
+             "The number of the START assembler instructions is different from that of the END's. \n"
+             "The number of START and END must be equal. \n"
+             "{starts}START assembler directives are found in {file}. \n"
+             "{ends}END assembler directives are found in {file}. "}}}};
+constexpr std::string_view kOutOfOrderNarrow = "START and END are out of order. \nEND should follow START. ";
+constexpr Message startNotBeforeEnd{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = "START と END アセンブラ命令 が逆順です。 ",
+     .en = "START and END are out of order. \nSTART should be followed by END. "},
+    {{kNarrow, {.ja = {}, .en = kOutOfOrderNarrow}}}};
+constexpr Message nextStartBeforeEnd{
+    Severity::Error,
+    Head::Line,
+    args(),
+    {.ja = " START と END アセンブラ命令 が逆順です。 ",
+     .en = "START and END are out of order. \nSTART should be followed by END."},
+    {{kNarrow, {.ja = {}, .en = kOutOfOrderNarrow}}}};
+constexpr Message oneProgram =
+    Message{Severity::Plain,
+            Head::None,
+            args("count"),
+            {.ja = "  {count} 個のプログラムがある。 ", .en = "One program is found in it."},
+            {{kNarrow, {.ja = {}, .en = "There is one program found in it. "}}}}
+        .unlogged();
+constexpr Message programs =
+    Message{Severity::Plain,
+            Head::None,
+            args("count"),
+            {.ja = "  {count} 個のプログラムがある。 ", .en = "{count} programs are found in it."}}
+        .unlogged();
+constexpr Message noRet{
+    Severity::Warning,
+    Head::Line,
+    args("count", "ordinal"),
+    {.ja = "{count} 番目のプログラム： RET 命令が一つもない。 暴走の可能性が大きい。 \n"
+           "あるいは、無限ループに入り、実行が終了しない。\n"
+           "意図的でなければ修正が必要です。 \n"
+           "NOTE: RET の 右 又は 左 に空白が必要です。 ",
+     .en = "The {ordinal} program: No RET instruction is found in the program. \n"
+           "It may run out of control. It may go into an infinite loop. \n"
+           "Is this your intention? If not, you should add RET instructions to the program. \n"
+           "Note: A space is expected at the both sides of RET. "},
+    {{kNarrow,
+      {.ja = {},
+       .en = "The {ordinal} program: No RET instruction is found in the program. \n"
+             "It may run out of control. It may go into an infinite loop. \n"
+             "Is this your intention? If not, you should add a RET code at least. \n"
+             "Note: A space is expected at the both sides of RET. "}}}};
+
+/// The records whose working text holds the keyword behind a blank, in order.
+template <class Char>
+std::vector<int> recordsWith(const LineStore<Char>& store, std::string_view keyword) {
+  std::vector<int> found;
+  int record = 0;
+  for (const auto& line : store.lines()) {
+    if (holdsBehindBlank(line.SrcWork, keyword)) found.push_back(record);
+    ++record;
+  }
+  return found;
+}
+
+/// Whether each START has its END, in order; the first fault is told.
+template <class Family>
+bool checkPairs(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
+  const auto& store = a.store<Family>();
+  if (starts.size() > ends.size()) {
+    a.sh.report<Family, moreStart>(0, starts.size(), ends.size(), a.b.SrcFilename);
+    CkEnd_LR<Family>(a);
+    return false;
+  }
+  if (starts.size() < ends.size()) {
+    if (starts.size() == 1) {
+      a.sh.report<Family, oneStartMoreEnds>(0, starts.size(), ends.size(), a.b.SrcFilename);
+    } else {
+      a.sh.report<Family, fewerStart>(0, starts.size(), ends.size(), a.b.SrcFilename);
+    }
+    return false;
+  }
+  for (std::size_t k = 0; k < starts.size(); ++k) {
+    if (starts[k] < ends[k]) continue;
+    a.sh.report<Family, startNotBeforeEnd>(store[ends[k]].Line);
+    return false;
+  }
+  for (std::size_t k = 0; k + 1 < starts.size(); ++k) {
+    if (starts[k + 1] >= ends[k]) continue;
+    a.sh.report<Family, nextStartBeforeEnd>(store[ends[k]].Line);
+    return false;
+  }
+  return true;
+}
+
+/// Sets the number of programs and creates their records.
+template <class Family>
+void createPrograms(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
+  auto& store = a.store<Family>();
+  a.sh.PrgKazuInFile = static_cast<int>(starts.size());
+  if (starts.size() == 1) {
+    a.sh.report<Family, oneProgram>(0, starts.size());
+  } else {
+    a.sh.report<Family, programs>(0, starts.size());
+  }
+  store.vecPrg.reserve(starts.size());
+  for (std::size_t k = 0; k < starts.size(); ++k) {
+    auto& prg = store.vecPrg.emplace_back();
+    prg.RecStart = starts[k];
+    prg.RecEnd = ends[k];
+    prg.StartLine = store[starts[k]].Line;
+    prg.EndLine = store[ends[k]].Line;
+  }
+}
+
+/// Warns of the first program without RET.
+template <class Family>
+void checkRet(Assembly& a) {
+  auto& store = a.store<Family>();
+  int ordinalNr = 0;
+  for (const auto& prg : store.vecPrg) {
+    ++ordinalNr;
+    const bool ret = std::ranges::any_of(
+        store.linesWithEnd(prg), [](const auto& line) { return holdsBehindBlank(line.SrcWork, "RET"); });
+    if (ret) continue;
+    a.sh.report<Family, noRet>(prg.StartLine, ordinalNr, ordinal(ordinalNr));
+    return;
+  }
+}
+
+}  // namespace
+
+template <class Family>
+int StartEnd20(Assembly& a) {
+  const auto& store = a.store<Family>();
+  const std::vector<int> starts = recordsWith(store, "START");
+  if (starts.empty()) {
+    a.sh.report<Family, noStart>(0);
+    DetSTARTatZenKakuSpace<Family>(a);
+    CkSTART_LR<Family>(a);
+    return -1;
+  }
+  const auto& lastStart = store[starts.back()];
+  if (isBlank(lastStart.SrcWork.front())) a.sh.report<Family, startWithoutName>(lastStart.Line);
+  const std::vector<int> ends = recordsWith(store, "END");
+  if (ends.empty()) {
+    a.sh.report<Family, noEnd>(0);
+    CkEnd_LR<Family>(a);
+    return -1;
+  }
+  const auto& lastEnd = store[ends.back()];
+  if (!isBlank(lastEnd.SrcWork.front())) a.sh.report<Family, endWithLabel>(lastEnd.Line);
+  if (!checkPairs<Family>(a, starts, ends)) return -1;
+  createPrograms<Family>(a, starts, ends);
+  checkRet<Family>(a);
+  return -a.sh.ErrorKazu;
+}
+
+#define ZELVARO_INSTANTIATE(F) template int StartEnd20<F>(Assembly&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

@@ -1,0 +1,140 @@
+// Cleans the operand texts by the class of the opcode.
+//
+// The rule walks the whole file once for each program, so a line is cleaned again with every program behind
+// its own.  All it can change then is a run of spaces of a plain operand text, which each walk halves: the
+// store keeps the lines that still have one, and only these are walked again.
+// Tested by tests/structure/LinesTest.cpp.
+#include <algorithm>
+
+#include "structure/Structure.h"
+
+namespace zelvaro {
+namespace {
+
+enum class TextClass : std::uint8_t { Other, Plain, Constant, AddressWord };
+
+template <class Char>
+TextClass textClass(std::basic_string_view<Char> op) {
+  for (const char* word : {"RPUSH", "RPOP", "RET", "NOP", "END", "START", "POP", "DS", "IN", "OUT"})
+    if (equals(op, word)) return TextClass::Plain;
+  if (equals(op, "DC")) return TextClass::Constant;
+  for (const char* word : {"CALL", "PUSH", "SVC"})
+    if (equals(op, word)) return TextClass::AddressWord;
+  return TextClass::Other;
+}
+
+/// A text that is built from the arena; its pieces are never longer than what they come from.
+template <class Char>
+class Builder {
+ public:
+  Builder(TextArena<Char>& arena, std::size_t most) : at_(arena.allocate(most)) {}
+
+  void put(Char c) { at_[size_++] = c; }
+  void put(std::basic_string_view<Char> text) {
+    for (const Char c : text) put(c);
+  }
+  /// A piece outside quotes: a tab is a space, a run of spaces is one; with `commas` none stands beside a
+  /// comma.
+  void putCleaned(std::basic_string_view<Char> piece, bool commas) {
+    const std::size_t begin = size_;
+    const auto endsIn = [&](Char c) { return size_ > begin && at_[size_ - 1] == c; };
+    for (const Char c : piece) {
+      if (isBlank(c)) {
+        if (!endsIn(Char(' ')) && !(commas && endsIn(Char(',')))) put(Char(' '));
+        continue;
+      }
+      if (commas && c == Char(',') && endsIn(Char(' '))) --size_;
+      put(c);
+    }
+  }
+  std::basic_string_view<Char> text() const { return {at_, size_}; }
+
+ private:
+  Char* at_;
+  std::size_t size_ = 0;
+};
+
+template <class Char>
+bool isClean(std::basic_string_view<Char> piece, bool commas) {
+  for (std::size_t i = 0; i < piece.size(); ++i) {
+    if (!isBlank(piece[i])) continue;
+    if (piece[i] == Char('\t')) return false;
+    if (i + 1 < piece.size() && (isBlank(piece[i + 1]) || (commas && piece[i + 1] == Char(','))))
+      return false;
+    if (commas && i > 0 && piece[i - 1] == Char(',')) return false;
+  }
+  return true;
+}
+
+/// One walk over a plain operand text: at each pair of spaces one goes and the search passes on, so a run
+/// of n comes out as (n + 1) / 2.
+template <class Char>
+std::basic_string_view<Char> cleanPlain(TextArena<Char>& arena, std::basic_string_view<Char> text) {
+  text = text.substr(0, text.find(Char(';')));
+  if (isClean(text, false)) return trim(text);
+  Builder<Char> out(arena, text.size());
+  std::size_t run = 0;
+  for (const Char c : text) {
+    run = isBlank(c) ? run + 1 : 0;
+    if (run == 0) {
+      out.put(c);
+    } else if (run % 2 == 1) {
+      out.put(Char(' '));
+    }
+  }
+  return trim(out.text());
+}
+
+/// The stretch from the first to the last apostrophe is left alone, whatever stands inside it.
+template <class Char>
+std::basic_string_view<Char> cleanQuoted(TextArena<Char>& arena, std::basic_string_view<Char> text,
+                                         bool commas) {
+  if (text.find(Char(';')) < text.find(Char('\''))) text = text.substr(0, text.find(Char(';')));
+  const std::size_t first = std::min(text.find(Char('\'')), text.size());
+  const std::size_t behind = first == text.size() ? first : text.rfind(Char('\'')) + 1;
+  text = text.substr(0, text.find(Char(';'), behind));
+  const auto front = text.substr(0, first);
+  const auto back = text.substr(behind);
+  if (isClean(front, commas) && isClean(back, commas)) return trim(text);
+  Builder<Char> out(arena, text.size());
+  out.putCleaned(front, commas);
+  out.put(text.substr(first, behind - first));
+  out.putCleaned(back, commas);
+  return trim(out.text());
+}
+
+/// One walk over a line.  True if a further walk would change it.
+template <class Char>
+bool clean(TextArena<Char>& arena, SrcData<Char>& line) {
+  if (line.OprndComStr.empty()) return false;
+  switch (textClass(line.OpStr)) {
+    case TextClass::Plain:
+      line.OprndComStr = cleanPlain(arena, line.OprndComStr);
+      return !isClean(line.OprndComStr, false);
+    case TextClass::Constant:
+      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, true);
+      break;
+    case TextClass::AddressWord:
+      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, false);
+      break;
+    case TextClass::Other:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+template <class Family>
+void TrimZenOprndCom(Assembly& a, int prg) {
+  auto& store = a.store<Family>();
+  std::erase_if(store.Unsettled, [&](int record) { return !clean(store.arena, store[record]); });
+  const auto& program = a.program<Family>(prg);
+  for (int record = program.RecStart; record <= program.RecEnd; ++record)
+    if (clean(store.arena, store[record])) store.Unsettled.push_back(record);
+}
+
+#define ZELVARO_INSTANTIATE(F) template void TrimZenOprndCom<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

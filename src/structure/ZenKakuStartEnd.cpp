@@ -1,0 +1,188 @@
+// The scanners that look for a full-width space at START and END once one of them is missing.  Each
+// reports the first line with a find.  Tested by tests/structure/ZenKakuTest.cpp.
+#include "diag/Quote.h"
+#include "structure/Structure.h"
+#include "structure/ZenKaku.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message spaceBehindStart{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}START の右（直後）に全角の空白がある。　 CASL2では全角の空白は使えない。　 "
+           "CASL2では半角の空白を使う。",
+     .en = "{quote}A full-width space is found at the end of START. \n"
+           "A full-width space is not allowed to be used in casl2. \n"
+           "A half-width space is allowed to be used in casl2. \n"
+           "A full-width space should be deleted or replaced with a half-width space. "}};
+constexpr Message spaceBeforeStart{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}START の左（直前）に全角の空白がある。　 CASL2では全角の空白は使えない。　 "
+           "CASL2では半角の空白を使う。",
+     .en = "{quote}A full-width space at the front of START. \n"
+           "A full-width space is not allowed to be used in casl2. \n"
+           "A half-width space is allowed to be used in casl2. \n"
+           "The full-width space should be deleted or replaced with a half-width space. "}};
+constexpr Message spaceBehindEnd{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}END の右（直後）に全角の空白がある。　 CASL2では全角の空白は使えない。　 "
+           "CASL2では半角の空白を使う。",
+     .en = "{quote}: A full-width space is found at the end of END. \n"
+           "A full-width space is not allowed to be used in casl2. \n"
+           "Delete the full-width space at the end of the END. "}};
+constexpr Message spaceBeforeEnd{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "{quote}END の左（直前）に全角の空白がある。　 CASL2では全角の空白は使えない。　 "
+           "CASL2では半角の空白を使う。",
+     .en = "{quote}: A full-width space is found at the front of END. \n"
+           "A full-width space is not allowed to be used in casl2. \n"
+           "A half-width space is allowed to be used in casl2.  \n"
+           "Delete the full-width space at the front of the END. "}};
+
+constexpr Words kStartHead{.ja = "エラー： {line} 行目： START の文字はある。けれども、 ",
+                           .en = "Error : line {line}: "};
+constexpr Message startThenSpace =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = "START の右に全角の空白がある。 全角の空白文字は使えない。　",
+             .en = "A full-width space is found at the right side of START statement. \n"
+                   "A full-width space is not allowed in CASL2. \n"
+                   "A full-width space should be deleted or replaced with a half-width space. "}}
+        .withHead(kStartHead);
+constexpr Message spaceThenStart =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = "START の左に全角の空白がある。 全角の空白文字は使えない。　",
+             .en = "A full-width space is found before START statement. \n"
+                   "A full-width space is not allowed for use in CASL2. \n"
+                   "A full-width space should be deleted or replaced with a half-width space. "}}
+        .withHead(kStartHead);
+
+constexpr Words kEndHead{.ja = "エラー： {line} 行目： END の文字はある。けれども、 ",
+                         .en = "Error : line {line}: "};
+constexpr Message endThenSemicolon =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = " END の右に１個以上の空白が必要です。 \n"
+                   "' END;'はエラー、' END' または 'END 'と記述する。 \n"
+                   " （２．１　言語の仕様（４）　オペランドのない命令の場合） ",
+             .en = " A space is expected at the right side of END instruction. \n"
+                   "(Spce. of CASl2: 2.1  (4) in a case of Without operand. "}}
+        .withHead(kEndHead);
+constexpr Message spaceThenEnd =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = " ENDの左に全角の空白がある。 全角の空白文字は使えない。　",
+             .en = " A full-width space is found at the left side of END instruction. \n"
+                   "It is not allowed to be used in CASL2. \n"
+                   "It should be deleted or replaced with a half-width space. "},
+            {{families(FamilyId::NH),
+              {.ja = {},
+               .en = " There is a 2-byte space at the left side of END instruction. \n"
+                     "The 2-byte space is not allowed for use in CASL2. \n"
+                     "It should be replaced with a 1-byte space, or deleted. "}}}}
+        .withHead(kEndHead);
+constexpr Message endThenSpace =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = " ENDの右に全角の空白がある。 全角の空白文字は使えない。　",
+             .en = " A full-width space is found at the right side of END instruction. \n"
+                   "It is not allowed for use in CASL2. \n"
+                   "It should be deleted or replaced with a half-width space. "}}
+        .withHead(kEndHead);
+
+/// Whether a text holds a word directly followed by a full-width space ...
+template <class Char>
+bool wordThenSpace(std::basic_string_view<Char> text, std::string_view word) {
+  for (std::size_t at = zelvaro::find(text, word); at != text.npos; at = zelvaro::find(text, word, at + 1))
+    if (text.substr(at + word.size()).starts_with(zenKakuSpace<Char>())) return true;
+  return false;
+}
+/// ... or directly behind one.
+template <class Char>
+bool spaceThenWord(std::basic_string_view<Char> text, std::string_view word) {
+  for (std::size_t at = zelvaro::find(text, word); at != text.npos; at = zelvaro::find(text, word, at + 1))
+    if (text.substr(0, at).ends_with(zenKakuSpace<Char>())) return true;
+  return false;
+}
+
+/// Reports the first line with a full-width space at the word; the one behind it is looked for first.
+template <class Family, const Message& Behind, const Message& Before>
+void detSpace(Assembly& a, std::string_view word) {
+  for (const auto& line : a.store<Family>().lines()) {
+    if (wordThenSpace(line.SrcWork, word)) {
+      a.sh.report<Family, Behind>(line.Line, quote(line.SrcStr));
+      return;
+    }
+    if (spaceThenWord(line.SrcWork, word)) {
+      a.sh.report<Family, Before>(line.Line, quote(line.SrcStr));
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+template <class Family>
+void DetSTARTatZenKakuSpace(Assembly& a) {
+  detSpace<Family, spaceBehindStart, spaceBeforeStart>(a, "START");
+}
+
+template <class Family>
+void DetENDatZenKakuSpace(Assembly& a) {
+  detSpace<Family, spaceBehindEnd, spaceBeforeEnd>(a, "END");
+}
+
+template <class Family>
+void CkSTART_LR(Assembly& a) {
+  for (const auto& line : a.store<Family>().lines()) {
+    if (wordThenSpace(line.SrcWork, "START")) {
+      a.sh.report<Family, startThenSpace>(line.Line);
+      return;
+    }
+    if (spaceThenWord(line.SrcWork, "START")) {
+      a.sh.report<Family, spaceThenStart>(line.Line);
+      return;
+    }
+  }
+}
+
+template <class Family>
+void CkEnd_LR(Assembly& a) {
+  for (const auto& line : a.store<Family>().lines()) {
+    if (find(line.SrcWork, " END;") != line.SrcWork.npos) {
+      a.sh.report<Family, endThenSemicolon>(line.Line);
+      return;
+    }
+    if (spaceThenWord(line.SrcWork, "END")) {
+      a.sh.report<Family, spaceThenEnd>(line.Line);
+      return;
+    }
+    if (wordThenSpace(line.SrcWork, "END")) {
+      a.sh.report<Family, endThenSpace>(line.Line);
+      return;
+    }
+  }
+}
+
+#define ZELVARO_INSTANTIATE(F)                        \
+  template void DetSTARTatZenKakuSpace<F>(Assembly&); \
+  template void DetENDatZenKakuSpace<F>(Assembly&);   \
+  template void CkSTART_LR<F>(Assembly&);             \
+  template void CkEnd_LR<F>(Assembly&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

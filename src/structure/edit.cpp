@@ -1,0 +1,48 @@
+// Line normalisation: the column rule of the language survives as one leading blank.
+// Tested by tests/structure/LinesTest.cpp.
+#include "structure/Structure.h"
+#include "structure/Words.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message emptySource =
+    Message{Severity::Error,
+            Head::Own,
+            args(),
+            {.ja = "アセンブラは準備完了、 ソースコードの記述がない。 ",
+             .en = "The source code is empty.  The assembler is ready to go!"},
+            {{kNarrow, {.ja = {}, .en = "The source code is empty.  The assembler is ready to go! "}},
+             {families(FamilyId::NH),
+              {.ja = {}, .en = "The assembler is ready to go! But the source code is empty. "}}}}
+        .withHead({.ja = "エラー：　", .en = "Error: "});
+
+/// The line without its trailing blanks; two or more leading blanks become one space.
+template <class Char>
+std::basic_string_view<Char> normalised(TextArena<Char>& arena, std::basic_string_view<Char> line) {
+  line = trimRight(line);
+  const std::size_t p = line.size() - trimLeft(line).size();
+  if (p < 2) return line;
+  line.remove_prefix(p - 1);
+  if (line.front() == Char(' ')) return line;
+  Char* copy = arena.allocate(line.size());
+  copy[0] = Char(' ');
+  std::copy(line.begin() + 1, line.end(), copy + 1);
+  return {copy, line.size()};
+}
+
+}  // namespace
+
+template <class Family>
+int edit(Assembly& a) {
+  auto& store = a.store<Family>();
+  for (auto& line : store.lines()) line.SrcWork = normalised(store.arena, line.SrcStr);
+  if (!store.lines().empty()) return 0;
+  a.b.report<Family, emptySource>(0);
+  return -1;
+}
+
+#define ZELVARO_INSTANTIATE(F) template int edit<F>(Assembly&);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro
