@@ -1,0 +1,39 @@
+#include "shell/HelpFile.h"
+
+#include <array>
+
+namespace zelvaro {
+namespace {
+
+constexpr std::string_view kHelpFile = "Zelvaro JPN Help.chm";
+
+/// Where the guides lie: beside a workspace of the sources, and where an installation puts them.
+constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
+                                                        "/usr/local/share/doc/zelvaro/"};
+
+constexpr Message noHelp{Severity::Plain,
+                         Head::None,
+                         args("help", "guide"),
+                         {.ja = "ヘルプファイル {help} も手引き {guide} も見つかりませんでした。",
+                          .en = "Neither the help file {help} nor the guide {guide} was found."}};
+
+}  // namespace
+
+void openHelpFile(TSession& s, int lang) {
+  const bool english = lang != kJapanese;
+  const std::string help(kHelpFile);
+  if (s.platform.canRead(help)) {
+    s.platform.openDocument(help, english);
+    return;
+  }
+  const std::string guide(inLanguage(lang, "GUIDE.ja.md", "GUIDE.en.md"));
+  for (const std::string_view folder : kGuideFolders) {
+    const std::string path = std::string(folder) + guide;
+    if (!s.platform.canRead(path)) continue;
+    s.platform.editFile(s.editorData.Command, path, english);
+    return;
+  }
+  s.platform.print(fillText(noHelp, FamilyId::WP, lang, {help, guide}) + "\n");
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,53 @@
+// TSession: the objects that live as long as the program.  main constructs it before TGame and it outlives
+// TGame.  Nothing in it is global, so two sessions can live in one process.
+#pragma once
+
+#include <string>
+
+#include "TimeVcl/TimeVcl.h"
+#include "comet2/Comet2.h"
+#include "platform/Platform.h"
+#include "source/Assembly.h"
+#include "source/Load.h"
+
+namespace zelvaro {
+
+/// The settings that the menu and the reports read, as they stand in the file.
+struct ModeData {
+  int LangIndex = kEnglish;
+  int SimpleTitleIndex = 0;
+  int SilentModeIndex = 0;
+  int BusyModeIndex = 0;
+};
+
+/// The text editor in use.
+struct EditorData {
+  int TextEditorIndex = 0;  ///< slot of the editor table, 0 to 2
+  EditorCommand Command;    ///< empty for slot 0, the platform's own editor
+};
+
+/// The name of the settings file, in the working directory.
+inline constexpr std::string_view kIniFile = "zelvaro.ini";
+
+struct TSession {
+  explicit TSession(Platform& p) : platform(p) {}
+
+  Platform& platform;
+  TDiagLog dg;
+  TBasicData b{platform, dg};
+  TCorrectScode cs{platform, dg};
+  TShellData sh{platform, dg};
+  Tcomet2 m;
+  ModeData modeData;
+  EditorData editorData;
+  MoziCodeData moziCodeData;
+  TimeData timeData;
+
+  Assembly assembly() { return {sh, cs, b}; }
+  /// Gives the language to every object that holds a copy; TGame has its own.
+  void setLanguage(int lang);
+  /// Takes over the editor's slot of `b`: into `sh`, and as the command that shows files.
+  void chooseEditor();
+};
+
+}  // namespace zelvaro

@@ -1,0 +1,212 @@
+#include "shell/Settings.h"
+
+#include <algorithm>
+#include <boost/property_tree/ini_parser.hpp>
+#include <boost/property_tree/ptree.hpp>
+#include <sstream>
+
+namespace zelvaro {
+namespace {
+
+using Tree = boost::property_tree::ptree;
+
+// What is told about the file is told in both languages: the user's own may be what could not be read.
+constexpr Message doesNotParse{
+    Severity::Plain,
+    Head::None,
+    args("path", "nr", "reason"),
+    {.ja = "設定ファイル {path} の {nr} 行目を読み取れません： {reason}",
+     .en = "Line {nr} of the settings file {path} cannot be understood: {reason}"}};
+constexpr Message doesNotOpen{Severity::Plain,
+                              Head::None,
+                              args("path", "reason"),
+                              {.ja = "設定ファイル {path} を読み込めません： {reason}",
+                               .en = "The settings file {path} cannot be read: {reason}"}};
+constexpr Message keptAside{
+    Severity::Plain,
+    Head::None,
+    args("path"),
+    {.ja = "それを {path}.bak という名前で残し、初期設定に置きかえて続けます。",
+     .en = "It is kept under the name {path}.bak, and a file of default settings takes its place."}};
+constexpr Message leftAlone{
+    Severity::Plain,
+    Head::None,
+    args("path"),
+    {.ja = "それはそのまま残し、初期設定で続けます。 {path}.bak という名前に変えることはできませんでした。",
+     .en = "It stays as it is, and default settings are used. It could not be renamed to {path}.bak."}};
+constexpr Message doesNotWrite{
+    Severity::Plain,
+    Head::None,
+    args("path", "reason"),
+    {.ja = "設定ファイル {path} に書き込めません： {reason}\n今の設定は保存されません。",
+     .en = "The settings file {path} cannot be written: {reason}\nThe present settings are not saved."}};
+
+void tell(TSession& s, const Message& row, std::initializer_list<MsgArg> values) {
+  for (const int lang : {kJapanese, kEnglish})
+    s.platform.print(fillText(row, FamilyId::WP, lang, values) + "\n");
+}
+
+/// A value of the file.  One with a control character would break its line: `otherwise` stands for it.
+std::string storable(const std::string& value, std::string_view otherwise) {
+  const bool control = std::any_of(value.begin(), value.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
+  return control ? std::string(otherwise) : value;
+}
+
+/// All that a settings file holds.
+struct Settings {
+  int lang = kEnglish;
+  std::string FightFunc = "WP";
+  std::string TimeFuncStr = "QPC";
+  int TimeFuncInt = 0;
+  std::string LastSrcFile = "src\\pn1000.txt";
+  int SimpleTitleIndex = 0;
+  int BusyModeIndex = 1;
+  std::string SilentModeIndex = "0";
+  int TextEditorIndex = 0;
+  std::string TextEditorPath1;
+  std::string TextEditorPath2;
+};
+
+/// The keys in the order of the file.
+Tree treeOf(const Settings& v) {
+  Tree tree;
+  tree.put("Mode.LangStr", v.lang == kJapanese ? "JPN" : "ENU");
+  tree.put("Mode.LangInt", v.lang);
+  tree.put("Mode.FightFunc", v.FightFunc);
+  tree.put("Mode.TimeFuncStr", v.TimeFuncStr);
+  tree.put("Mode.TimeFuncInt", v.TimeFuncInt);
+  tree.put("Src.LastSrcFile", v.LastSrcFile);
+  tree.put("Mode.SimpleTitleIndex", v.SimpleTitleIndex);
+  tree.put("Mode.BusyModeIndex", v.BusyModeIndex);
+  tree.put("Mode.SilentModeIndex", v.SilentModeIndex);
+  tree.put("Editor.TextEditorIndex", v.TextEditorIndex);
+  tree.put("Editor.TextEditorPath1", v.TextEditorPath1);
+  tree.put("Editor.TextEditorPath2", v.TextEditorPath2);
+  return tree;
+}
+
+Tree defaultTree(TSession& s) {
+  Settings v;
+  v.lang = s.platform.userInterfaceIsJapanese() ? kJapanese : kEnglish;
+  return treeOf(v);
+}
+
+/// 0 and 1 as they are, any other value as 0.
+int zeroOrOne(int value) {
+  return value == 1 ? 1 : 0;
+}
+
+Tree currentTree(TSession& s) {
+  Settings v;
+  v.lang = s.sh.Lang;
+  v.FightFunc = storable(s.sh.FightFunc, v.FightFunc);
+  v.TimeFuncStr = s.timeData.ClockName;
+  v.TimeFuncInt = s.timeData.ClockIndex;
+  v.LastSrcFile = storable(s.sh.LastSrcFile, "");
+  if (v.LastSrcFile.empty()) v.LastSrcFile = "src\\list792j.txt";
+  v.SimpleTitleIndex = s.b.SimpleTitleIndex = zeroOrOne(s.b.SimpleTitleIndex);
+  v.BusyModeIndex = s.b.BusyModeIndex = zeroOrOne(s.b.BusyModeIndex);
+  v.SilentModeIndex = "false";  // no number, so it counts as absent when it is read back
+  v.TextEditorIndex = s.sh.TextEditorIndex;
+  v.TextEditorPath1 = storable(s.b.TextEditorPath[1], "");
+  v.TextEditorPath2 = storable(s.b.TextEditorPath[2], "");
+  return treeOf(v);
+}
+
+void writeTree(TSession& s, const std::string& path, const Tree& tree) {
+  std::ostringstream text;
+  boost::property_tree::write_ini(text, tree);
+  FileFailure failure;
+  const std::unique_ptr<OutputFile> file = s.platform.createFile(path, &failure);
+  if (file) {
+    file->write(text.view());
+    if (file->commit()) return;
+    failure.reason = file->reason();
+  }
+  tell(s, doesNotWrite, {path, failure.reason});
+}
+
+/// Puts a file that cannot be used aside, so that a default one can take its place.
+void keepAside(TSession& s, const std::string& path) {
+  if (!s.platform.renameFile(path, path + ".bak")) {
+    tell(s, leftAlone, {path});
+    return;
+  }
+  tell(s, keptAside, {path});
+  WriteDefaultIni(s, path);
+}
+
+/// The tree of the file, or the default one, told, where the file cannot be used.
+Tree readTree(TSession& s, const std::string& path) {
+  FileFailure failure;
+  const std::optional<std::string> bytes = s.platform.readFile(path, &failure);
+  if (!bytes) {
+    tell(s, doesNotOpen, {path, failure.reason});
+    keepAside(s, path);
+    return defaultTree(s);
+  }
+  try {
+    Tree tree;
+    std::istringstream text(*bytes);
+    boost::property_tree::read_ini(text, tree);
+    return tree;
+  } catch (const boost::property_tree::ini_parser_error& e) {
+    tell(s, doesNotParse, {path, e.line(), e.message()});
+  }
+  keepAside(s, path);
+  return defaultTree(s);
+}
+
+int languageOf(bool japanese) {
+  return japanese ? kJapanese : kEnglish;
+}
+
+/// A number that is absent or is none leaves `value` as it is.
+void take(const Tree& tree, const char* key, int& value) {
+  value = tree.get(key, value);
+}
+void take(const Tree& tree, const char* key, std::string& value) {
+  value = tree.get(key, value);
+}
+
+/// The order decides who wins: the later of two keys that set the same thing.
+void takeSettings(TSession& s, const Tree& tree) {
+  s.setLanguage(languageOf(tree.get("Mode.LangInt", kEnglish) == kJapanese));
+  s.setLanguage(languageOf(tree.get("Mode.LangStr", std::string("ENU")) == "JPN"));
+  s.sh.FightFunc = tree.get("Mode.FightFunc", std::string("WP"));
+  s.timeData.SetClockByName(tree.get("Mode.TimeFuncStr", std::string("QPC")));
+  s.timeData.SetClockByIndex(tree.get("Mode.TimeFuncInt", 0));
+  s.sh.TextEditorIndex = tree.get("Editor.TextEditorIndex", 0);
+  s.b.SetTextEdIndex(s.sh.TextEditorIndex);
+  take(tree, "Editor.TextEditorPath1", s.b.TextEditorPath[1]);
+  take(tree, "Editor.TextEditorPath2", s.b.TextEditorPath[2]);
+  take(tree, "Mode.SilentModeIndex", s.modeData.SilentModeIndex);
+  take(tree, "Mode.BusyModeIndex", s.modeData.BusyModeIndex);
+  s.b.BusyModeIndex = zeroOrOne(s.modeData.BusyModeIndex);
+  take(tree, "Mode.SimpleTitleIndex", s.modeData.SimpleTitleIndex);
+  s.b.SimpleTitleIndex = zeroOrOne(s.modeData.SimpleTitleIndex);
+  s.sh.LastSrcFile = tree.get("Src.LastSrcFile", std::string("src\\pn1000"));
+  s.b.SrcFilename = s.sh.LastSrcFile;
+}
+
+}  // namespace
+
+void ReadIni(TSession& s, const std::string& path) {
+  if (!s.platform.exists(path)) {
+    WriteDefaultIni(s, path);
+    // Where nothing can be written there is still nothing to read.
+    if (!s.platform.exists(path)) return takeSettings(s, defaultTree(s));
+  }
+  takeSettings(s, readTree(s, path));
+}
+
+void WriteIni(TSession& s, const std::string& path) {
+  writeTree(s, path, currentTree(s));
+}
+
+void WriteDefaultIni(TSession& s, const std::string& path) {
+  writeTree(s, path, defaultTree(s));
+}
+
+}  // namespace zelvaro
