@@ -1,0 +1,139 @@
+// The number as an address constant.  Its low 16 bits are the address.
+#include "diag/Quote.h"
+#include "encode/AdrConst.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr std::size_t kHexDigits = 4;
+constexpr int kLeast = -32768;
+constexpr int kGreatest = 65535;
+
+constexpr Message badHexDigit{Severity::Error,
+                              Head::Line,
+                              args("quote"),
+                              {.ja = "\n{quote}:  16進数字に0-9又はA-F以外の文字がある。 ",
+                               .en = "{quote}\nA hexadecimal number is written in 0-9 and A-F. \n"
+                                     "Hexadecimal notation uses 0 through 9 and A through F."}};
+constexpr Message hashAlone{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja = "\n# の右に記述がない。", .en = "{quote} \nMissing a value after '#'. "},
+    {{families(FamilyId::NWW),
+      {.ja = {}, .en = "{quote} \nNo description is found at the right side of #. "}},
+     {families(FamilyId::AP), {.ja = {}, .en = "{quote} \nMissing a hex value after '#'."}}}};
+constexpr Message manyHexDigits{
+    Severity::Error,
+    Head::Line,
+    args("quote", "count"),
+    {.ja = "{quote}: \n １６ 進数は ４ 桁で記述する。(CASL2 の仕様2･3 (4)) \n{count} 桁ある。",
+     .en = "{quote}: \nA hexadecimal nmuber should be written as four digits. (Spec. of CASL2: 2.3 (4)) \n"
+           "It has {count} digits. "}};
+constexpr Message oneHexDigit{
+    Severity::Error,
+    Head::Line,
+    args("quote", "count"),
+    {.ja = " １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) : {quote}\n{count} 桁しかない。",
+     .en = ": \nA hexadecimal number should be written as four digits. \n(Spec. of CASL2: 2.3 (4)) {quote}\n"
+           "It has only {count} digit. "}};
+constexpr Message fewHexDigits{
+    Severity::Error,
+    Head::Line,
+    args("quote", "count"),
+    {.ja = " １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) : {quote}\n{count} 桁しかない。",
+     .en = ": \nA hexadecimal number should be written as four digits. \n(Spec. of CASL2: 2.3 (4)) {quote}\n"
+           "It has only {count} digits. "}};
+constexpr Message nonDigit{Severity::Error,
+                           Head::QuoteLine,
+                           args("quote"),
+                           {.ja = "\n１０進数の中に数字以外の文字がある。",
+                            .en = "\nA non-numerical character is found in the decimal number. "}};
+
+constexpr std::string_view kOutOfRangeJa =
+    "\n10 進数の記述が 0 から 65535 までの範囲外にある。\n"
+    "その下位 16 ビットが格納される。(仕様 １・２、 注の２)  \n"
+    "10 進数の記述が -32768 から 32767 のとき、\n"
+    "16ビットの2進数データ（最上位ビットを符号ビットとする ）として格納する。 \n"
+    "その範囲外にあるとき、その下位 16 ビットが格納される。（独自仕様）  ";
+constexpr Message outOfRange{Severity::Note,
+                             Head::QuoteLine,
+                             args("quote"),
+                             {.ja = kOutOfRangeJa,
+                              .en = "\nThe decimal number is out of range. \n"
+                                    "The valid range for an unsigned decimal number is from 0 to 65535.\n"
+                                    "The valid range for an signed decimal number is -32768 to +32767.\n"
+                                    "When a decimal number exceeds this range, its lower 16 bits are \n"
+                                    "saved in memory. \n(CASL2 Spec: 2.3 (4)) \n"
+                                    "The 15th bit is the sign bit. (Zelvaro Spec.) "}};
+constexpr Message signedOutOfRange{Severity::Note,
+                                   Head::QuoteLine,
+                                   args("quote"),
+                                   {.ja = kOutOfRangeJa,
+                                    .en = "\nThe decimal number is out of range. \n"
+                                          "The range of a decimal number is from zerp to 65535.\n"
+                                          "When a decimal number exceeds the range, its lower 16-bits is\n"
+                                          " saved in memory. (Spec.of CASL2 2.3 (4)) \n"
+                                          "When a decimal number is between -32768 and 32767 \n"
+                                          "it is saved in memory as binary data in 16 bits. \n"
+                                          "The 15th bit is the sign bit. (Spec. of Zelvaro) "}};
+
+template <class Family, const Message& OutOfRange>
+int decimal(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, std::size_t signs) {
+  for (const CharOf<Family> c : p.substr(signs)) {
+    if (isDigit(c)) continue;
+    a.cs.report<Family, nonDigit>(line.Line, quote(p));
+    AnalystZenKSpace20<Family>(a.cs, p, line.Line);
+    return kAdrBadDecimal;
+  }
+  const int value = decimalValue(p);
+  if (value < kLeast || value > kGreatest) a.cs.report<Family, OutOfRange>(line.Line, quote(p));
+  line.Word2 = value & 0xFFFF;
+  return 0;
+}
+
+}  // namespace
+
+template <class Family>
+int CkAdrHex(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, int n) {
+  const ViewOf<Family> digits = p.substr(1);
+  for (const CharOf<Family> c : digits) {
+    if (isHexDigit(c)) continue;
+    a.cs.report<Family, badHexDigit>(line.Line, quote(p));
+    break;
+  }
+  if (digits.empty()) {
+    a.cs.report<Family, hashAlone>(line.Line, quote(p));
+    return kAdrNoHexDigit;
+  }
+  if (digits.size() < kHexDigits) {
+    if (digits.size() == 1) {
+      a.cs.report<Family, oneHexDigit>(line.Line, quote(p), digits.size());
+    } else {
+      a.cs.report<Family, fewHexDigits>(line.Line, quote(p), digits.size());
+    }
+    return kAdrFewHexDigits;
+  }
+  // Too many digits keep their value; the Error has stopped the run anyway.
+  if (digits.size() > kHexDigits) a.cs.report<Family, manyHexDigits>(line.Line, quote(p), digits.size());
+  line.Word2 = HexStrToIntG<Family>(a.cs, line.Line, n, p) & 0xFFFF;
+  return 0;
+}
+
+template <class Family>
+int CkAdrDec(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {
+  return decimal<Family, outOfRange>(a, line, p, 0);
+}
+
+template <class Family>
+int CkAdrSignedDec(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {
+  return decimal<Family, signedOutOfRange>(a, line, p, 1);
+}
+
+#define ZELVARO_INSTANTIATE(F)                                    \
+  template int CkAdrHex<F>(Assembly&, SrcOf<F>&, ViewOf<F>, int); \
+  template int CkAdrDec<F>(Assembly&, SrcOf<F>&, ViewOf<F>);      \
+  template int CkAdrSignedDec<F>(Assembly&, SrcOf<F>&, ViewOf<F>);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro

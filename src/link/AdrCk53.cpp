@@ -1,0 +1,180 @@
+// AdrCk53: the address pass over one program.  It counts the addresses forward and resolves the address
+// operands against what is known so far; the second run, in the link, knows everything.
+#include <algorithm>
+#include <limits>
+
+#include "diag/Quote.h"
+#include "link/Link.h"
+#include "macro/Macro.h"
+
+namespace zelvaro {
+namespace {
+
+// A guard: no line that has passed the opcode check gets here.
+constexpr Message unknownOp =
+    Message{Severity::Error,
+            Head::None,
+            args("op", "count"),
+            {.ja = "{line} 行目： {op} に該当する命令がない。\nword_kazu[{line}]={count}",
+             .en = "line {line}: {op} is not an op code defined in casl2. "}}
+        .unlogged();
+
+/// The relative and the absolute address of the next word.  They stop at the greatest int: what would go
+/// beyond it is far above the machine's size and refused behind the pass.
+struct Counters {
+  std::int32_t rel = 0;
+  std::int32_t abs = 0;
+
+  void advance(std::int32_t words) {
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+    rel = rel > kMost - words ? kMost : rel + words;
+    abs = abs > kMost - words ? kMost : abs + words;
+  }
+};
+
+/// Which operand of a machine instruction with two words is the address.
+constexpr int addressOprnd(const Instruction& i) {
+  return i.form == OpForm::Branch ? 1 : 2;
+}
+
+/// A line takes the addresses at hand and the words that it has.
+template <class Family>
+void place(SrcOf<Family>& line, Counters& at) {
+  line.RelAdr = at.rel;
+  line.AbAdr = at.abs;
+  at.advance(line.word_kazu);
+}
+
+template <class Family>
+void placeOneWord(SrcOf<Family>& line, Counters& at, int word) {
+  line.Word1 = word;
+  line.word_kazu = 1;
+  place<Family>(line, at);
+}
+
+template <class Family>
+bool placeMachine(Assembly& a, SrcOf<Family>& line, const Instruction& i, Counters& at) {
+  switch (i.form) {
+    case OpForm::None:
+      placeOneWord<Family>(line, at, firstWord(i.adrCode));
+      return true;
+    case OpForm::Both:
+    case OpForm::Memory:
+    case OpForm::Branch:
+    case OpForm::Single:
+      break;
+    default:
+      return false;
+  }
+  if (line.word_kazu == 2) {
+    line.RelAdr = at.rel;
+    line.AbAdr = at.abs;
+    // After a fault the line gets no words: the counters stay.
+    if (CkAdrConst22<Family>(a, line, addressOprnd(i)) == 0) at.advance(line.word_kazu);
+    return true;
+  }
+  if (line.word_kazu != 1) return false;
+  place<Family>(line, at);
+  return true;
+}
+
+template <class Family>
+void placeStart(Assembly& a, int prg, SrcOf<Family>& line, Counters& at) {
+  if (line.word_kazu == 2) {
+    if (CkStartAdrOperand<Family>(a, prg, line) == 0) place<Family>(line, at);
+  } else {
+    placeOneWord<Family>(line, at, 0);
+  }
+}
+
+template <class Family>
+bool placeMacro(Assembly& a, SrcOf<Family>& line, Op op, Counters& at) {
+  switch (op) {
+    case Op::IN:
+    case Op::OUT:
+      if (line.word_kazu != kInOutWords) return false;
+      address3_ck<Family>(a, line, 1);
+      address3_ck<Family>(a, line, 2);
+      InOut1<Family>(a, line);
+      break;
+    case Op::RPUSH:
+      if (line.word_kazu != kRpushWords) return false;
+      line.OprndKazu = 0;
+      break;
+    case Op::RPOP:
+      if (line.word_kazu != kRpopWords) return false;
+      line.OprndKazu = 0;
+      break;
+    default:
+      return false;
+  }
+  place<Family>(line, at);
+  return true;
+}
+
+/// False for a line that no case takes.
+template <class Family>
+bool placeLine(Assembly& a, int prg, SrcOf<Family>& line, Counters& at) {
+  const Op op = opOf(line);
+  if (op == Op::Unknown) return false;
+  const Instruction& i = instruction(op);
+  switch (i.opClass) {
+    case OpClass::Machine:
+      return placeMachine<Family>(a, line, i, at);
+    case OpClass::Macro:
+      return placeMacro<Family>(a, line, op, at);
+    case OpClass::Assembler:
+      break;
+    case OpClass::NhOnly:
+      return false;
+  }
+  if (op == Op::END) return false;
+  if (op == Op::START) {
+    placeStart<Family>(a, prg, line, at);
+  } else {
+    place<Family>(line, at);  // DC and DS, where they stand
+  }
+  return true;
+}
+
+/// The literals stand behind the lines, in the order of the lines that use them.
+template <class Family>
+void placeLiterals(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family>>& program, Counters& at) {
+  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+    if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
+    AdrConst<CharOf<Family>>& literal = *store.literal(line);
+    literal.RelAdr = at.rel;
+    literal.AbAdr = at.abs;
+    line.Word2 = at.abs;
+    at.advance(literal.WordKazu);
+  }
+}
+
+}  // namespace
+
+template <class Family>
+void AdrCk53(Assembly& a, int prg) {
+  LineStore<CharOf<Family>>& store = a.store<Family>();
+  PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  Counters at{0, program.AbAdrAtStart};
+  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+    if (line.OpStr.empty()) continue;
+    if (!placeLine<Family>(a, prg, line, at))
+      a.cs.report<Family, unknownOp>(line.Line, plain(line.OpStr), line.word_kazu);
+  }
+  program.AbAdrAfterCode = at.abs;
+  placeLiterals<Family>(store, program, at);
+  program.PrgSize = at.rel;
+  program.AbAdrAtEnd = at.abs - 1;
+  const auto next = static_cast<std::size_t>(prg) + 1;
+  if (next < store.vecPrg.size()) {
+    store.vecPrg[next].AbAdrAtStart = at.abs;
+  } else {
+    a.b.PrgEndAdr = at.abs;
+  }
+}
+
+#define ZELVARO_INSTANTIATE(F) template void AdrCk53<F>(Assembly&, int);
+ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+
+}  // namespace zelvaro
