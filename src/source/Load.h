@@ -1,7 +1,9 @@
 // From a typed name to the lines of a file: paths, detection of the encoding, the loaders.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "source/Assembly.h"
 
@@ -15,19 +17,49 @@ struct MoziCodeData {
   std::string CodeName;  ///< the name told to the user
 };
 
+/// A source file, read once for the detection and the loader; nothing where it does not open.
+using SourceBytes = std::optional<std::string>;
+
 /// Trims, quotes a name with blanks, and turns "/" into a backslash: the form that the system passes on.
+/// A name that is quoted already stays so.
 std::string NormalizePath(const std::string& name);
-/// A passed-on name as the file layer wants it: without quotes, with "/".
+/// A passed-on name as the file layer wants it: without the quotes round it, with "/".
 std::string nativePath(const std::string& name);
+/// Whether a passed-on name is a file that opens for reading.
+bool FileExists(Platform& platform, const std::string& name);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
-/// exists.  Nothing at the end of the input.
+/// exists.  Nothing at the end of the input.  A typed name is cut behind 247 characters.
 std::optional<std::string> FindSrcFile(TShellData& sh);
 
+/// Fills the record from the first bytes of the file `name`; returns `BomText`.
+std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
+/// Decides between UTF-8 and Shift-JIS by counting; returns 932, or -1 for UTF-8 and on a failure.
+int Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
 /// Finds the encoding and tells the user: DetBOM, then Det_sjis where it applies.
-void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, int simpleTitleIndex);
+void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
+                    int simpleTitleIndex);
 
-/// The load stage of WP, NWW and NwW behind the menu: detection, then the loader that fits.  0 or negative.
+/// Decodes UTF-8; a text that is none is taken for CP932.  Appends to `out`; false, with the words of the
+/// failure, if a byte has no character in either.
+bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out);
+
+/// The loaders.  Each fills the line table with the lines of `bytes` and returns 0, or tells that the file
+/// `name` does not open and returns -3, the table and the tally as they were.  All but the first read CR LF
+/// as a line end, make no line of what follows the last line end if nothing does, and keep a lone CR and a
+/// zero byte in the line.
+/// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text behind the last one is a
+///   line even when it is empty, half a character at the end of the file is dropped.
+int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                        const SourceBytes& bytes);
+/// - UTF-8 or CP932, as the record says.
+int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                       const SourceBytes& bytes);
+/// - Narrow: the lines become CP932, with "?" for a character that it does not have.
+int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
+
+/// The load stage behind the menu: detection and the loader that fits, or the narrow loader alone for a
+/// family of narrow text.  0 or negative.
 template <class Family>
 int loadSource(Assembly& a, MoziCodeData& code, const std::string& name, int simpleTitleIndex);
 

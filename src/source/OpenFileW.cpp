@@ -1,0 +1,136 @@
+#include <algorithm>
+
+#include "diag/Quote.h"
+#include "source/Load.h"
+#include "source/TextLines.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message notOpenedW =
+    Message{
+        Severity::Error,
+        Head::Prefix,
+        args("quoted", "name"),
+        {.ja =
+             "{quoted} (binary mode)を開くことができません。 \nミススペル あるいは ファイルが存在しない。 *",
+         .en = "The file {name} does not open on binary mode. \nMisspellings?  \nOr the file does not exist "
+               "there. *"}}
+        .withHead({.ja = "エラー： ", .en = ""})
+        .uncounted();
+constexpr Message noTranslation =
+    Message{Severity::Plain, Head::None, args(),
+            bothLanguages("in function utf_16_to_shift_jis, WideCharToMultiByte fail. cause: "
+                          "ERROR_NO_UNICODE_TRANSLATION")}
+        .uncounted()
+        .unlogged();
+
+constexpr int kNotOpened = -3;
+
+int notOpened(Assembly& a, const std::string& name) {
+  a.sh.report<WP, notOpenedW>(0, quote(toUtf16(name)), name);
+  return kNotOpened;
+}
+
+/// CP932 to wide text; a byte that has no character is told once for the text.
+bool ansiToWide(TShellData& sh, std::string_view bytes, std::u16string& out) {
+  const bool known = cp932ToUtf16(bytes, out);
+  if (!known) sh.report<WP, noTranslation>(0);
+  return known;
+}
+
+std::u16string_view widen(TextArena<char16_t>& arena, std::string_view ascii) {
+  char16_t* at = arena.allocate(ascii.size());
+  std::transform(ascii.begin(), ascii.end(), at, [](char c) { return static_cast<char16_t>(c); });
+  return {at, ascii.size()};
+}
+
+/// The 16-bit units of a file.
+class Units {
+ public:
+  Units(std::string_view bytes, bool littleEndian)
+      : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
+        size_(bytes.size() / 2),
+        low_(littleEndian ? 0 : 1) {}
+  std::size_t size() const { return size_; }
+  char16_t operator[](std::size_t i) const {
+    return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));
+  }
+
+ private:
+  const unsigned char* bytes_;
+  std::size_t size_;
+  std::size_t low_;  ///< which byte of a pair is the low one
+};
+
+/// A line of the units, put into the arena if it holds a statement.
+void addUnits(LineStore<char16_t>& store, const Units& units, std::size_t from, std::size_t to) {
+  std::size_t first = from;
+  while (first < to && isBlank(units[first])) ++first;
+  if (first == to || units[first] == u';') {
+    store.addLine({});
+    return;
+  }
+  char16_t* at = store.arena.allocate(to - from);
+  for (std::size_t i = from; i < to; ++i) at[i - from] = units[i];
+  store.addLine({at, to - from});
+}
+
+}  // namespace
+
+bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out) {
+  const std::size_t before = out.size();
+  if (utf8ToUtf16(bytes, out)) return true;
+  out.resize(before);
+  return ansiToWide(sh, bytes, out);
+}
+
+int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                        const SourceBytes& bytes) {
+  if (!bytes) return notOpened(a, name);
+  LineStore<char16_t>& store = a.b.vecSrcW;
+  store.clear();
+  store.reserve(countLines(*bytes));
+  const Units units(*bytes, code.CodePage == 1200);
+  std::size_t start = 1;  // unit 0 is the mark
+  for (std::size_t i = start; i + 1 < units.size(); ++i) {
+    if (units[i] != u'\r' || units[i + 1] != u'\n') continue;
+    addUnits(store, units, start, i);
+    start = ++i + 1;
+  }
+  addUnits(store, units, start, std::max(start, units.size()));
+  return 0;
+}
+
+int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                       const SourceBytes& bytes) {
+  if (!bytes) return notOpened(a, name);
+  LineStore<char16_t>& store = a.b.vecSrcW;
+  store.clear();
+  store.reserve(countLines(*bytes));
+  std::u16string wide;
+  const auto add = [&](std::string_view line) {
+    const bool statement = holdsStatement(line);
+    if (isAscii(line)) {
+      store.addLine(statement ? widen(store.arena, line) : std::u16string_view());
+      return;
+    }
+    // a comment is decoded too: its undecodable bytes are told like those of any line
+    wide.clear();
+    if (code.CodePage == 65001) {
+      MbChToWCs(a.sh, line, wide);
+    } else {
+      ansiToWide(a.sh, line, wide);
+    }
+    store.addLine(statement ? store.arena.keep(wide) : std::u16string_view());
+  };
+  std::string_view rest = *bytes;
+  if (!code.BomText.empty()) {
+    rest.remove_prefix(std::min<std::size_t>(rest.size(), 3));
+    add(takeLine(rest));  // the line of the mark is a line even when it is empty
+  }
+  while (!rest.empty()) add(takeLine(rest));
+  return 0;
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,60 @@
+// Pipes and pseudo-terminals that end with the test.
+#pragma once
+
+#include <fcntl.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <string>
+#include <string_view>
+
+namespace zelvaro::test {
+
+inline void send(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t n = ::write(fd, bytes.data(), bytes.size());
+    if (n <= 0) return;
+    bytes.remove_prefix(static_cast<std::size_t>(n));
+  }
+}
+
+/// What can be read at once.
+inline std::string received(int fd) {
+  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) | O_NONBLOCK);
+  std::string out;
+  char part[4096];
+  for (ssize_t n = 0; (n = ::read(fd, part, sizeof part)) > 0;) out.append(part, static_cast<std::size_t>(n));
+  return out;
+}
+
+class Pair {
+ public:
+  ~Pair() {
+    closeFirst();
+    closeSecond();
+  }
+  void closeFirst() { closeOne(first); }
+  void closeSecond() { closeOne(second); }
+  int first = -1, second = -1;
+
+ private:
+  static void closeOne(int& fd) {
+    if (fd >= 0) ::close(fd);
+    fd = -1;
+  }
+};
+
+/// first: the reading end, second: the writing end.
+struct Pipe : Pair {
+  Pipe() {
+    int fds[2] = {-1, -1};
+    if (::pipe2(fds, O_CLOEXEC) == 0) first = fds[0], second = fds[1];
+  }
+};
+
+/// first: the side of the person, second: the side of the program.
+struct Terminal : Pair {
+  Terminal() { ::openpty(&first, &second, nullptr, nullptr, nullptr); }
+};
+
+}  // namespace zelvaro::test
