@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zelvaro {
 
-Tcomet2::Tcomet2() { reset(); }
-
 void Tcomet2::reset() {
-  Memory.assign(kMemoryCells, 0);
-  ExecCount.assign(kMemoryCells, 0);
-  LineOfAddress.assign(kMemoryCells, -1);
+  Memory.reset();
+  ExecCount.reset();
+  LineOfAddress.reset();
   StackArea.fill(0);
   GR.fill(0);
   OS = PR = EffAdr = LastAdr = MaxExecCount = ExecCountDigits = 0;
@@ -20,7 +19,10 @@ void Tcomet2::reset() {
 }
 
 void Tcomet2::setMaxExecCount() {
-  MaxExecCount = *std::max_element(ExecCount.begin(), ExecCount.begin() + kGreatestImage);
+  const std::size_t end = std::min<std::size_t>(kGreatestImage, ExecCount.touched());
+  MaxExecCount = 0;
+  for (std::size_t adr = 0; adr < end; ++adr)
+    MaxExecCount = std::max(MaxExecCount, std::as_const(ExecCount)[adr]);
   ExecCountDigits = MaxExecCount > 0 ? static_cast<std::int32_t>(std::lround(std::log10(MaxExecCount))) : 0;
 }
 

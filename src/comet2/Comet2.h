@@ -4,33 +4,33 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
+
+#include "comet2/Cells.h"
 
 namespace zelvaro {
 
-inline constexpr int tMaxMemory = 65000;       ///< limit of a run in all pipelines but NH
-inline constexpr int kFirstSP = 0xFFFF;        ///< SP of an empty stack
-inline constexpr int kStackDepth = 500;        ///< words of the stack; the lowest SP in use is #FE0B
-inline constexpr int kGreatestImage = 65035;   ///< words of the greatest image that links (#FE0B)
-inline constexpr int kMemoryCells = 65635;     ///< cells of Memory, more than addresses
-inline constexpr int kLinesKnown = 65036;      ///< LineOfAddress has entries below this address (#FE0C)
+inline constexpr int tMaxMemory = 65000;      ///< limit of a run in all pipelines but NH
+inline constexpr int MaxMemory = 3500;        ///< the same in pipeline NH
+inline constexpr int kFirstSP = 0xFFFF;       ///< SP of an empty stack
+inline constexpr int kStackDepth = 500;       ///< words of the stack; the lowest SP in use is #FE0B
+inline constexpr int kGreatestImage = 65035;  ///< words of the greatest image that links (#FE0B)
+inline constexpr int kMemoryCells = 65635;    ///< cells of Memory, more than addresses
+inline constexpr int kLinesKnown = 65036;     ///< LineOfAddress has entries below this address (#FE0C)
 inline constexpr int kAddressSpace = 65536;
 
 /// The machine.  Cells and registers are 32-bit integers; the word that one holds is its low 16 bits.
 class Tcomet2 {
  public:
-  Tcomet2();
-
   /// Everything as before a link.
   void reset();
 
-  std::int32_t OS = 0;                      ///< nesting depth of CALL
-  std::vector<std::int32_t> Memory;         ///< kMemoryCells cells
-  std::vector<std::int32_t> ExecCount;      ///< fetches of each address
-  std::int32_t MaxExecCount = 0;            ///< the greatest ExecCount, worked out after the run
-  std::int32_t ExecCountDigits = 0;         ///< its decimal logarithm, rounded
-  std::vector<std::int32_t> LineOfAddress;  ///< 0-based source line of each address, -1 for none
-  std::int32_t LastAdr = 0;                 ///< words of the image, for pipeline NH
+  std::int32_t OS = 0;                    ///< nesting depth of CALL
+  Cells Memory{kMemoryCells, 0};          ///< the main memory
+  Cells ExecCount{kMemoryCells, 0};       ///< fetches of each address
+  std::int32_t MaxExecCount = 0;          ///< the greatest ExecCount, worked out after the run
+  std::int32_t ExecCountDigits = 0;       ///< its decimal logarithm, rounded
+  Cells LineOfAddress{kMemoryCells, -1};  ///< 0-based source line of each address, -1 for none
+  std::int32_t LastAdr = 0;               ///< words of the image, for pipeline NH
   std::array<std::int32_t, kStackDepth + 1> StackArea{};  ///< the word for SP = s lies at #FFFF - s
   std::array<std::int32_t, 8> GR{};
   std::int32_t PR = 0;      ///< program register; may exceed 16 bits
@@ -44,7 +44,12 @@ class Tcomet2 {
   void setMaxExecCount();
 };
 
-constexpr std::int32_t unsignedWord(std::int32_t v) { return v & 0xFFFF; }
-constexpr std::int32_t signedWord(std::int32_t v) { return static_cast<std::int16_t>(v & 0xFFFF); }
+/// The word that a cell or register holds, read as unsigned and as signed.
+constexpr std::int32_t unsignedWord(std::int32_t v) {
+  return v & 0xFFFF;
+}
+constexpr std::int32_t signedWord(std::int32_t v) {
+  return static_cast<std::int16_t>(v & 0xFFFF);
+}
 
 }  // namespace zelvaro

@@ -1,0 +1,204 @@
+#include "comet2/Decode.h"
+
+#include "encode/Instructions.h"
+
+namespace zelvaro {
+namespace {
+
+/// What the loop knows of a handler.
+struct HandlerInfo {
+  std::uint8_t words = 1;    ///< of its first instruction
+  std::uint8_t parts = 1;    ///< instructions
+  bool loadsDirect = false;  ///< loads from the address that its second word names
+  bool canBeFirst = false;   ///< some handler begins with this instruction
+};
+
+enum class Kind { Direct, Indexed, Register, Plain };
+
+constexpr HandlerInfo infoOf(Op op, Kind kind) {
+  HandlerInfo info;
+  info.words = kind == Kind::Direct || kind == Kind::Indexed ? 2 : 1;
+  info.loadsDirect = instruction(op).form == OpForm::Both && kind == Kind::Direct;
+  return info;
+}
+
+/// A handler of several instructions: the first one and the handler of the rest.
+struct FusedRow {
+  Handler first, rest, fused;
+  std::uint8_t parts;
+};
+
+constexpr FusedRow kFusedRows[] = {
+#define ZELVARO_STOP(name)
+#define ZELVARO_SINGLE(m, kind)
+#define ZELVARO_FUSED2(a, ka, b, kb) {Handler::a##ka, Handler::b##kb, Handler::a##ka##_##b##kb, 2},
+#define ZELVARO_FUSED3(a, ka, b, kb, c, kc) \
+  {Handler::a##ka, Handler::b##kb##_##c##kc, Handler::a##ka##_##b##kb##_##c##kc, 3},
+#include "comet2/Handlers.inc"
+};
+
+constexpr std::size_t indexOf(Handler h) {
+  return static_cast<std::size_t>(h);
+}
+
+constexpr auto kInfo = [] {
+  std::array<HandlerInfo, kHandlers> table{};
+#define ZELVARO_STOP(name)
+#define ZELVARO_SINGLE(m, kind) table[indexOf(Handler::m##kind)] = infoOf(Op::m, Kind::kind);
+#define ZELVARO_FUSED2(a, ka, b, kb)
+#define ZELVARO_FUSED3(a, ka, b, kb, c, kc)
+#include "comet2/Handlers.inc"
+  table[indexOf(Handler::LoadStop)].words = 2;
+  table[indexOf(Handler::LoadStop)].loadsDirect = true;
+  for (const FusedRow& row : kFusedRows) {
+    table[indexOf(row.fused)].parts = row.parts;
+    table[indexOf(row.first)].canBeFirst = true;
+  }
+  return table;
+}();
+
+/// The handler that does two others in a row, or Handler::Decode.
+constexpr auto kFused = [] {
+  std::array<std::array<Handler, kHandlers>, indexOf(kFusedRows[0].fused)> table{};
+  for (const FusedRow& row : kFusedRows) table[indexOf(row.first)][indexOf(row.rest)] = row.fused;
+  return table;
+}();
+
+/// An operation code: its handlers without and with an index register, and which register fields of the
+/// first word have to name a register.
+struct Code {
+  Handler direct = Handler::UnregisteredStop;
+  Handler indexed = Handler::UnregisteredStop;
+  bool checksR = true;
+  bool checksX = true;
+};
+
+/// NOP and RET have no registers; POP has r only, the branch form x only.  EXIT is checked in both fields.
+constexpr Code codeOf(const Instruction& row, Handler direct, Handler indexed) {
+  const bool known = row.opClass == OpClass::Machine;
+  return {direct, indexed, !known || (row.form != OpForm::None && row.form != OpForm::Branch),
+          !known || (row.form != OpForm::None && row.form != OpForm::Single)};
+}
+
+constexpr auto kCodes = [] {
+  std::array<Code, 256> table{};
+  const auto enter = [&table](Op op, Kind kind, Handler h) {
+    const Instruction& row = instruction(op);
+    Code& code = table[static_cast<std::size_t>(kind == Kind::Register ? row.regCode : row.adrCode)];
+    code = codeOf(row, kind == Kind::Indexed ? code.direct : h, kind == Kind::Direct ? code.indexed : h);
+  };
+#define ZELVARO_STOP(name)
+#define ZELVARO_SINGLE(m, kind) enter(Op::m, Kind::kind, Handler::m##kind);
+#define ZELVARO_FUSED2(a, ka, b, kb)
+#define ZELVARO_FUSED3(a, ka, b, kb, c, kc)
+#include "comet2/Handlers.inc"
+  return table;
+}();
+
+}  // namespace
+
+void Decoded::set(int adr, unsigned bit) {
+  std::uint8_t& readers = readers_.get()[adr];
+  readers = static_cast<std::uint8_t>(readers | bit);
+}
+
+void Decoded::clear(int adr, unsigned bit) {
+  std::uint8_t& readers = readers_.get()[adr];
+  readers = static_cast<std::uint8_t>(readers & ~bit);
+}
+
+/// Takes the instruction of an address apart, if that has not been done, and returns its handler.
+Handler Decoded::single(int adr) {
+  Entry& e = entries_.get()[adr];
+  if (has(adr, kFirstWord)) return e.single;
+  const std::int32_t cell = memory_[adr];
+  const int word = unsignedWord(cell);
+  const Code& code = kCodes[static_cast<std::size_t>(word >> 8)];
+  e.r = static_cast<std::uint8_t>(word >> 4 & 0xF);
+  e.x = static_cast<std::uint8_t>(word & 0xF);
+  e.single = e.x == 0 ? code.direct : code.indexed;
+  if ((e.r > 7 && code.checksR) || (e.x > 7 && code.checksX)) e.single = Handler::RegisterStop;
+  if (e.single == Handler::NOPPlain && cell != 0) e.single = Handler::NopStop;
+  set(adr, kFirstWord);
+  if (kInfo[indexOf(e.single)].words == 2) {
+    e.second = static_cast<std::uint16_t>(unsignedWord(memory_[adr + 1]));
+    if (kInfo[indexOf(e.single)].loadsDirect && e.second > limit_) e.single = Handler::LoadStop;
+    set(adr + 1, kSecondWord);
+  }
+  pageUsed_[static_cast<std::size_t>(adr / kPage)] = true;
+  return e.single;
+}
+
+/// The handler of an address that does up to `following` more instructions.
+Handler Decoded::withFollowing(int adr, int following) {
+  const Handler first = single(adr);
+  const HandlerInfo& info = kInfo[indexOf(first)];
+  const int next = adr + info.words;
+  if (following == 0 || !info.canBeFirst || next > limit_) return first;
+  const auto& fusedWith = kFused[indexOf(first)];
+  Handler fused = fusedWith[indexOf(withFollowing(next, following - 1))];
+  if (fused == Handler::Decode) fused = fusedWith[indexOf(single(next))];
+  return fused == Handler::Decode ? first : fused;
+}
+
+Handler Decoded::decode(int adr) {
+  const Handler handler = withFollowing(adr, entries_.get()[adr].drops < kMostDrops ? 2 : 0);
+  int part = adr;
+  for (int i = 1; i < kInfo[indexOf(handler)].parts; ++i) {
+    part += kInfo[indexOf(entries_.get()[part].single)].words;
+    set(part, fusedBit(part - adr));
+  }
+  return handler;
+}
+
+/// The entry is decoded again when it is met, and no longer does the instructions behind its own.
+void Decoded::dropHandler(int adr) {
+  Entry& e = entries_.get()[adr];
+  if (e.handler == 0) return;
+  e.handler = 0;
+  if (e.drops < kMostDrops) ++e.drops;
+  for (int distance = 1; distance <= kGreatestDistance; ++distance) clear(adr + distance, fusedBit(distance));
+}
+
+/// Nothing is known of the instruction any more, so whatever does it is dropped.
+void Decoded::dropInstruction(int adr) {
+  for (int distance = 1; distance <= kGreatestDistance; ++distance)
+    if (has(adr, fusedBit(distance))) dropHandler(adr - distance);
+  dropHandler(adr);
+  if (kInfo[indexOf(entries_.get()[adr].single)].words == 2) clear(adr + 1, kSecondWord);
+  clear(adr, kFirstWord);
+}
+
+/// The handlers take the second word from its entry at each execution, so it is enough to mend it there,
+/// unless the decoding has looked at it: a load's address and the limit.
+void Decoded::changeSecondWord(int adr, int word) {
+  Entry& e = entries_.get()[adr];
+  const bool wasLookedAt = kInfo[indexOf(e.single)].loadsDirect && (e.second > limit_ || word > limit_);
+  if (wasLookedAt) {
+    dropInstruction(adr);
+  } else {
+    e.second = static_cast<std::uint16_t>(word);
+  }
+}
+
+void Decoded::stored(int adr) {
+  if (has(adr, kSecondWord)) changeSecondWord(adr - 1, unsignedWord(memory_[adr]));
+  if (has(adr, kFirstWord)) dropInstruction(adr);
+}
+
+/// The counts are 32-bit integers: those of a very long run begin again.
+std::int32_t Decoded::countOf(const Cells& ExecCount, int adr) const {
+  const std::int32_t before = ExecCount[static_cast<std::size_t>(adr)];
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(before) + entries_.get()[adr].count);
+}
+
+void Decoded::addCountsTo(Cells& ExecCount) {
+  for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
+    if (!pageUsed_[page]) continue;
+    for (std::size_t adr = page * kPage; adr < (page + 1) * kPage; ++adr) {
+      if (entries_.get()[adr].count != 0) ExecCount[adr] = countOf(ExecCount, static_cast<int>(adr));
+    }
+  }
+}
+
+}  // namespace zelvaro

@@ -1,0 +1,62 @@
+// The guards of the virtual OS: what a run says when it stops, and the watch over indexed stores.
+#pragma once
+
+#include <cstdint>
+
+#include "comet2/Comet2.h"
+#include "diag/Family.h"
+#include "platform/Platform.h"
+
+namespace zelvaro {
+
+/// Why a run has stopped.  PR and all else stand in the machine as the stop has left them.
+enum class Stop : std::uint8_t {
+  End,           ///< the top-level RET, EXIT, or PR above 65535
+  Pr,            ///< PR above the limit
+  Register,      ///< a word that names a register above 7
+  Load,          ///< a load beyond the limit
+  Store,         ///< an indexed store beyond the limit; its words have been printed
+  Stack,         ///< a PUSH or CALL with the stack full
+  EmptyStack,    ///< a POP with the stack empty
+  Return,        ///< a RET with OS above 0 and SP above #FFFF
+  Nop,           ///< a NOP that is not the word 0
+  Unregistered,  ///< a word that is no instruction
+  Steps          ///< the number of steps asked for is reached
+};
+
+inline constexpr int kRunMustStop = 999;  ///< what the store guard returns then
+
+/// The highest address that a run may use.
+template <class Family>
+inline constexpr int kRunLimit = Family::id == FamilyId::NH ? MaxMemory : tMaxMemory;
+
+/// Asked about every indexed store at or above `from()`.
+class StoreWatch {
+ public:
+  virtual ~StoreWatch() = default;
+  /// The store guard and the store warning, for an ST whose second word PR stands on and which has been
+  /// executed `count` times.  Returns kRunMustStop, or 0 if the store is to be carried out.
+  virtual int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
+  std::int32_t from() const { return from_; }
+
+ protected:
+  explicit StoreWatch(std::int32_t from) : from_(from) {}
+  std::int32_t from_;
+};
+
+template <class Family>
+class FamilyStoreWatch : public StoreWatch {
+ public:
+  FamilyStoreWatch(const Tcomet2& m, Platform& platform, int PrgEndAdr);
+  int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override;
+
+ private:
+  Platform& platform_;
+  int PrgEndAdr_;
+};
+
+/// Prints the words of a stop, without the end words and the run time that may follow.
+template <class Family>
+void tellStop(Stop stop, Tcomet2& m, Platform& platform);
+
+}  // namespace zelvaro

@@ -1,0 +1,23 @@
+// The services of the virtual OS round the machine: what SVC does.
+#pragma once
+
+#include "comet2/Comet2.h"
+#include "platform/Platform.h"
+
+namespace zelvaro {
+
+inline constexpr std::int32_t kSvcIn = 1;
+inline constexpr std::int32_t kSvcOut = 2;
+
+/// Answers an SVC: 1 is SvcIn, 2 SvcOut, any other number prints a note.  No service changes a register, a
+/// flag, PR or SP.  Returns how many characters SvcIn has stored, 0 otherwise.
+int SvcCall(Tcomet2& m, Platform& platform, std::int32_t number);
+
+/// Reads one line into `Memory`: its length goes to the address in GR2, its characters, a UTF-16 unit a word,
+/// from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of characters.
+int SvcIn(Tcomet2& m, Platform& platform);
+
+/// Prints as many words from the address in GR1 as the cell at the address in GR2 says, as UTF-16.
+void SvcOut(const Tcomet2& m, Platform& platform);
+
+}  // namespace zelvaro
