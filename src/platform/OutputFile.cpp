@@ -71,7 +71,7 @@ bool TemporaryFile::targetCanBeReplaced(mode_t& mode) {
     fail(wordsOf(EISDIR));
   } else if (!S_ISREG(status.st_mode)) {
     fail("Not a regular file");
-  } else if (::access(target_.c_str(), W_OK) != 0) {
+  } else if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
     fail(wordsOf(errno));
   } else {
     mode = status.st_mode & 0777;
