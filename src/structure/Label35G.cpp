@@ -1,5 +1,7 @@
 // The label rules, in five passes over the lines of a program; each pass looks at all lines.
 // Tested by tests/structure/LabelTest.cpp.
+#include <algorithm>
+
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
@@ -58,11 +60,13 @@ void takeOut(Assembly& a, Lines lines) {
   }
 }
 
-/// Pass 3: only the first bad label of a program is reported.  A bad first character is pass 2's.
+/// Pass 3: the characters behind the first, which is the business of pass 2.  Only the first bad label of
+/// a program is reported.
 template <class Family, class Lines>
 void checkLetters(Assembly& a, Lines lines) {
   for (const auto& line : lines) {
-    if (upperCaseTest(line.LabelStr) == 0) continue;
+    if (line.LabelStr.empty() || std::ranges::all_of(line.LabelStr.substr(1), isLabelMozi<CharOf<Family>>))
+      continue;
     a.cs.report<Family, otherCharacter>(line.Line, plain(line.LabelStr));
     AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.LabelStr);
     return;
