@@ -32,7 +32,7 @@ constexpr Message decMozi{Severity::Error,
 constexpr Message hexMozi{Severity::Error,
                           Head::Line,
                           args(),
-                          {.ja = "リテラル16進定数は 0 - 9 の数字と  A - F の英大文字を使う。",
+                          {.ja = "リテラル16進定数は 0 - 9 の数字 と  A - F の英大文字を使う。",
                            .en = "A hexadecimal number is written in 0-9 and A-F. "}};
 
 constexpr Message hexDigits{
