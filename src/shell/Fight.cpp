@@ -122,7 +122,7 @@ bool TGame::link(const Pipeline& p) {
   takeStamp(s_.timeData, s_.platform, Stamp::LinkEnd);
   print(timeLineOfLink(s_.timeData, s_.platform, p.fixedTimeLines));
   PrgFilename = s_.m.Filename = s_.b.FirstPrgName;
-  print(inLanguage(Lang, "アセンブル成功 \n", "Successfully Assembled! \n"));
+  print(inLanguage(Lang, "アセンブル成功 ", "Successfully Assembled! "));
   writeReport(p, AssembledRegFile, "\nアセンブルされた", isFirstAssembled_);
   return true;
 }

@@ -1,0 +1,180 @@
+// zelvaro.ini: what is written, what is read, who wins, and what happens to a file that cannot be used.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "shell/Settings.h"
+#include "support/ScriptedPlatform.h"
+
+namespace zelvaro {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+constexpr const char* kIni = "zelvaro.ini";
+
+std::string defaultFile(bool japanese) {
+  return std::string("[Mode]\n") + (japanese ? "LangStr=JPN\nLangInt=0\n" : "LangStr=ENU\nLangInt=1\n") +
+         "FightFunc=WP\nTimeFuncStr=QPC\nTimeFuncInt=0\nSimpleTitleIndex=0\nBusyModeIndex=1\n"
+         "SilentModeIndex=0\n"
+         "[Src]\nLastSrcFile=src\\pn1000.txt\n"
+         "[Editor]\nTextEditorIndex=0\nTextEditorPath1=\nTextEditorPath2=\n";
+}
+
+class SettingsTest : public ::testing::Test {
+ protected:
+  test::ScriptedPlatform platform;
+  TSession s{platform};
+
+  void read(const std::string& text) {
+    platform.files[kIni] = text;
+    ReadIni(s, kIni);
+  }
+};
+
+TEST_F(SettingsTest, AFirstStartWritesADefaultFileInTheUsersLanguage) {
+  for (const bool japanese : {false, true}) {
+    platform.files.clear();
+    platform.japanese = japanese;
+    ReadIni(s, kIni);
+    EXPECT_EQ(platform.files[kIni], defaultFile(japanese));
+    EXPECT_EQ(s.sh.Lang, japanese ? kJapanese : kEnglish);
+    EXPECT_EQ(s.sh.FightFunc, "WP");
+    EXPECT_EQ(s.sh.LastSrcFile, "src\\pn1000.txt");
+  }
+  EXPECT_EQ(platform.console, "");
+}
+
+TEST_F(SettingsTest, TheLaterOfTwoKeysWins) {
+  struct Case {
+    const char* text;
+    int lang;
+    const char* clock;
+  };
+  for (const Case& c : {
+           Case{"[Mode]\nLangInt=1\nLangStr=JPN\n", kJapanese, "QPC"},
+           Case{"[Mode]\nLangStr=ENU\nLangInt=0\n", kEnglish, "QPC"},
+           Case{"[Mode]\nLangInt=0\n", kEnglish, "QPC"},  // an absent name stands for English, too
+           Case{"[Mode]\nLangStr=jpn\n", kEnglish, "QPC"},
+           Case{"[Mode]\nTimeFuncStr=std::clock()\nTimeFuncInt=1\n", kEnglish, "std::chrono"},
+           Case{"[Mode]\nTimeFuncStr=std::chrono\nTimeFuncInt=2\n", kEnglish, "std::clock()"},
+           Case{"[Mode]\nTimeFuncStr=std::clock()\nTimeFuncInt=2x\n", kEnglish, "QPC"},
+       }) {
+    read(c.text);
+    for (const int lang : {s.sh.Lang, s.b.Lang, s.cs.Lang, s.modeData.LangIndex})
+      EXPECT_EQ(lang, c.lang) << c.text;
+    EXPECT_EQ(s.timeData.ClockName, c.clock) << c.text;
+  }
+}
+
+TEST_F(SettingsTest, AbsentAndUnparsableValues) {
+  read(
+      "[Mode]\nSimpleTitleIndex=1\nBusyModeIndex=7\nSilentModeIndex=1\n"
+      "[Editor]\nTextEditorIndex=2\nTextEditorPath1=one\nTextEditorPath2=/usr/bin/two -w\n");
+  EXPECT_EQ(s.sh.FightFunc, "WP");
+  EXPECT_EQ(s.sh.LastSrcFile, "src\\pn1000");
+  EXPECT_EQ(s.modeData.BusyModeIndex, 7);
+  EXPECT_EQ(s.b.BusyModeIndex, 0);
+  read("[Mode]\nSimpleTitleIndex=x\nBusyModeIndex=\nSilentModeIndex=false\n[Editor]\nTextEditorIndex=1.5\n");
+  EXPECT_EQ(s.modeData.SimpleTitleIndex, 1);
+  EXPECT_EQ(s.modeData.BusyModeIndex, 7);
+  EXPECT_EQ(s.modeData.SilentModeIndex, 1);
+  EXPECT_EQ(s.b.TextEditorIndex(), 0);
+  EXPECT_EQ(s.b.TextEditorPath[0], "notepad.exe");
+  EXPECT_EQ(s.b.TextEditorPath[1], "one");
+  EXPECT_EQ(s.b.TextEditorPath[2], "/usr/bin/two -w");
+  read("");  // an empty file is a file without settings
+  EXPECT_EQ(platform.console, "");
+}
+
+TEST_F(SettingsTest, AnEditorOutOfRangeIsCorrected) {
+  read("[Editor]\nTextEditorIndex=5\n");
+  EXPECT_EQ(platform.console,
+            "PrgError: index < 0 || 2 < index\nThe index was corrected to be zero.\n"
+            "TBasicData::SetTextEdIndex(int)\n");
+  EXPECT_EQ(s.b.TextEditorIndex(), 0);
+  EXPECT_EQ(s.sh.TextEditorIndex, 5);  // as read, until the pipeline's start
+}
+
+TEST_F(SettingsTest, WritesTheRunningProgram) {
+  read(
+      "[Mode]\nLangStr=JPN\nFightFunc=NWW\nTimeFuncInt=2\nSimpleTitleIndex=4\nBusyModeIndex=1\n"
+      "SilentModeIndex=1\n[Src]\nLastSrcFile=src\\例 1.txt\n"
+      "[Editor]\nTextEditorIndex=1\nTextEditorPath1=\"/opt/my editor\" -w\n");
+  WriteIni(s, kIni);
+  EXPECT_EQ(platform.files[kIni],
+            "[Mode]\nLangStr=JPN\nLangInt=0\nFightFunc=NWW\nTimeFuncStr=std::clock()\nTimeFuncInt=2\n"
+            "SimpleTitleIndex=0\nBusyModeIndex=1\nSilentModeIndex=false\n"
+            "[Src]\nLastSrcFile=src\\例 1.txt\n"
+            "[Editor]\nTextEditorIndex=1\nTextEditorPath1=\"/opt/my editor\" -w\nTextEditorPath2=\n");
+  s.sh.LastSrcFile.clear();
+  WriteIni(s, kIni);
+  EXPECT_THAT(platform.files[kIni], HasSubstr("LastSrcFile=src\\list792j.txt\n"));
+}
+
+TEST_F(SettingsTest, ControlCharactersNeverReachTheFile) {
+  read("");
+  s.sh.FightFunc = "W\x01P";
+  s.sh.LastSrcFile = "a\n[Mode]\nLangStr=JPN";
+  s.b.TextEditorPath[1] = "one\rtwo";
+  s.b.TextEditorPath[2] = "three\x7F";
+  WriteIni(s, kIni);
+  const std::string& file = platform.files[kIni];
+  EXPECT_THAT(file, HasSubstr("FightFunc=WP\n"));
+  EXPECT_THAT(file, HasSubstr("LastSrcFile=src\\list792j.txt\n"));
+  EXPECT_THAT(file, HasSubstr("TextEditorPath1=\nTextEditorPath2=\n"));
+}
+
+TEST_F(SettingsTest, AFileThatDoesNotParseIsToldKeptAndReplaced) {
+  struct Case {
+    const char* text;
+    const char* line;
+    const char* reason;
+  };
+  for (const Case& c : {
+           Case{"\xEF\xBB\xBF[Mode]\nLangStr=JPN\n", "1", "'=' character not found in line"},
+           Case{"[Mode]\nLangStr=JPN\nLangStr=ENU\n", "3", "duplicate key name"},
+           Case{"[Mode]\nLangInt=0\n[Src]\nLastSrcFile=a\n[Mode]\n", "5", "duplicate section name"},
+           Case{"[Mode\n", "1", "unmatched '['"},
+           Case{"; a note\n=1\n", "2", "key expected"},
+       }) {
+    platform.console.clear();
+    read(c.text);
+    EXPECT_EQ(platform.files["zelvaro.ini.bak"], c.text);
+    EXPECT_EQ(platform.files[kIni], defaultFile(false));
+    EXPECT_EQ(s.sh.Lang, kEnglish);
+    const std::string told = std::string("設定ファイル zelvaro.ini の ") + c.line +
+                             " 行目を読み取れません： " + c.reason + "\nLine " + c.line +
+                             " of the settings file zelvaro.ini cannot be understood: " + c.reason + "\n";
+    EXPECT_EQ(platform.console.substr(0, told.size()), told);
+    EXPECT_THAT(platform.console, HasSubstr("zelvaro.ini.bak"));
+  }
+}
+
+TEST_F(SettingsTest, AFolderOfThatNameIsToldAndLeftAlone) {
+  platform.folders.insert(kIni);  // the scripted platform renames no folders
+  ReadIni(s, kIni);
+  EXPECT_THAT(platform.console, HasSubstr("The settings file zelvaro.ini cannot be read: Is a directory\n"));
+  EXPECT_THAT(platform.console, HasSubstr("It stays as it is"));
+  EXPECT_EQ(s.sh.FightFunc, "WP");
+  WriteIni(s, kIni);
+  EXPECT_THAT(platform.console,
+              HasSubstr("The settings file zelvaro.ini cannot be written: Is a directory\n"));
+}
+
+TEST_F(SettingsTest, WhereNothingCanBeWrittenTheDefaultsHold) {
+  platform.unwritable.insert(kIni);
+  platform.japanese = true;
+  ReadIni(s, kIni);
+  EXPECT_EQ(platform.files.count(kIni), 0u);
+  EXPECT_THAT(platform.console,
+              HasSubstr("設定ファイル zelvaro.ini に書き込めません： No space left on device\n"));
+  EXPECT_THAT(platform.console,
+              HasSubstr("The settings file zelvaro.ini cannot be written: No space left on device\n"));
+  EXPECT_THAT(platform.console, Not(HasSubstr("cannot be read")));
+  EXPECT_EQ(s.sh.Lang, kJapanese);
+  EXPECT_EQ(s.sh.LastSrcFile, "src\\pn1000.txt");
+}
+
+}  // namespace
+}  // namespace zelvaro
