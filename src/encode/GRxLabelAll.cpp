@@ -1,4 +1,5 @@
 // A first operand that is exactly a register, and the comma behind it.
+// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 

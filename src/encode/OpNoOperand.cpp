@@ -1,4 +1,5 @@
 // An operand on an instruction that takes none.
+// Tested by tests/statements/OpcodeTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encode.h"
 
