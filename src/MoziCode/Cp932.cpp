@@ -2,8 +2,8 @@
 
 #include <iconv.h>
 
-#include <cerrno>
-#include <cstring>
+#include <algorithm>
+#include <bit>
 
 #include "MoziCode/Utf.h"
 
@@ -21,18 +21,17 @@ class Converter {
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  /// Converts `size` bytes at `in` into at most `room` bytes at `out`; returns how many were written, or
-  /// -1 if they are no complete, known character.
-  long convert(const void* in, std::size_t size, void* out, std::size_t room) {
-    if (!usable()) return -1;
-    char buffer[8];
-    std::memcpy(buffer, in, size);
-    char* from = buffer;
-    char* to = static_cast<char*>(out);
-    const std::size_t before = room;
+  /// Converts as much of `in` as is complete and known, moves both ends on, and returns whether that was
+  /// all.  `to` has room for everything.
+  bool convert(std::string_view& in, char*& to, std::size_t room) {
+    if (in.empty()) return true;
+    if (!usable()) return false;
+    char* from = const_cast<char*>(in.data());
+    std::size_t left = in.size();
     iconv(cd_, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(cd_, &from, &size, &to, &room) == static_cast<std::size_t>(-1) || size != 0) return -1;
-    return static_cast<long>(before - room);
+    const bool all = iconv(cd_, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
+    in.remove_prefix(in.size() - left);
+    return all;
   }
 
  private:
@@ -40,47 +39,58 @@ class Converter {
   iconv_t cd_;
 };
 
+constexpr const char* kUtf16 = std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
+
 Converter& wideFromCp932() {
-  static Converter c("UTF-16LE", "CP932");
+  static Converter c(kUtf16, "CP932");
   return c;
 }
 Converter& cp932FromWide() {
-  static Converter c("CP932", "UTF-16LE");
+  static Converter c("CP932", kUtf16);
   return c;
 }
 
-/// The CP932 code of one character: 1 or 2 bytes, or 0 for none.
-int encodeCharacter(char16_t c, char (&out)[4]) {
-  if (c < 0x80) {
-    out[0] = static_cast<char>(c);
-    return 1;
-  }
-  const unsigned char bytes[2] = {static_cast<unsigned char>(c & 0xFF), static_cast<unsigned char>(c >> 8)};
-  const long n = cp932FromWide().convert(bytes, 2, out, sizeof out);
-  return n == 1 || n == 2 ? static_cast<int>(n) : 0;
+constexpr std::size_t kUnit = sizeof(char16_t);
+
+std::string_view bytesOf(std::u16string_view text) {
+  return {reinterpret_cast<const char*>(text.data()), text.size() * kUnit};
+}
+
+bool isAscii(char16_t c) {
+  return c < 0x80;
+}
+bool isAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
+/// How many characters from the front are ASCII, which is the same on both sides.
+template <class Char>
+std::size_t asciiPrefix(std::basic_string_view<Char> s) {
+  std::size_t n = 0;
+  while (n < s.size() && isAscii(s[n])) ++n;
+  return n;
 }
 
 }  // namespace
 
 bool cp932ToUtf16(std::string_view bytes, std::u16string& out) {
   bool known = true;
-  out.reserve(out.size() + bytes.size());
-  for (std::size_t i = 0; i < bytes.size();) {
-    if (static_cast<unsigned char>(bytes[i]) < 0x80) {
-      out.push_back(static_cast<char16_t>(bytes[i++]));
-      continue;
-    }
-    const std::size_t want = isCp932Lead(bytes[i]) && i + 1 < bytes.size() ? 2 : 1;
-    unsigned char unit[4] = {};
-    if (wideFromCp932().convert(bytes.data() + i, want, unit, sizeof unit) == 2) {
-      out.push_back(static_cast<char16_t>(unit[0] | (unit[1] << 8)));
-      i += want;
-    } else {
-      known = false;
-      out.push_back(kReplacement);
-      ++i;
-    }
+  const std::size_t before = out.size();
+  out.resize(before + bytes.size());  // no character is shorter in CP932
+  char16_t* to = out.data() + before;
+  while (!bytes.empty()) {
+    const std::size_t ascii = asciiPrefix(bytes);
+    to = std::copy_n(bytes.begin(), ascii, to);
+    bytes.remove_prefix(ascii);
+    char* at = reinterpret_cast<char*>(to);
+    const bool all = wideFromCp932().convert(bytes, at, bytes.size() * kUnit);
+    to = reinterpret_cast<char16_t*>(at);
+    if (all) continue;
+    known = false;
+    *to++ = kReplacement;
+    bytes.remove_prefix(1);
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
   return known;
 }
 
@@ -92,19 +102,23 @@ std::u16string cp932ToUtf16(std::string_view bytes) {
 
 bool utf16ToCp932(std::u16string_view text, std::string& out) {
   bool known = true;
-  out.reserve(out.size() + text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char code[4] = {};
-    const int n = encodeCharacter(text[i], code);
-    if (n == 0) {
-      known = false;
-      out.push_back('?');
-      const bool pair = (text[i] & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-      if (pair) ++i;
-    } else {
-      out.append(code, static_cast<std::size_t>(n));
-    }
+  const std::size_t before = out.size();
+  out.resize(before + text.size() * 2);
+  char* to = out.data() + before;
+  while (!text.empty()) {
+    const std::size_t ascii = asciiPrefix(text);
+    for (std::size_t i = 0; i < ascii; ++i) *to++ = static_cast<char>(text[i]);
+    text.remove_prefix(ascii);
+    std::string_view bytes = bytesOf(text);
+    const bool all = cp932FromWide().convert(bytes, to, bytes.size());
+    text.remove_prefix(text.size() - bytes.size() / kUnit);
+    if (all) continue;
+    known = false;
+    *to++ = '?';
+    const bool pair = text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
+    text.remove_prefix(pair ? 2 : 1);
   }
+  out.resize(static_cast<std::size_t>(to - out.data()));
   return known;
 }
 
@@ -119,8 +133,11 @@ std::string cp932ToUtf8(std::string_view bytes) {
 }
 
 bool isFullWidth(char16_t c) {
+  if (isAscii(c)) return false;
   char code[4] = {};
-  return encodeCharacter(c, code) == 2;
+  char* to = code;
+  std::string_view bytes = bytesOf({&c, 1});
+  return cp932FromWide().convert(bytes, to, sizeof code) && to - code == 2;
 }
 
 }  // namespace zelvaro

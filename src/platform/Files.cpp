@@ -2,15 +2,19 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
+
+#include "platform/Memory.h"
 
 namespace zelvaro::posix {
 namespace {
@@ -57,6 +61,46 @@ int readToEnd(int fd, std::size_t expected, std::string& bytes) {
   return 0;
 }
 
+/// Memory straight from the system, in large pages where it has them: a fresh page costs more than reading
+/// what goes into it.
+class LargeMemory {
+ public:
+  static std::shared_ptr<LargeMemory> allocate(std::size_t size) {
+    constexpr std::size_t kLargePage = std::size_t{2} << 20;
+    const std::size_t length = (size / kLargePage + 2) * kLargePage;
+    void* base = ::mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (base == MAP_FAILED) return nullptr;
+    void* aligned = base;
+    std::size_t room = length;
+    std::align(kLargePage, length - kLargePage, aligned, room);
+    preferLargePages(aligned, length - kLargePage);
+    return std::make_shared<LargeMemory>(base, length, static_cast<char*>(aligned));
+  }
+  LargeMemory(void* base, std::size_t length, char* aligned) : bytes(aligned), base_(base), length_(length) {}
+  ~LargeMemory() { ::munmap(base_, length_); }
+  LargeMemory(const LargeMemory&) = delete;
+  LargeMemory& operator=(const LargeMemory&) = delete;
+
+  char* const bytes;
+
+ private:
+  void* base_;
+  std::size_t length_;
+};
+
+/// Reads up to `size` bytes; how many there were, or nothing with errno set.
+std::optional<std::size_t> readUpTo(int fd, char* to, std::size_t size) {
+  std::size_t have = 0;
+  while (have < size) {
+    const ssize_t n = ::read(fd, to + have, size - have);
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) return std::nullopt;
+    if (n == 0) break;
+    have += static_cast<std::size_t>(n);
+  }
+  return have;
+}
+
 }  // namespace
 
 std::string wordsOf(int error) {
@@ -94,6 +138,23 @@ std::optional<std::string> readFile(const std::string& path, FileFailure* failur
     return std::nullopt;
   }
   return bytes;
+}
+
+/// A file that grows while it is read is taken as long as it was when it was opened.
+std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) {
+  struct stat status {};
+  const int fd = openRegular(path, status, failure);
+  if (fd < 0) return std::nullopt;
+  const auto size = static_cast<std::size_t>(status.st_size);
+  const auto memory = LargeMemory::allocate(size);
+  const auto have = memory ? readUpTo(fd, memory->bytes, size) : std::nullopt;
+  const int error = memory ? errno : ENOMEM;
+  ::close(fd);
+  if (!have) {
+    tell(failure, wordsOf(error));
+    return std::nullopt;
+  }
+  return FileBytes{{memory->bytes, *have}, memory};
 }
 
 bool exists(const std::string& path) {

@@ -17,6 +17,7 @@ void tell(FileFailure* failure, std::string reason);
 /// Whether `path` is a regular file that opens for reading.
 bool canRead(const std::string& path);
 std::optional<std::string> readFile(const std::string& path, FileFailure* failure);
+std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure);
 std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure);
 bool exists(const std::string& path);
 /// Names of a folder's entries, sorted, folders with a "/" behind them; a file is its only entry.

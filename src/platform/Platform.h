@@ -29,6 +29,12 @@ struct FileFailure {
   std::string reason;
 };
 
+/// The bytes of a file, in memory that lives as long as a copy of this.
+struct FileBytes {
+  std::string_view bytes;
+  std::shared_ptr<const void> memory;
+};
+
 /// One way to show a file: through the platform's own text editor or a command line of the settings.
 struct EditorCommand {
   std::string commandLine;  ///< UTF-8; empty: the platform's own editor
@@ -52,6 +58,13 @@ class Platform {
   virtual bool canRead(const std::string& path) = 0;
   /// The whole file, or nothing, with the reason in `failure` where it is given.
   virtual std::optional<std::string> readFile(const std::string& path, FileFailure* failure = nullptr) = 0;
+  /// The same for a file that may be large, in memory that costs little to touch for the first time.
+  virtual std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure = nullptr) {
+    auto text = readFile(path, failure);
+    if (!text) return std::nullopt;
+    auto memory = std::make_shared<const std::string>(std::move(*text));
+    return FileBytes{*memory, memory};
+  }
   /// Begins a new file for `path`; null, with the reason in `failure`, where that cannot be done.
   virtual std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure = nullptr) = 0;
   /// Whether anything, a folder included, stands under `path`.

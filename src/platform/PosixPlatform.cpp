@@ -44,6 +44,10 @@ std::optional<std::string> PosixPlatform::readFile(const std::string& path, File
   return posix::readFile(path, failure);
 }
 
+std::optional<FileBytes> PosixPlatform::loadFile(const std::string& path, FileFailure* failure) {
+  return posix::loadFile(path, failure);
+}
+
 std::unique_ptr<OutputFile> PosixPlatform::createFile(const std::string& path, FileFailure* failure) {
   return posix::createFile(path, failure);
 }

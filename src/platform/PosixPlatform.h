@@ -25,6 +25,7 @@ class PosixPlatform : public Platform {
 
   bool canRead(const std::string& path) override;
   std::optional<std::string> readFile(const std::string& path, FileFailure* failure) override;
+  std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) override;
   std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
   bool exists(const std::string& path) override;
   bool renameFile(const std::string& from, const std::string& to) override;

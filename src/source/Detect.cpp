@@ -91,11 +91,11 @@ std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, 
     sh.report<WP, bomNotRead>(0, name);
     return {};
   }
-  if (bytes->starts_with("\xEF\xBB\xBF")) {
+  if (bytes->bytes.starts_with("\xEF\xBB\xBF")) {
     setBom(code, 65001, 3, "EFBBBF", "utf-8 with bom(EF BB BF)");
-  } else if (bytes->starts_with("\xFF\xFE")) {
+  } else if (bytes->bytes.starts_with("\xFF\xFE")) {
     setBom(code, 1200, 2, "FFFE", "utf-16 le(FF FE)");
-  } else if (bytes->starts_with("\xFE\xFF")) {
+  } else if (bytes->bytes.starts_with("\xFE\xFF")) {
     setBom(code, 1201, 2, "FEFF", "utf-16 be(FE FF)");
   } else {
     setBom(code, 0, 0, "", "utf-8 or sjis");
@@ -108,7 +108,7 @@ int Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const 
     sh.report<WP, bytesNotRead>(0, name);
     return -1;
   }
-  const MoziCounts n = countMozi(*bytes);
+  const MoziCounts n = countMozi(bytes->bytes);
   sh.report<WP, counted>(0, n.ascii, n.sjis, n.non);
   const bool sjis = n.non < 1;
   code.CodePage = sjis ? 932 : 65001;

@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Memory.h"
 #include "source/SrcData.h"
 #include "source/TextArena.h"
 
@@ -71,8 +72,15 @@ class LineStore {
     }
     ++lineCount_;
   }
-  /// Room for that many lines, so that the table need not grow; memory that is not used is not touched.
-  void reserve(std::size_t lines) { records_.reserve(lines); }
+  /// Told by a loader that has read `done` of `total`: a full table grows to what the whole will need at
+  /// this rate, so that it is hardly ever copied.  Memory that is not used in the end is not touched.
+  void foresee(std::size_t done, std::size_t total) {
+    constexpr std::size_t kFirst = 256;
+    if (records_.size() < records_.capacity() || records_.size() < kFirst) return;
+    records_.reserve(records_.size() + records_.size() / 8 + records_.size() * (total - done) / done);
+    preferLargePages(records_.data() + records_.size(),
+                     (records_.capacity() - records_.size()) * sizeof(Src));
+  }
   void clear() {
     records_.clear();
     records_.shrink_to_fit();

@@ -1,12 +1,12 @@
-#include <type_traits>
-
 #include "source/Load.h"
+
+#include <type_traits>
 
 namespace zelvaro {
 
 template <class Family>
 int loadSource(Assembly& a, MoziCodeData& code, const std::string& name, int simpleTitleIndex) {
-  const SourceBytes bytes = a.sh.console().readFile(nativePath(name));
+  const SourceBytes bytes = a.sh.console().loadFile(nativePath(name));
   if constexpr (std::is_same_v<CharOf<Family>, char>) {
     return OpenFileA(a, name, bytes);
   } else {

@@ -18,7 +18,7 @@ struct MoziCodeData {
 };
 
 /// A source file, read once for the detection and the loader; nothing where it does not open.
-using SourceBytes = std::optional<std::string>;
+using SourceBytes = std::optional<FileBytes>;
 
 /// Trims, quotes a name with blanks, and turns "/" into a backslash: the form that the system passes on.
 /// A name that is quoted already stays so.

@@ -32,10 +32,10 @@ int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes) {
   }
   LineStore<char>& store = a.b.vecSrcA;
   store.clear();
-  store.reserve(countLines(*bytes));
   std::u16string wide;
   std::string narrow;
-  std::string_view rest = *bytes;
+  const std::size_t size = bytes->bytes.size();
+  std::string_view rest = bytes->bytes;
   if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);  // CP932 has no such character
   while (!rest.empty()) {
     const std::string_view line = takeLine(rest);
@@ -48,6 +48,7 @@ int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes) {
       text = narrow;
     }
     store.addLine(holdsStatement(text) ? store.arena.keep(text) : std::string_view());
+    store.foresee(size - rest.size(), size);
   }
   return 0;
 }

@@ -90,12 +90,12 @@ int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
-  store.reserve(countLines(*bytes));
-  const Units units(*bytes, code.CodePage == 1200);
+  const Units units(bytes->bytes, code.CodePage == 1200);
   std::size_t start = 1;  // unit 0 is the mark
   for (std::size_t i = start; i + 1 < units.size(); ++i) {
     if (units[i] != u'\r' || units[i + 1] != u'\n') continue;
     addUnits(store, units, start, i);
+    store.foresee(i, units.size());
     start = ++i + 1;
   }
   addUnits(store, units, start, std::max(start, units.size()));
@@ -107,7 +107,6 @@ int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string&
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
-  store.reserve(countLines(*bytes));
   std::u16string wide;
   const auto add = [&](std::string_view line) {
     const bool statement = holdsStatement(line);
@@ -124,12 +123,16 @@ int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string&
     }
     store.addLine(statement ? store.arena.keep(wide) : std::u16string_view());
   };
-  std::string_view rest = *bytes;
+  const std::size_t size = bytes->bytes.size();
+  std::string_view rest = bytes->bytes;
   if (!code.BomText.empty()) {
     rest.remove_prefix(std::min<std::size_t>(rest.size(), 3));
     add(takeLine(rest));  // the line of the mark is a line even when it is empty
   }
-  while (!rest.empty()) add(takeLine(rest));
+  while (!rest.empty()) {
+    add(takeLine(rest));
+    store.foresee(size - rest.size(), size);
+  }
   return 0;
 }
 

@@ -1,7 +1,6 @@
 // Lines of a file read as text: CR LF and LF end a line.
 #pragma once
 
-#include <algorithm>
 #include <string_view>
 
 namespace zelvaro {
@@ -17,11 +16,6 @@ inline std::string_view takeLine(std::string_view& rest) {
   rest.remove_prefix(lineFeed + 1);
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
-}
-
-/// At least as many as takeLine() will find.
-inline std::size_t countLines(std::string_view bytes) {
-  return static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
 }
 
 }  // namespace zelvaro

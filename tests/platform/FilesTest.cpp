@@ -38,9 +38,13 @@ class FilesTest : public ::testing::Test {
 };
 
 TEST_F(FilesTest, ReadsAFileWholeWhateverItHolds) {
-  for (const std::string& bytes : {""s, "\0\r\n\xFF"s, std::string(300'000, 'x')}) {
+  for (const std::string& bytes :
+       {""s, "\0\r\n\xFF"s, std::string(300'000, 'x'), std::string(5'000'000, 'y')}) {
     EXPECT_TRUE(platform.readFile(folder.write("f", bytes), nullptr) == bytes);
     EXPECT_TRUE(platform.canRead(folder.path("f")));
+    const auto loaded = platform.loadFile(folder.path("f"), nullptr);
+    ASSERT_TRUE(loaded);
+    EXPECT_TRUE(loaded->bytes == bytes);
   }
   // files whose size is told as 0
   EXPECT_THAT(platform.readFile("/proc/self/status", nullptr).value_or(""), ::testing::HasSubstr("Name:"));
@@ -69,6 +73,9 @@ TEST_F(FilesTest, OnlyRegularFilesAreRead) {
     EXPECT_EQ(platform.readFile(path, &failure), std::nullopt) << path;
     EXPECT_EQ(failure.reason, reason) << path;
     EXPECT_FALSE(platform.canRead(path)) << path;
+    failure.reason.clear();
+    EXPECT_FALSE(platform.loadFile(path, &failure)) << path;
+    EXPECT_EQ(failure.reason, reason) << path;
   }
 }
 

@@ -1,0 +1,17 @@
+#include "platform/Memory.h"
+
+#include <sys/mman.h>
+
+#include <memory>
+
+namespace zelvaro {
+
+void preferLargePages(void* memory, std::size_t size) {
+  constexpr std::size_t kPage = 4096;
+  constexpr std::size_t kLargePage = std::size_t{2} << 20;
+  std::size_t room = size;
+  if (size < kLargePage || std::align(kPage, kPage, memory, room) == nullptr) return;
+  ::madvise(memory, room / kPage * kPage, MADV_HUGEPAGE);
+}
+
+}  // namespace zelvaro
