@@ -191,7 +191,7 @@ void RegMryReport<Family>::memory(ReportText& out) {
 template <class Family>
 void RegMryReport<Family>::row(ReportText& out, int adr) {
   const auto i = static_cast<std::size_t>(adr);
-  out.hex(static_cast<std::uint32_t>(adr)).text(":").number(adr, 5).text(":");
+  out.address(adr);
   const auto labels = labels_.at(adr);
   out.blanks(column_ - LabelColumn<Char>::length(labels));
   for (std::size_t n = 0; n < labels.size(); ++n) {
@@ -240,8 +240,7 @@ void RegMryReport<Family>::stack(ReportText& out) const {
   for (int zeros = 0; entries < kStackDepth && zeros < kZerosThatEndTheStack; ++entries)
     zeros = m_.StackArea[static_cast<std::size_t>(entries)] == 0 ? zeros + 1 : 0;
   for (int i = entries; i >= 0; --i) {
-    const int adr = kFirstSP - i;
-    out.hex(static_cast<std::uint32_t>(adr)).text(":").number(adr, 5).text(":").blanks(column_);
+    out.address(kFirstSP - i).blanks(column_);
     out.text(":").word(m_.StackArea[static_cast<std::size_t>(i)]).text("\n");
   }
   SeparatorLine(out, kSeparatorWidth);

@@ -5,6 +5,9 @@ namespace {
 
 constexpr std::size_t kViewSize = 45;  // characters of a word view
 
+/// The bits of each hexadecimal digit.
+constexpr std::string_view kBits = "0000000100100011010001010110011110001001101010111100110111101111";
+
 /// Sets a number of at most five digits so that it ends in front of `end`; returns where it begins.
 char* setDigits(char* end, std::uint32_t value) {
   do {
@@ -15,6 +18,14 @@ char* setDigits(char* end, std::uint32_t value) {
 }
 
 }  // namespace
+
+ReportText& ReportText::address(int adr) {
+  hex(static_cast<std::uint32_t>(adr));
+  char* const at = take(7);
+  std::memcpy(at, ":     :", 7);
+  setDigits(at + 6, static_cast<std::uint32_t>(adr));
+  return *this;
+}
 
 //  'A':#0041:   65:   +65: 0000 0000 0100 0001:
 // 0    5     11    17     24                  44

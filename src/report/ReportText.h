@@ -26,33 +26,43 @@ class ReportText {
   ReportText& text(std::string_view utf8) {
     while (utf8.size() > room()) {
       const std::size_t fits = room();
-      put(utf8.substr(0, fits));
+      std::memcpy(take(fits), utf8.data(), fits);
       utf8.remove_prefix(fits);
       flush();
     }
-    put(utf8);
+    std::memcpy(take(utf8.size()), utf8.data(), utf8.size());
     return *this;
   }
-  /// A text of a line record.
+  /// A text of a line record.  ASCII, nearly all there is, goes into the buffer as it stands.
   template <class Char>
   ReportText& source(std::basic_string_view<Char> s) {
-    if (std::any_of(s.begin(), s.end(), [](Char c) { return (c & ~0x7F) != 0; })) return text(plain(s));
-    for (; s.size() > room(); flush()) s.remove_prefix(putAscii(s.substr(0, room())));
-    putAscii(s);
-    return *this;
+    if (s.size() > kTake) return text(plain(s));
+    char* at = take(s.size());
+    unsigned seen = 0;
+    for (const Char c : s) {
+      seen |= static_cast<unsigned>(c);
+      *at++ = static_cast<char>(c);
+    }
+    if (seen < 0x80) return *this;
+    used_ -= s.size();
+    return text(plain(s));
   }
   ReportText& blanks(int count) {
-    for (; count > 0; --count) text(" ");
+    for (; count > 0; count -= static_cast<int>(kTake)) {
+      const auto size = std::min(static_cast<std::size_t>(count), kTake);
+      std::memset(take(size), ' ', size);
+    }
     return *this;
   }
   /// A number in decimal, right-aligned; one that is wider than the column is not cut.
-  ReportText& number(std::int64_t value, int columns = 0) {
-    std::array<char, 24> digits;
+  ReportText& number(std::int32_t value, int columns = 0) {
+    std::array<char, 11> digits;
     const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
     const auto length = static_cast<std::size_t>(end - digits.data());
-    blanks(columns - static_cast<int>(length));
-    return text({digits.data(), length});
+    return blanks(columns - static_cast<int>(length)).text({digits.data(), length});
   }
+  /// The head of a row: the address in hexadecimal and in five columns in decimal, each with its colon.
+  ReportText& address(int adr);
   /// "#" and the number in hexadecimal, upper case, filled to four digits.
   ReportText& hex(std::uint32_t value) {
     int digits = 4;
@@ -74,28 +84,21 @@ class ReportText {
  private:
   static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
-  std::size_t room() const { return buffer_.size() - used_; }
-  /// The place of the next `size` characters; `size` is far below the buffer's.
+  static constexpr std::size_t kSize = 64 * 1024;
+  static constexpr std::size_t kTake = 1024;  ///< the longest piece that is set in place
+
+  std::size_t room() const { return kSize - used_; }
+  /// The place of the next `size` characters, which may be kTake or what has room at most.
   char* take(std::size_t size) {
     if (size > room()) flush();
     char* at = buffer_.data() + used_;
     used_ += size;
     return at;
   }
-  void put(std::string_view bytes) {
-    std::memcpy(buffer_.data() + used_, bytes.data(), bytes.size());
-    used_ += bytes.size();
-  }
-  template <class Char>
-  std::size_t putAscii(std::basic_string_view<Char> s) {
-    std::transform(s.begin(), s.end(), buffer_.data() + used_, [](Char c) { return static_cast<char>(c); });
-    used_ += s.size();
-    return s.size();
-  }
 
   OutputFile& file_;
   std::size_t used_ = 0;
-  std::array<char, 64 * 1024> buffer_;
+  std::array<char, kSize> buffer_;
 };
 
 }  // namespace zelvaro
