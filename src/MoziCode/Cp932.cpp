@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 
 #include "MoziCode/Utf.h"
 
@@ -35,7 +36,8 @@ class Converter {
   }
 
  private:
-  bool usable() const { return cd_ != reinterpret_cast<iconv_t>(-1); }
+  /// iconv_open tells a failure as the value -1 of a pointer.
+  bool usable() const { return std::bit_cast<std::intptr_t>(cd_) != -1; }
   iconv_t cd_;
 };
 

@@ -6,8 +6,12 @@
 namespace zelvaro {
 namespace {
 
-bool isHighSurrogate(char16_t c) { return (c & 0xFC00) == 0xD800; }
-bool isLowSurrogate(char16_t c) { return (c & 0xFC00) == 0xDC00; }
+bool isHighSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xD800;
+}
+bool isLowSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xDC00;
+}
 
 /// Length of the sequence that `lead` announces and the range of its second byte; 0 for no lead byte.
 struct Sequence {

@@ -16,7 +16,7 @@ inline constexpr std::size_t kStamps = 6;
 /// The shared record of the chosen clock and its stamps.
 struct TimeData {
   std::string ClockName = "QPC";
-  int ClockIndex = 0;  ///< 0 QPC, 1 std::chrono, 2 std::clock()
+  int ClockIndex = 0;                               ///< 0 QPC, 1 std::chrono, 2 std::clock()
   std::array<std::int32_t, kStamps> StampClock{};   ///< milliseconds
   std::array<std::int64_t, kStamps> StampChrono{};  ///< units of 100 nanoseconds
   std::array<std::int64_t, kStamps> StampQPC{};     ///< ticks of the performance counter

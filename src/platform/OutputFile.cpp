@@ -26,8 +26,9 @@ std::string followLinks(std::string path) {
     char link[4096];
     const ssize_t n = ::readlink(path.c_str(), link, sizeof link);
     if (n <= 0 || static_cast<std::size_t>(n) == sizeof link) break;
-    const std::string to(link, static_cast<std::size_t>(n));
-    path = to.front() == '/' ? to : folderOf(path) + to;
+    const std::string_view to(link, static_cast<std::size_t>(n));
+    path.resize(to.front() == '/' ? 0 : folderOf(path).size());
+    path += to;
   }
   return path;
 }

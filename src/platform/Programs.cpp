@@ -72,6 +72,7 @@ class IgnoredKeys {
 
 int spawn(pid_t& pid, const std::vector<std::string>& arguments, const SpawnSetting& setting) {
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (const std::string& a : arguments) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
   return ::posix_spawnp(&pid, argv[0], &setting.actions, &setting.attributes, argv.data(), environ);

@@ -143,7 +143,7 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
 }
 
 TEST_F(FilesTest, TooManyOpenFilesAreTold) {
-  folder.write("f", "old");
+  EXPECT_TRUE(writeFile("f", "old"));
   rlimit old{};
   ::getrlimit(RLIMIT_NOFILE, &old);
   rlimit limit = old;
