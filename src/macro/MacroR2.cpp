@@ -25,7 +25,7 @@ void macroR2(Assembly& a, SrcOf<Family>& line) {
   }
   line.word_kazu = op == Op::RPUSH ? kRpushWords : kRpopWords;
   if (OpNoOperand<Family>(a, line)) return;
-  for (const std::size_t n : {1, 2, 3}) line.Oprnd[n] = line.Oprnd[n].substr(0, 0);
+  for (std::size_t n = 1; n <= 3; ++n) line.Oprnd[n] = line.Oprnd[n].substr(0, 0);
   line.OprndKazu = 0;
 }
 
