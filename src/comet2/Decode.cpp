@@ -43,6 +43,7 @@ constexpr std::size_t indexOf(Handler h) {
 
 constexpr auto kInfo = [] {
   std::array<HandlerInfo, kHandlers> table{};
+  table.fill(HandlerInfo{});  // g++ 12 leaves zeros in a table that is only initialised
 #define ZELVARO_STOP(name)
 #define ZELVARO_SINGLE(m, kind) table[indexOf(Handler::m##kind)] = infoOf(Op::m, Kind::kind);
 #define ZELVARO_FUSED2(a, ka, b, kb)
@@ -82,6 +83,7 @@ constexpr Code codeOf(const Instruction& row, Handler direct, Handler indexed) {
 
 constexpr auto kCodes = [] {
   std::array<Code, 256> table{};
+  table.fill(Code{});  // as above
   const auto enter = [&table](Op op, Kind kind, Handler h) {
     const Instruction& row = instruction(op);
     Code& code = table[static_cast<std::size_t>(kind == Kind::Register ? row.regCode : row.adrCode)];
