@@ -120,11 +120,15 @@ TEST(StartEnd, EveryRowInBothLanguages) {
 }
 
 TEST(StartEnd, FewerStartThanEndInThePlural) {
-  Source<WP> source("A START\n RET\n END\nB START\n RET\n END\n END");
-  source.run();
+  const char* text = "A START\n RET\n END\nB START\n RET\n END\n END";
+  Source<WP> en(text);
+  en.run();
   EXPECT_TRUE(
-      source.platform.console.ends_with("2START assembler directives are found in src\\two.txt. \n"
-                                        "3END assembler directives are found in src\\two.txt. \n"));
+      en.platform.console.ends_with("2START assembler directives are found in src\\two.txt. \n"
+                                    "3END assembler directives are found in src\\two.txt. \n"));
+  Source<WP> ja(text, kJapanese);
+  ja.run();
+  EXPECT_TRUE(ja.platform.console.ends_with("( src\\two.txt ) の中に全部で 3 個ある。 \n"));
 }
 
 TEST(StartEnd, LabelsOnSeveralProgramsAreAllTold) {
