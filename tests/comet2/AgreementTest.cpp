@@ -1,0 +1,183 @@
+// The run loop and the slow machine must not differ in anything, whatever the image.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+
+#include "SlowMachine.h"
+#include "comet2/RunLoop.h"
+#include "support/ScriptedPlatform.h"
+
+namespace zelvaro {
+namespace {
+
+using test::SlowMachine;
+
+/// Watches stores as the families with the limit of tMaxMemory do, and says nothing.
+class SilentWatch : public StoreWatch {
+ public:
+  SilentWatch(int PrgEndAdr, int limit) : StoreWatch(std::min(PrgEndAdr, limit)), limit_(limit) {}
+  int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override {
+    if (effAdr >= limit_) return kRunMustStop;
+    warnings.emplace_back(effAdr, m.PR, count);
+    from_ = limit_;
+    return 0;
+  }
+  std::vector<test::Warning> warnings;
+
+ private:
+  int limit_;
+};
+
+/// Images full of what the loop takes together, of stores into the code and of words that are none.
+class RandomImage {
+ public:
+  explicit RandomImage(unsigned seed) : random_(seed) {}
+
+  int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+  bool oneIn(int n) { return below(n) == 0; }
+
+  Tcomet2 machine() {
+    Tcomet2 m;
+    size_ = 24 + below(72);
+    while (adr_ < size_) group(m);
+    if (oneIn(4)) m.Memory[static_cast<std::size_t>(below(size_))] = below(0x10000) - 0x8000;
+    for (int& gr : m.GR) gr = oneIn(3) ? below(0x18000) - 0x8000 : below(size_);
+    const int flags = below(3);
+    m.Fsign = flags == 1;
+    m.Fzero = flags == 2;
+    m.Fovf = below(2);
+    m.OS = below(3);
+    m.SP = oneIn(8) ? 0xFE0B + below(4) : 0xFFFF - below(4);
+    return m;
+  }
+
+ private:
+  static constexpr int kMemoryForms[] = {0x10, 0x20, 0x21, 0x22, 0x23, 0x30, 0x31, 0x32, 0x40, 0x41};
+  static constexpr int kAddressForms[] = {0x11, 0x12, 0x50, 0x51, 0x52, 0x53};
+  static constexpr int kJumps[] = {0x61, 0x62, 0x63, 0x64, 0x65, 0x66};
+  static constexpr int kOthers[] = {0x70, 0x80, 0xF0};
+
+  template <std::size_t n>
+  int any(const int (&of)[n]) {
+    return of[below(static_cast<int>(n))];
+  }
+  int reg() { return oneIn(150) ? below(16) : below(8); }
+  int address() {
+    if (oneIn(40)) return below(0x10000);
+    if (oneIn(40)) return 64996 + below(8);
+    return below(size_);
+  }
+  void put(Tcomet2& m, int word) { m.Memory[static_cast<std::size_t>(adr_++)] = word; }
+  void two(Tcomet2& m, int code, int x) {
+    put(m, code << 8 | reg() << 4 | x);
+    put(m, code >= 0x50 && code <= 0x53 ? below(20) : address());
+  }
+  int index() { return oneIn(2) ? 0 : reg(); }
+
+  /// An operation and, often, the jump on it.
+  void withJumps(Tcomet2& m, int code) {
+    if (oneIn(3))
+      put(m, (code | 0x04) << 8 | reg() << 4 | reg());
+    else
+      two(m, code, index());
+    for (int jumps = below(3); jumps > 0; --jumps) two(m, any(kJumps), oneIn(6) ? reg() : 0);
+  }
+  void group(Tcomet2& m) {
+    switch (below(9)) {
+      case 0:
+        two(m, 0x12, 1 + below(7));
+        withJumps(m, oneIn(2) ? 0x40 : 0x41);
+        break;
+      case 1:
+        withJumps(m, any(kMemoryForms));
+        break;
+      case 2:
+        two(m, 0x10, index());
+        two(m, 0x10, index());
+        break;
+      case 3:
+        two(m, 0x11, index());
+        two(m, 0x11, index());
+        break;
+      case 4:
+        two(m, any(kAddressForms), index());
+        break;
+      case 5:
+        two(m, any(kJumps), index());
+        break;
+      case 6:
+        two(m, any(kOthers), index());
+        break;
+      case 7:
+        put(m, oneIn(2) ? 0x7100 | reg() << 4 : oneIn(2) ? 0x8100 : 0);
+        break;
+      default:
+        if (oneIn(30))
+          put(m, below(0x10000));
+        else
+          withJumps(m, oneIn(2) ? 0x40 : 0x10);
+    }
+  }
+
+  std::mt19937 random_;
+  int size_ = 0, adr_ = 0;
+};
+
+void typeSomething(test::ScriptedPlatform& platform) {
+  for (const char* line : {"", "A", "abcdefgh", "日本語", "\xFF", "0123456789012345678901234567890123456789"})
+    platform.typed.emplace_back(line);
+}
+
+bool sameCells(Cells& a, Cells& b) {
+  return std::equal(a.begin(), a.end(), b.begin());
+}
+
+/// Runs one image on both and returns how many instructions that were.
+std::int64_t compare(unsigned seed) {
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  RandomImage image(seed);
+  Tcomet2 m = image.machine();
+  const int PrgEndAdr = image.below(120);
+  const int limit = image.oneIn(5) ? MaxMemory : tMaxMemory;
+  test::ScriptedPlatform slowPlatform, platform;
+  typeSomething(slowPlatform);
+  typeSomething(platform);
+  SlowMachine slow(m, slowPlatform, limit, PrgEndAdr);
+
+  const std::int64_t cap = 1 + image.below(600);
+  std::int64_t left = cap;
+  SilentWatch watch(PrgEndAdr, limit);
+  const Stop stop = runLoop(m, platform, watch, limit, left);
+  const Stop slowStop = slow.run(stop == Stop::Steps ? cap - left : cap + 3);
+
+  EXPECT_EQ(stop, slowStop) << "word " << std::hex
+                            << slow.m.Memory[static_cast<std::size_t>(slow.m.PR & 0xFFFF)];
+  EXPECT_EQ(cap - left, slow.executed);
+  EXPECT_EQ(m.PR, slow.m.PR);
+  EXPECT_EQ(m.SP, slow.m.SP);
+  EXPECT_EQ(m.OS, slow.m.OS);
+  EXPECT_EQ(m.EffAdr, slow.m.EffAdr);
+  EXPECT_EQ(m.GR, slow.m.GR);
+  EXPECT_EQ(std::tie(m.Fovf, m.Fsign, m.Fzero), std::tie(slow.m.Fovf, slow.m.Fsign, slow.m.Fzero));
+  EXPECT_EQ(m.StackArea, slow.m.StackArea);
+  EXPECT_EQ(watch.warnings, slow.warnings);
+  EXPECT_EQ(platform.console, slowPlatform.console);
+  EXPECT_TRUE(sameCells(m.Memory, slow.m.Memory));
+  EXPECT_TRUE(sameCells(m.ExecCount, slow.m.ExecCount));
+  return slow.executed;
+}
+
+TEST(Agreement, RandomImagesThatChangeThemselves) {
+  // ZELVARO_AGREEMENT_STEPS asks for a longer run
+  const char* asked = std::getenv("ZELVARO_AGREEMENT_STEPS");
+  const std::int64_t wanted = asked != nullptr ? std::atoll(asked) : 300'000;
+  std::int64_t executed = 0;
+  unsigned seed = 1;
+  while (executed < wanted && !::testing::Test::HasFailure()) executed += compare(seed++);
+  EXPECT_GE(executed, wanted) << "stopped at seed " << seed - 1;
+}
+
+}  // namespace
+}  // namespace zelvaro
