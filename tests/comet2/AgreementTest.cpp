@@ -146,7 +146,7 @@ std::int64_t compare(unsigned seed) {
   typeSomething(platform);
   SlowMachine slow(m, slowPlatform, limit, PrgEndAdr);
 
-  const std::int64_t cap = 1 + image.below(600);
+  const std::int64_t cap = 1 + image.below(4000);
   std::int64_t left = cap;
   SilentWatch watch(PrgEndAdr, limit);
   const Stop stop = runLoop(m, platform, watch, limit, left);

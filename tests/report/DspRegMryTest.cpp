@@ -57,7 +57,7 @@ class Report {
                       std::initializer_list<int> words) {
     const int record = static_cast<int>(store().lines().size());
     const int number = store().lineCount();
-    store().addLine(text(op));
+    store().addLine(text(op.empty() ? label : op));  // a line with nothing on it leaves no record
     SrcData<Char>& s = store()[record];
     s.LabelStr = text(label);
     s.OpStr = text(op);

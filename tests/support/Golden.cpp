@@ -30,7 +30,9 @@ std::string firstDifference(const std::string& expected, const std::string& seen
 
 }  // namespace
 
-bool rewriting() { return std::getenv("ZELVARO_REWRITE") != nullptr; }
+bool rewriting() {
+  return std::getenv("ZELVARO_REWRITE") != nullptr;
+}
 
 GoldenFile readGolden(const std::string& path) {
   GoldenFile file{path, {}, {}};

@@ -60,7 +60,9 @@ bool ScriptedPlatform::renameFile(const std::string& from, const std::string& to
   return true;
 }
 
-void ScriptedPlatform::listFolder(const std::string& path, bool) { actions.push_back("list " + path); }
+void ScriptedPlatform::listFolder(const std::string& path, bool) {
+  actions.push_back("list " + path);
+}
 
 void ScriptedPlatform::deleteAfterQuestion(const std::string& path, bool) {
   actions.push_back("delete " + path);
@@ -71,6 +73,8 @@ void ScriptedPlatform::editFile(const EditorCommand& editor, const std::string& 
   actions.push_back("edit [" + editor.commandLine + "] " + path);
 }
 
-void ScriptedPlatform::openDocument(const std::string& path, bool) { actions.push_back("open " + path); }
+void ScriptedPlatform::openDocument(const std::string& path, bool) {
+  actions.push_back("open " + path);
+}
 
 }  // namespace zelvaro::test

@@ -13,16 +13,16 @@ namespace zelvaro::test {
 
 class ScriptedPlatform : public Platform {
  public:
-  std::string console;               ///< all that has been printed, UTF-8
-  std::deque<std::string> typed;     ///< lines to come; behind the last one the input has ended
+  std::string console;            ///< all that has been printed, UTF-8
+  std::deque<std::string> typed;  ///< lines to come; behind the last one the input has ended
   std::map<std::string, std::string> files;
   std::set<std::string> folders;
   std::set<std::string> unwritable;  ///< names that createFile and commit refuse
   std::vector<std::string> actions;  ///< what was asked of the outside world, a line each
   bool japanese = false;
-  int random = 0;                    ///< the next random number
-  std::int64_t ticks = 0;            ///< what every clock shows, in microseconds
-  std::int64_t ticksPerCall = 0;     ///< by how much each look at a clock moves it on
+  int random = 0;                 ///< the next random number
+  std::int64_t ticks = 0;         ///< what every clock shows, in microseconds
+  std::int64_t ticksPerCall = 0;  ///< by how much each look at a clock moves it on
   std::tm now{};
 
   void print(std::string_view utf8) override { console += utf8; }

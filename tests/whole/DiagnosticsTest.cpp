@@ -2,8 +2,8 @@
 // dialogue of pipeline WP.
 #include <gtest/gtest.h>
 
-#include "whole/Dialogue.h"
 #include "support/Golden.h"
+#include "whole/Dialogue.h"
 
 namespace zelvaro::test {
 namespace {
@@ -39,7 +39,8 @@ std::string nameOf(const ::testing::TestParamInfo<std::string>& info) {
   return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Golden, Diagnostics, ::testing::ValuesIn(goldenFiles("diagnostics", ".golden")), nameOf);
+INSTANTIATE_TEST_SUITE_P(Golden, Diagnostics, ::testing::ValuesIn(goldenFiles("diagnostics", ".golden")),
+                         nameOf);
 
 }  // namespace
 }  // namespace zelvaro::test

@@ -1,5 +1,7 @@
 #include "whole/Dialogue.h"
 
+#include "MoziCode/Utf.h"
+
 namespace zelvaro::test {
 namespace {
 
@@ -48,7 +50,8 @@ std::string Dialogue::run(const std::vector<std::string>& typed) {
 Findings assemble(std::string_view source, int lang, std::string_view pipeline) {
   Dialogue d;
   d.platform.japanese = lang == kJapanese;
-  d.platform.files["a.txt"] = source;
+  // The detection takes a short UTF-8 text for Shift-JIS easily; a mark leaves no doubt.
+  d.platform.files["a.txt"] = (isAscii(source) ? "" : "\xEF\xBB\xBF") + std::string(source);
   d.platform.files["zelvaro.ini"] = std::string("[Mode]\nLangStr=") + (lang == kJapanese ? "JPN" : "ENU") +
                                     "\nFightFunc=" + std::string(pipeline) + "\n";
   const std::string shown = d.run({"", "1", "a.txt", "2"});

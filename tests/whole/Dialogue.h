@@ -15,11 +15,11 @@ namespace zelvaro::test {
 
 /// What one source file drew.
 struct Findings {
-  std::string text;                ///< what was printed between the reading line and the time line, without
-                                   ///< the replay
-  std::array<int, 4> tallies{};    ///< Errors, Warnings, Notes, Memos at the time line
-  bool replayed = false;           ///< the replay came, and it was that of the log
-  std::string rest;                ///< what followed the time line
+  std::string text;              ///< what was printed between the reading line and the time line, without
+                                 ///< the replay
+  std::array<int, 4> tallies{};  ///< Errors, Warnings, Notes, Memos at the time line
+  bool replayed = false;         ///< the replay came, and it was that of the log
+  std::string rest;              ///< what followed the time line
 };
 
 /// A platform that looks at the tallies when the time line of a run passes by.
