@@ -35,13 +35,13 @@ constexpr Message hexNonDigit{
     Severity::Error,
     Head::Line,
     args("quote", "k"),
-    {.ja = "{k} 番目の定数： : \n{quote}: \n 16進数は 0-9 の数字と A-F の英大文字で記述する。\n"
+    {.ja = ": {k} 番目の定数： : \n{quote}: \n 16進数は 0-9 の数字と A-F の英大文字で記述する。\n"
            "16進数の中に 0-9 の数字と A-F の英大文字以外の文字がある。",
      .en = " Constant Nr={k}: \n{quote}: \nA hexadecimal number is written in 0-9 and A-F. \n"
            "A hexadecimal number is written in uppercase letter. \n"
            "A non-numeric charcter is found in the hexadecimal number."},
     {{families(FamilyId::AP, FamilyId::NA),
-      {.ja = "{k} 番目の定数： : \n{quote}: \n 16進数は 0-9 の数字と A-F の英大文字で記述する。",
+      {.ja = ": {k} 番目の定数： : \n{quote}: \n 16進数は 0-9 の数字と A-F の英大文字で記述する。",
        .en = " Constant Nr={k}: \n{quote}: \nA hexadecimal number is written in 0-9 and A-F. \n"
              "A hexadecimal number is written in capital letter. "}}}};
 constexpr Message hexTooLong{

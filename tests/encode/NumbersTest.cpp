@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
             "Error : line 5:  Constant Nr=3: \n \"00f\" : \nA hexadecimal number is written in 0-9 and A-F. \n"
             "A hexadecimal number is written in uppercase letter. \n"
             "A non-numeric charcter is found in the hexadecimal number.\n",
-            "エラー： 5 行目： 3 番目の定数： : \n \"00f\" : \n"
+            "エラー： 5 行目： : 3 番目の定数： : \n \"00f\" : \n"
             " 16進数は 0-9 の数字と A-F の英大文字で記述する。\n"
             "16進数の中に 0-9 の数字と A-F の英大文字以外の文字がある。\n"},
         WordsOf{[](TCorrectScode& cs) { CkHexConstG<WP>(cs, 4, 2, u"#12345"); },
