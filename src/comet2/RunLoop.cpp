@@ -239,8 +239,10 @@ template <bool stepped>
                             [[maybe_unused]] std::int64_t& steps) {
   static const std::int32_t handlerLabels[kHandlers] = {
       0,
+// NOLINTBEGIN(bugprone-macro-parentheses): the name of a label takes none
 #define ZELVARO_LABEL(name) \
   static_cast<std::int32_t>(static_cast<const char*>(&&name) - static_cast<const char*>(&&Decode)),
+// NOLINTEND(bugprone-macro-parentheses)
 #define ZELVARO_STOP(name) ZELVARO_LABEL(name)
 #define ZELVARO_SINGLE(mnemonic, kind) ZELVARO_LABEL(mnemonic##kind)
 #define ZELVARO_FUSED2(a, ka, b, kb) ZELVARO_LABEL(a##ka##_##b##kb)

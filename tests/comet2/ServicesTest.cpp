@@ -145,5 +145,15 @@ TEST_F(Services, InIntoTheRunningProgram) {
   EXPECT_EQ(machine.PR, 4);
 }
 
+TEST_F(Services, TheLengthIntoTheRunningProgram) {
+  // as above, but address 4 becomes the length, a NOP that is none
+  Tcomet2 machine = test::machineWith({0x6400, 4, 0xF003, 0, 0, 0x1220, 4, 0x6400, 2});
+  machine.GR[1] = 60;
+  machine.GR[3] = 1;
+  platform.typed = {"a"};
+  EXPECT_NE(test::runAll<WP>(machine, platform, 100).find("execute #0001 at an address of 4"),
+            std::string::npos);
+}
+
 }  // namespace
 }  // namespace zelvaro
