@@ -30,12 +30,32 @@ void WatchedPlatform::print(std::string_view utf8) {
     session->dg.ReplayLog(replay);
     logText = replay.console;
   }
+  showActions();
+  seen += utf8;
   ScriptedPlatform::print(utf8);
+}
+
+std::optional<std::string> WatchedPlatform::readLine() {
+  showActions();
+  if (!seen.empty() && seen.back() != '\n') seen += "\n";
+  seen += typed.empty() ? "(the input ends)\n" : "> " + typed.front() + "\n";
+  return ScriptedPlatform::readLine();
+}
+
+void WatchedPlatform::editFile(const EditorCommand& editor, const std::string& path, bool english) {
+  ScriptedPlatform::editFile(editor, path, english);
+  const auto edited = editing.find(path);
+  if (edited != editing.end()) files[path] = edited->second;
+}
+
+void WatchedPlatform::showActions() {
+  for (; actionsSeen_ < actions.size(); ++actionsSeen_) seen += "[" + actions[actionsSeen_] + "]\n";
 }
 
 std::string Dialogue::run(const std::vector<std::string>& typed) {
   platform.typed.assign(typed.begin(), typed.end());
   platform.console.clear();
+  platform.seen.clear();
   session_ = std::make_unique<TSession>(platform);
   platform.session = session_.get();
   {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,14 +23,23 @@ struct Findings {
   std::string rest;              ///< what followed the time line
 };
 
-/// A platform that looks at the tallies when the time line of a run passes by.
+/// A platform that looks at the tallies when the time line of a run passes by, and keeps what a person at a
+/// terminal sees: what is printed, with the typed lines and the programs started where they came.
 class WatchedPlatform : public ScriptedPlatform {
  public:
   TSession* session = nullptr;
   std::array<int, 4> tallies{};
-  std::string logText;  ///< what the replay of the log at that moment prints
+  std::string logText;                         ///< what the replay of the log at that moment prints
+  std::string seen;                            ///< a typed line as "> line", an action as "[action]"
+  std::map<std::string, std::string> editing;  ///< what a file holds once it has been edited
 
   void print(std::string_view utf8) override;
+  std::optional<std::string> readLine() override;
+  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
+
+ private:
+  std::size_t actionsSeen_ = 0;
+  void showActions();
 };
 
 /// One use of the program, from its start to its end.
