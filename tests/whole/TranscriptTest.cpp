@@ -6,6 +6,7 @@
 //   unwritable NAME a file of that name cannot be written (an empty block)
 //   language        "ja" for a user of a Japanese machine
 //   random          the number that a report draws; 0 where the block is missing
+//   ticks           microseconds that pass from one look at a clock to the next; 0 where it is missing
 //   typed           the lines typed; behind the last one the input ends
 //   console         all that is shown, to the letter
 //   seen            what a person sees: typed lines behind "> ", programs started in brackets, the banner
@@ -93,6 +94,7 @@ void prepare(ScriptedPlatform& platform, const std::string& block, const std::st
   if (kind == "folder") platform.folders.insert(name);
   if (kind == "unwritable") platform.unwritable.insert(name);
   if (kind == "language") platform.japanese = text == "ja\n";
+  if (kind == "ticks") platform.ticksPerCall = std::stoll(text);
   if (kind == "random") platform.random = std::stoi(text);
 }
 
