@@ -139,7 +139,7 @@ std::vector<Command> commandsOf(std::uint32_t seed) {
   const auto nextName = [&] {
     if (pile.empty()) pile = names;
     std::swap(pile[draw(pile.size())], pile.back());
-    const std::string name = pile.back();
+    std::string name = pile.back();
     pile.pop_back();
     return name;
   };
