@@ -5,9 +5,6 @@ namespace {
 
 constexpr std::size_t kViewSize = 45;  // characters of a word view
 
-/// The bits of each hexadecimal digit.
-constexpr std::string_view kBits = "0000000100100011010001010110011110001001101010111100110111101111";
-
 /// Sets a number of at most five digits so that it ends in front of `end`; returns where it begins.
 char* setDigits(char* end, std::uint32_t value) {
   do {
@@ -21,8 +18,9 @@ char* setDigits(char* end, std::uint32_t value) {
 
 ReportText& ReportText::address(int adr) {
   hex(static_cast<std::uint32_t>(adr));
-  char* const at = take(7);
-  std::memcpy(at, ":     :", 7);
+  constexpr std::string_view kField = ":     :";
+  char* const at = take(kField.size());
+  kField.copy(at, kField.size());
   setDigits(at + 6, static_cast<std::uint32_t>(adr));
   return *this;
 }
