@@ -16,7 +16,7 @@ constexpr Message notAnInstruction{
     Head::LineBare,
     args("quote", "op"),
     {.ja =
-         "{quote}は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
+         "{quote} は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
      .en = "{quote} is not an assembler, machine, or macro instruction. "},
     {{families(FamilyId::NH),
       {.ja = {},

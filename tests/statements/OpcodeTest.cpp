@@ -22,7 +22,7 @@ std::string unknown(const std::string& q, int lang = kEnglish) {
   return lang == kEnglish
              ? "Error : line 2 \"" + q + "\"  is not an assembler, machine, or macro instruction. \n"
              : "エラー： 2 行目：  \"" + q +
-                   "\" は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 \n";
+                   "\"  は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 \n";
 }
 
 TEST(Opcodes, EveryMnemonicIsKnownAndLinesWithoutOneArePassedOver) {
