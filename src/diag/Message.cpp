@@ -32,18 +32,26 @@ std::string lineHead(Severity severity, int lang, int line) {
 std::string headOf(const Message& row, int lang, int line, std::initializer_list<MsgArg> values) {
   const bool english = lang != kJapanese;
   switch (row.head) {
-    case Head::None: return {};
-    case Head::Prefix: return std::string(logPrefix(row.severity, lang));
-    case Head::Bare: return std::string(severityHead(row.severity, lang));
-    case Head::Line: return lineHead(row.severity, lang, line) + (english ? ": " : "");
-    case Head::BreakLine: return "\n" + lineHead(row.severity, lang, line) + (english ? ": " : "");
-    case Head::LineBlank: return lineHead(row.severity, lang, line) + (english ? " " : "");
-    case Head::LineBare: return lineHead(row.severity, lang, line);
+    case Head::None:
+      return {};
+    case Head::Prefix:
+      return std::string(logPrefix(row.severity, lang));
+    case Head::Bare:
+      return std::string(severityHead(row.severity, lang));
+    case Head::Line:
+      return lineHead(row.severity, lang, line) + (english ? ": " : "");
+    case Head::BreakLine:
+      return "\n" + lineHead(row.severity, lang, line) + (english ? ": " : "");
+    case Head::LineBlank:
+      return lineHead(row.severity, lang, line) + (english ? " " : "");
+    case Head::LineBare:
+      return lineHead(row.severity, lang, line);
     case Head::QuoteLine:
       return std::string(severityHead(row.severity, lang)) + values.begin()->text +
              (english ? std::string(kLineWordE) + std::to_string(line + 1) + ": "
                       : std::to_string(line + 1) + std::string(kLineWord));
-    case Head::Own: return fillHoles(english ? row.ownHead.en : row.ownHead.ja, row.argNames, line, values);
+    case Head::Own:
+      return fillHoles(english ? row.ownHead.en : row.ownHead.ja, row.argNames, line, values);
   }
   return {};
 }
@@ -71,16 +79,24 @@ std::string fillText(const Message& row, FamilyId family, int lang, std::initial
   return fillHoles(row.text(family, lang), row.argNames, 0, values);
 }
 
-Catalogue::Entry::Entry(const Message& m) : row(&m), next(catalogueHead()) { catalogueHead() = this; }
+Catalogue::Entry::Entry(const Message& m) : row(&m), next(catalogueHead()) {
+  catalogueHead() = this;
+}
 
-Catalogue::Entry* Catalogue::first() { return catalogueHead(); }
+Catalogue::Entry* Catalogue::first() {
+  return catalogueHead();
+}
 
 std::string ordinal(long long n) {
   switch (n) {
-    case 1: return "1st";
-    case 2: return "2nd";
-    case 3: return "3rd";
-    default: return std::to_string(n) + "th";
+    case 1:
+      return "1st";
+    case 2:
+      return "2nd";
+    case 3:
+      return "3rd";
+    default:
+      return std::to_string(n) + "th";
   }
 }
 

@@ -49,7 +49,9 @@ struct Words {
 };
 
 /// The same text in both languages.
-consteval Words bothLanguages(std::string_view text) { return {text, text}; }
+consteval Words bothLanguages(std::string_view text) {
+  return {text, text};
+}
 
 /// Another family's words.  An empty language is that of the row itself.
 struct OtherWords {

@@ -15,11 +15,20 @@ void TMsgBase::issue(Catalogue::Entry& entry, FamilyId family, bool writesLog, i
   if (writesLog && row.logs) log_.append({line, row.severity, std::move(filled.text)});
   if (!row.counts) return;
   switch (row.severity) {
-    case Severity::Error: ++ErrorKazu; break;
-    case Severity::Warning: ++WarningKazu; break;
-    case Severity::Note: ++NoteKazu; break;
-    case Severity::Memo: ++MemoKazu; break;
-    case Severity::Plain: break;
+    case Severity::Error:
+      ++ErrorKazu;
+      break;
+    case Severity::Warning:
+      ++WarningKazu;
+      break;
+    case Severity::Note:
+      ++NoteKazu;
+      break;
+    case Severity::Memo:
+      ++MemoKazu;
+      break;
+    case Severity::Plain:
+      break;
   }
 }
 

@@ -79,11 +79,11 @@ template <class Char>
 struct PrgData {
   using View = std::basic_string_view<Char>;
 
-  int StartLine = 0;  ///< 0-based line index of the START
-  int EndLine = 0;    ///< 0-based line index of the END
-  int RecStart = 0;   ///< record of the START line in vecSrc
-  int RecEnd = 0;     ///< record of the END line in vecSrc
-  View PrgName;       ///< the label of the START
+  int StartLine = 0;            ///< 0-based line index of the START
+  int EndLine = 0;              ///< 0-based line index of the END
+  int RecStart = 0;             ///< record of the START line in vecSrc
+  int RecEnd = 0;               ///< record of the END line in vecSrc
+  View PrgName;                 ///< the label of the START
   bool IsPrgNameInUse = false;  ///< some line of another program names this program
   int PrgSize = 0;              ///< words, literals included
   int AbAdrAtStart = 0;         ///< absolute address of the first word

@@ -1,8 +1,7 @@
 // The catalogue's rows: heads, holes, log, tallies, other families' words.
-#include "diag/Message.h"
-
 #include <gtest/gtest.h>
 
+#include "diag/Message.h"
 #include "diag/MsgBase.h"
 #include "diag/Quote.h"
 #include "support/ScriptedPlatform.h"
@@ -17,8 +16,10 @@ constexpr Message plainLine{Severity::Error,
                             args("count"),
                             {.ja = "{count} 文字ある。", .en = "There are {count}."},
                             {{families(FamilyId::NWW), {.ja = {}, .en = "It has {count}."}}}};
-constexpr Message quoted{
-    Severity::Warning, Head::Line, args("quote"), {.ja = "{quote}: 悪い。\n直す。", .en = "{quote}: Bad.\nMend it."}};
+constexpr Message quoted{Severity::Warning,
+                         Head::Line,
+                         args("quote"),
+                         {.ja = "{quote}: 悪い。\n直す。", .en = "{quote}: Bad.\nMend it."}};
 constexpr Message quotedHead{
     Severity::Note, Head::QuoteLine, args("quote"), {.ja = "\n第一", .en = "\nFirst"}};
 constexpr Message fileLevel{Severity::Error, Head::Prefix, args(), bothLanguages("Nothing."), {}};
