@@ -46,7 +46,7 @@ struct NH {
 };
 
 /// The families that are compiled: ZELVARO_FAMILIES(M) expands M once for each.
-#define ZELVARO_FAMILIES(M) M(WP) M(AP)
+#define ZELVARO_FAMILIES(M) M(WP) M(NWW) M(AP) M(NA) M(NH)
 
 template <class Family>
 using CharOf = typename Family::Char;

@@ -73,12 +73,12 @@ constexpr FamilyStages kStages{Family::id,   kRows<Family>, programs<Family>, lo
 constexpr std::array kPipelines{
   //       name   textKind                keepsLog testsEditor testsResults fixedTimeLines savesSettings menu         stages
   Pipeline{"WP",  "std::wstring<--UTF16", true,    true,       true,        false,         true,         kMainMenu,   &kStages<WP>},
-  Pipeline{"NWW", "",                     false,   false,      true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NwW", "",                     false,   false,      true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NaW", "std::wstring",         true,    true,       true,        false,         true,         kMainMenu,   nullptr},
+  Pipeline{"NWW", "",                     false,   false,      true,        false,         true,         kMainMenu,   &kStages<NWW>},
+  Pipeline{"NwW", "",                     false,   false,      true,        false,         true,         kMainMenu,   &kStages<NWW>},
+  Pipeline{"NaW", "std::wstring",         true,    true,       true,        false,         true,         kMainMenu,   &kStages<NWW>},
   Pipeline{"AP",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   &kStages<AP>},
-  Pipeline{"NA",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NH",  "char chH[]",           false,   true,       false,       true,          false,        kMainMenuNH, nullptr},
+  Pipeline{"NA",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   &kStages<NA>},
+  Pipeline{"NH",  "char chH[]",           false,   true,       false,       true,          false,        kMainMenuNH, &kStages<NH>},
 };
 // clang-format on
 
