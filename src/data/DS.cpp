@@ -126,9 +126,7 @@ bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
     tellNonDigit<Family>(a, line.Line, number, i);
     return false;
   }
-  // in the fixed form a comma behind a blank is a comment like anything else
-  const bool isCommaKnown = kIsFixedForm<Family> ? end < text.size() && text[end] == Char(',') : true;
-  if (isCommaKnown && !rest.empty() && rest[0] == Char(',')) a.cs.report<Family, commaBehind>(line.Line);
+  if (!rest.empty() && rest[0] == Char(',')) a.cs.report<Family, commaBehind>(line.Line);
   line.Oprnd[1] = number;
   line.Oprnd[2] = rest;
   return true;

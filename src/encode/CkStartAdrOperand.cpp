@@ -113,8 +113,11 @@ int CkStartAdrOperand(Assembly& a, int prg, SrcOf<Family>& line) {
     return 1;
   }
   LineStore<CharOf<Family>>& store = a.store<Family>();
-  const int label = a.program<Family>(prg).findLabel(p);
-  if (label >= 0) return jumpTo<Family>(line, entryAddress<Family>(a, prg, store[label]), store[label]);
+  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  const int label = program.findLabel(p);
+  // the label of the START itself is the name of a program
+  if (label >= 0 && (Family::prgNameIsEntry || label != program.RecStart))
+    return jumpTo<Family>(line, entryAddress<Family>(a, prg, store[label]), store[label]);
   const int other = store.findPrg(p, -1);
   if (other >= 0) {
     if constexpr (Family::prgNameIsEntry) {

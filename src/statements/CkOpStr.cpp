@@ -21,7 +21,7 @@ constexpr Message notAnInstruction{
      .en = "{quote} is not an assembler, machine, or macro instruction. "},
     {{families(FamilyId::NH),
       {.ja = {},
-       .en = "'{op}' is neither an assembler, machine, nor macro instruction. "
+       .en = ": '{op}' is neither an assembler, machine, nor macro instruction. "
              "A valid instruction code is expected. "}}}};
 constexpr Message opTooLong{
     Severity::Error,
