@@ -132,10 +132,6 @@ constexpr Message strConstNotClosed =
         .withHead({.ja = "エラー： {line} 行目： {nr} 番目の定数：   ",
                    .en = "Error : line {line}:  Constant Nr={nr}:   "});
 
-/// AP knows no program names here: an address constant is a label of the own program.
-template <class Family>
-constexpr bool kSearchesPrgNames = Family::id != FamilyId::AP;
-
 template <class Family>
 void ckHex(Assembly& a, int line, int nr, ViewOf<Family> text) {
   const ViewOf<Family> digits = text.substr(1);
@@ -176,7 +172,7 @@ bool ckAdrConst(Assembly& a, SrcOf<Family>& line, int nr, ViewOf<Family> text) {
     return false;
   }
   LineStore<CharOf<Family>>& store = a.store<Family>();
-  if constexpr (kSearchesPrgNames<Family>) {
+  if constexpr (Family::prgNameInDC) {
     const int prg = store.findPrg(text, line.PrgNr);
     if (prg >= 0) {
       line.IsLabelInUse = true;

@@ -147,6 +147,7 @@ bool takesLiteral(Op op) {
     case Op::RPUSH:
     case Op::RPOP:
     case Op::RET:
+    case Op::EXIT:
     case Op::START:
     case Op::END:
     case Op::Unknown:

@@ -1,6 +1,7 @@
 // DS: its operand, its number of words.  The words themselves are all 0 and are held as a count only.
 #include "data/Data.h"
 #include "diag/Quote.h"
+#include "source/FixedForm.h"
 #include "structure/ZenKaku.h"
 
 namespace zelvaro {
@@ -20,6 +21,32 @@ constexpr Message oprndEmpty{
       {.ja = {},
        .en = "A constant operand in decimal number is expected at the right side of the DS instruction. "}}}};
 
+// The fixed form tells the faults of the number one by one.
+constexpr Message textBehind{
+    Severity::Memo,
+    Head::Line,
+    args(),
+    {.ja = "DS 命令のオペランド（数字）の右に空白があればそれ以降はコメントとみなされる。 ",
+     .en = "When there is a space at the right side of DS instruction, the followings in the line are "
+           "regarded as a comment. "}};
+constexpr Message hexNumber{Severity::Error,
+                            Head::Line,
+                            args(),
+                            {.ja = "DS 命令は 10 進数で指定する。 16 進数は使えない。",
+                             .en = "An operand of DS must be specified in decimal. "
+                                   "It cannot be specified in hexadecimal. "}};
+constexpr Message minusSign{Severity::Error,
+                            Head::Line,
+                            args(),
+                            {.ja = "負の符号 は使えない。 DS 命令は 語数を ０ 以上の 10 進定数で指定する。 "
+                                   "語数が ０ のとき 領域は確保しないが、ラベルは有効。",
+                             .en = "A minus sign cannot be used. "
+                                   "An operand of the DS assembere instructions is specified "
+                                   "in a decimal number including zero. "
+                                   "When it is zero, the assembler does not reserve any memory "
+                                   "domain.  Nevertheless, a label of the DS is effective. "
+                                   "(Spec. 2 2.3.(3)) "}};
+
 constexpr Message nonDigit{
     Severity::Error,
     Head::Line,
@@ -31,7 +58,10 @@ constexpr Message nonDigit{
            "An operand of DS must be specified in decimal number.\n"
            "And it must be positive or zero.\n"
            " It cannot be specified in hexadecimal.\n"
-           " (CASL2 Spec:  2.3 (3) "}};
+           " (CASL2 Spec:  2.3 (3) "},
+    {{families(FamilyId::NH),
+      {.ja = "DS 命令に数字以外の文字がある。 ",
+       .en = "There is non-numeral character in the operand of DS instruction. "}}}};
 
 constexpr Message commaBehind{Severity::Warning,
                               Head::Line,
@@ -65,6 +95,16 @@ std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text, std::size
   return text.substr(i, isPair ? 2 : 1);
 }
 
+template <class Family>
+void tellNonDigit(Assembly& a, int line, ViewOf<Family> number, std::size_t i) {
+  using Char = CharOf<Family>;
+  if constexpr (kIsFixedForm<Family>) {
+    if (number[0] == Char('#')) return a.cs.report<Family, hexNumber>(line);
+    if (number[0] == Char('-')) return a.cs.report<Family, minusSign>(line);
+  }
+  a.cs.report<Family, nonDigit>(line, plain(moziAt(number, i)), quote(number));
+}
+
 /// Splits the operand text into the number, operand 1, and what stands behind it, operand 2.
 template <class Family>
 bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
@@ -79,9 +119,11 @@ bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
   while (end < text.size() && !isBlank(text[end]) && (end == 0 || text[end] != Char(','))) ++end;
   const ViewOf<Family> number = text.substr(0, end);
   const ViewOf<Family> rest = trim(text.substr(end));
+  if (kIsFixedForm<Family> && end < text.size() && isBlank(text[end]) && !rest.empty())
+    a.cs.report<Family, textBehind>(line.Line);
   for (std::size_t i = 0; i < number.size(); ++i) {
     if (number[i] == Char('+') || isDigit(number[i])) continue;
-    a.cs.report<Family, nonDigit>(line.Line, plain(moziAt(number, i)), quote(number));
+    tellNonDigit<Family>(a, line.Line, number, i);
     return false;
   }
   if (!rest.empty() && rest[0] == Char(',')) a.cs.report<Family, commaBehind>(line.Line);

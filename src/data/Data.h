@@ -25,6 +25,10 @@ void SetMryInAtDS(Assembly& a, int prg);
 template <class Family>
 int SetMryInAtDC(Assembly& a, int prg);
 
+/// The fixed form: the number and the place of a program's DC and DS lines.
+template <class Family>
+void dcds10(Assembly& a, int prg);
+
 /// Forms of the literals of a program, and the closure of their character constants; negative after a fault.
 template <class Family>
 int CkLiteral15(Assembly& a, int prg);

@@ -3,9 +3,21 @@
 
 #include "data/DC.h"
 #include "data/StrConst.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
+
+constexpr Message tooManyOprnds{
+    Severity::Error,
+    Head::Line,
+    args("count"),
+    {.ja =
+         "DC オペランドの数は、一行につき 20 個に制限されています。（Zelvaro の独自仕様）{count} 個あります。"
+         "DC オペランドの個数を削減する必要があります。 ",
+     .en = "There are too many operands of DC instruction. "
+           "The number of the DC operands is limited to 20 in a line (Spec. of Zelvaro). "
+           "There are {count} operands. Decrease the number of the operands in the line. "}};
 
 /// Appends the operands of a text.  A comma at its end has no operand behind it.
 template <class Char>
@@ -38,6 +50,10 @@ int TakeOutOprndsAtDC10(Assembly& a, SrcOf<Family>& line) {
     line.DcCount = count;
   }
   line.OprndKazu = count;
+  if (kIsFixedForm<Family> && count > kFixedDcOprnds) {
+    a.cs.report<Family, tooManyOprnds>(line.Line, count);
+    return 1;
+  }
   return CkDC33<Family>(a, line) > 0 ? 1 : 0;
 }
 

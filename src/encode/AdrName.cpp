@@ -1,6 +1,8 @@
 // The name as an address constant: the name of another program of the file, or a label of the own program.
+// The order of the two searches shows where a label has the name of another program.
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -55,6 +57,7 @@ void resolveToPrg(Assembly& a, SrcOf<Family>& line, int prg) {
   line.Word2 = other.AbAdrAtStart;
   line.IsLabelInUse = true;
   other.IsPrgNameInUse = true;
+  if constexpr (!Family::warnsOfExternalName) return;
   const Op op = opOf(line);
   if (op != Op::CALL && op != Op::LAD) a.cs.report<Family, externalName>(line.Line);
 }
@@ -73,12 +76,18 @@ int CkAdrName(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {
     return kAdrTooLong;
   }
   LineStore<CharOf<Family>>& store = a.store<Family>();
-  const int prg = store.findPrg(p, line.PrgNr);
-  if (prg >= 0) {
+  const PrgData<CharOf<Family>>& own = a.program<Family>(line.PrgNr);
+  int label = own.findLabel(p);
+  int prg = store.findPrg(p, line.PrgNr);
+  if (kIsFixedForm<Family> && label == own.RecStart) {
+    // the own program is one of the programs there
+    label = -1;
+    prg = line.PrgNr;
+  }
+  if (prg >= 0 && (label < 0 || !Family::ownLabelsFirst)) {
     resolveToPrg<Family>(a, line, prg);
     return 0;
   }
-  const int label = a.program<Family>(line.PrgNr).findLabel(p);
   if (label >= 0) {
     SrcOf<Family>& target = store[label];
     line.Word2 = target.AbAdr;

@@ -1,4 +1,7 @@
 // CkStartAdrOperand: the entry point that a START names.  Its line becomes a JUMP to it.
+#include <algorithm>
+#include <limits>
+
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
 
@@ -45,7 +48,15 @@ constexpr Message undefinedName{
      {families(FamilyId::AP),
       {.ja = {}, .en = "{quote}\nNo label or program name matches the address constant of the {quote}. "}},
      {families(FamilyId::NA),
-      {.ja = {}, .en = "{quote}\nNo label or program name matches the addres constant. "}}}};
+      {.ja = {}, .en = "{quote}\nNo label or program name matches the addres constant. "}},
+     {families(FamilyId::NH),
+      {.ja = "\nアドレス定数 {quote} と一致するラベルが存在しない。\n"
+             " START 命令は、プログラムの先頭を定義する。 \n実行開始番地は、そのプログラム内で定義された\n"
+             "ラベルで指定する。（仕様 2・3（１））",
+       .en = "{quote}\nNo label or program name matches the address constant of {quote}. \n"
+             "START assembler instruction defines a top of the program. \n"
+             "A top of the address at which a program starts is \n"
+             "specified by a label defined in a program. \n(Spec. of CASL2: 2.3 (1)) "}}}};
 constexpr Message prgNameRefused{
     Severity::Error,
     Head::Line,
@@ -64,14 +75,25 @@ constexpr Message prgNameRefused{
            "(Spec. of CASL2: 2.3 (1)) \nThe address constant at the right side of the START \n"
            "is expected to be corrected. "}}}};
 
-/// Whether the entry point may be the name of a program.
+/// The address of a line of the program.  Worked out at once it holds for a label without an opcode too, which
+/// no address pass looks at.
 template <class Family>
-constexpr bool kPrgNameIsEntry = Family::id == FamilyId::WP || Family::id == FamilyId::NWW;
+std::int32_t entryAddress(Assembly& a, int prg, const SrcOf<Family>& target) {
+  if constexpr (!Family::worksOutEntry) return target.AbAdr;
+  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  std::int64_t adr = program.AbAdrAtStart;
+  for (const SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(program)) {
+    if (line.Line == target.Line) break;
+    adr += line.word_kazu;
+  }
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();  // refused behind the address pass
+  return static_cast<std::int32_t>(std::min(adr, kMost));
+}
 
 template <class Family>
-int jumpTo(SrcOf<Family>& line, SrcOf<Family>& target) {
+int jumpTo(SrcOf<Family>& line, std::int32_t address, SrcOf<Family>& target) {
   line.Word1 = firstWord(instruction(Op::JUMP).adrCode);
-  line.Word2 = target.AbAdr;
+  line.Word2 = address;
   line.word_kazu = 2;
   target.IsLabelInUse = true;
   return 0;
@@ -91,14 +113,18 @@ int CkStartAdrOperand(Assembly& a, int prg, SrcOf<Family>& line) {
     return 1;
   }
   LineStore<CharOf<Family>>& store = a.store<Family>();
-  const int label = a.program<Family>(prg).findLabel(p);
-  if (label >= 0) return jumpTo<Family>(line, store[label]);
+  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  const int label = program.findLabel(p);
+  // the label of the START itself is the name of a program
+  if (label >= 0 && (Family::prgNameIsEntry || label != program.RecStart))
+    return jumpTo<Family>(line, entryAddress<Family>(a, prg, store[label]), store[label]);
   const int other = store.findPrg(p, -1);
   if (other >= 0) {
-    if constexpr (kPrgNameIsEntry<Family>) {
+    if constexpr (Family::prgNameIsEntry) {
       PrgData<CharOf<Family>>& target = a.program<Family>(other);
       target.IsPrgNameInUse = true;
-      return jumpTo<Family>(line, store[target.RecStart]);
+      SrcOf<Family>& start = store[target.RecStart];
+      return jumpTo<Family>(line, start.AbAdr, start);
     } else {
       a.cs.report<Family, prgNameRefused>(line.Line);
       return 1;

@@ -79,7 +79,7 @@ void addressWay(Assembly& a, SrcOf<Family>& line) {
 template <class Family>
 void encodeBoth(Assembly& a, SrcOf<Family>& line) {
   const Instruction& row = instruction(opOf(line));
-  if (Family::id == FamilyId::WP && row.extra == OpExtra::TellsMissing) {
+  if (Family::asksForOprndsOfLD && row.extra == OpExtra::TellsMissing) {
     if (line.Oprnd[1].empty()) return MissingFirstOprnd<Family>(a, line);
     if (line.Oprnd[2].empty()) return MissingSecondOprnd<Family>(a, line);
   }

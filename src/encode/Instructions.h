@@ -57,6 +57,11 @@ Op opOf(const SrcData<Char>& line) {
   return static_cast<Op>(line.OpNr);
 }
 
+/// DC or DS.
+constexpr bool isDcOrDs(Op op) {
+  return op == Op::DC || op == Op::DS;
+}
+
 /// First word: operation code in bits 15 to 8, r in 7 to 4, x or r2 in 3 to 0.
 constexpr int firstWord(int code, int r = 0, int x = 0) {
   return code << 8 | r << 4 | x;

@@ -1,6 +1,7 @@
 // The numbers of literals: two checks and two conversions.  k0 counts operands from 0, k is printed from 1.
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -31,6 +32,15 @@ constexpr Message decOutOfRange{
        .en = " Constant Nr={k}: {value} \nThe decimal number constant is out of range. \n"
              "It should be between -32768 and +32767. \nSo its lower 16 bits are saved in memory. \n"
              "(CASL2 Spec: 2.3 (4)) "}}}};
+constexpr Message literalOutOfRange{
+    Severity::Note,
+    Head::Line,
+    args("value"),
+    {.ja = "リテラル 十進定数 {value} が -32768 から 32767 までの範囲にないので、"
+           "その下位１６ビットが格納される。（独自仕様）  ",
+     .en = "The decimal number {value} is out of range. "
+           "The decimal number {value} should be between -3268 and 3267. "
+           "The lower 16 bits are saved in memory. (Zelvaro Spec.). "}};
 constexpr Message hexNonDigit{
     Severity::Error,
     Head::Line,
@@ -106,7 +116,12 @@ int CkDecConstG(TCorrectScode& cs, int line, int k0, ViewOf<Family> text) {
 template <class Family>
 int DecStrToIntG(TCorrectScode& cs, int line, int k0, ViewOf<Family> text) {
   const int value = decimalValue(text);
-  if (value < -32768 || value > 32767) cs.report<Family, decOutOfRange>(line, value, k0 + 1);
+  if (value >= -32768 && value <= 32767) return value;
+  if constexpr (kIsFixedForm<Family>) {
+    cs.report<Family, literalOutOfRange>(line, value);
+  } else {
+    cs.report<Family, decOutOfRange>(line, value, k0 + 1);
+  }
   return value;
 }
 

@@ -83,7 +83,7 @@ void badIndex(Assembly& a, SrcOf<Family>& line, int n) {
   const ViewOf<Family> text = line.Oprnd[static_cast<std::size_t>(n)];
   a.cs.report<Family, noIndexRegister>(line.Line, quote(text));
   AnalystZenKSpace20NW<Family>(a.cs, line.Line, text);
-  if constexpr (Family::id == FamilyId::WP) {
+  if constexpr (Family::tellsDoubleComma) {
     if (text.front() == ',') a.cs.report<Family, doubleComma>(line.Line, quote(text));
   }
   AnalystIndexReg<Family>(a, line, n);

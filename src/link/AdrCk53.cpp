@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "diag/Quote.h"
+#include "link/Layout.h"
 #include "link/Link.h"
 #include "macro/Macro.h"
 
@@ -31,11 +32,6 @@ struct Counters {
     abs = abs > kMost - words ? kMost : abs + words;
   }
 };
-
-/// Which operand of a machine instruction with two words is the address.
-constexpr int addressOprnd(const Instruction& i) {
-  return i.form == OpForm::Branch ? 1 : 2;
-}
 
 /// A line takes the addresses at hand and the words that it has.
 template <class Family>
@@ -126,7 +122,7 @@ bool placeLine(Assembly& a, int prg, SrcOf<Family>& line, Counters& at) {
     case OpClass::Assembler:
       break;
     case OpClass::NhOnly:
-      return false;
+      return kIsFixedForm<Family> && placeMachine<Family>(a, line, i, at);
   }
   if (op == Op::END) return false;
   if (op == Op::START) {
@@ -157,11 +153,11 @@ void AdrCk53(Assembly& a, int prg) {
   LineStore<CharOf<Family>>& store = a.store<Family>();
   PrgData<CharOf<Family>>& program = a.program<Family>(prg);
   Counters at{0, program.AbAdrAtStart};
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
-    if (line.OpStr.empty()) continue;
+  forEachInMemory<Family>(store.linesBeforeEnd(program), [&](SrcOf<Family>& line) {
     if (!placeLine<Family>(a, prg, line, at))
       a.cs.report<Family, unknownOp>(line.Line, plain(line.OpStr), line.word_kazu);
-  }
+    return true;
+  });
   program.AbAdrAfterCode = at.abs;
   placeLiterals<Family>(store, program, at);
   program.PrgSize = at.rel;

@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "link/Link.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -19,14 +20,28 @@ constexpr Message overStack{
         "More than 65035 words cannot be reserved, because 500 words has been prereserved for Stack "
         "Area in comet2. ")};
 
+// The fixed form has a smaller memory.
+constexpr Message overMemory{
+    Severity::Error,
+    Head::Prefix,
+    args("words"),
+    {.ja = "必要な全メモリ数は {words} 個です。 "
+           "しかし、このシミレータで用意されている全メモリ数は 3500 個（パソコンのメモリの節約のため*）なので"
+           "制限をこえています。 工夫をしてご利用ください。",
+     .en = "Your program needs all the {words} words in memory. "
+           "This simulator has only 3500 words in it. "
+           "You should reduce the reserved memories by your program. "}};
+
 }  // namespace
 
 template <class Family>
 int CkMaxMrySize(Assembly& a) {
   std::int64_t words = 0;
   for (const PrgData<CharOf<Family>>& program : a.store<Family>().vecPrg) words += program.PrgSize;
-  if (words <= kGreatestImage) return 0;
-  if (words >= kAddressSpace) {
+  if (words <= (kIsFixedForm<Family> ? MaxMemory : kGreatestImage)) return 0;
+  if constexpr (kIsFixedForm<Family>) {
+    a.b.report<Family, overMemory>(0, words);
+  } else if (words >= kAddressSpace) {
     a.b.report<Family, overAddressSpace>(0, words);
   } else {
     a.b.report<Family, overStack>(0, words);

@@ -1,6 +1,7 @@
 // SetLineOfAddress: the map from addresses to source lines.
 #include <algorithm>
 
+#include "link/Layout.h"
 #include "link/SetMemory10.h"
 
 namespace zelvaro {
@@ -14,11 +15,24 @@ void enter(Tcomet2& m, std::int64_t& adr, std::int32_t words, std::int32_t line)
   adr = end;
 }
 
+/// The fixed form enters each line where its words are, and no literal.
+template <class Family>
+void enterLinesOnly(LineStore<CharOf<Family>>& store, Tcomet2& m) {
+  for (const PrgData<CharOf<Family>>& program : store.vecPrg) {
+    forEachInMemory<Family>(store.linesBeforeEnd(program), [&m](const SrcOf<Family>& line) {
+      std::int64_t adr = line.AbAdr;
+      enter(m, adr, line.word_kazu, line.Line);
+      return true;
+    });
+  }
+}
+
 }  // namespace
 
 template <class Family>
 void SetLineOfAddress(Assembly& a, Tcomet2& m) {
   LineStore<CharOf<Family>>& store = a.store<Family>();
+  if constexpr (kIsFixedForm<Family>) return enterLinesOnly<Family>(store, m);
   std::int64_t adr = 0;
   for (const PrgData<CharOf<Family>>& program : store.vecPrg) {
     for (const SrcOf<Family>& line : store.linesBeforeEnd(program))

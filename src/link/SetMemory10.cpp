@@ -6,6 +6,7 @@
 #include <array>
 
 #include "data/EmptyStrConst.h"
+#include "link/Layout.h"
 #include "macro/Macro.h"
 
 namespace zelvaro {
@@ -117,6 +118,57 @@ void putLiteral(SrcOf<Family>& line, AdrConst<CharOf<Family>>& literal, Writer<F
   }
 }
 
+/// The literals of a program, behind its lines.
+template <class Family>
+void putLiterals(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family>>& program,
+                 Writer<Family>& out) {
+  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+    if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
+    putLiteral<Family>(line, *store.literal(line), out);
+  }
+}
+
+// --- the fixed form ---
+
+// Guards: the checks of the size have refused such programs.
+constexpr Message linkerError{Severity::Plain, Head::None, args(), bothLanguages("Linker Error: ")};
+
+/// Whether the areas of a program fit behind what stands in memory: 0, or the words that are missing,
+/// negative, after an Error.
+template <class Family>
+int ckAreas(Assembly& a, int prg) {
+  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  FixedWords words = fixedWords<Family>(a.store<Family>(), program);
+  words.code += program.AbAdrAtStart;
+  if (words.total() <= MaxMemory) return 0;
+  const bool isData = words.code + words.max_rl_memory_d > MaxMemory;
+  a.b.report<Family, linkerError>(program.StartLine);
+  ckMaxMemory<Family>(a, program.StartLine, words);
+  a.b.print(isData ? "u+cs->Get_max_rl_memory_d()\n" : "u+cs->Get_max_rl_memory_l()\n");
+  return MaxMemory - words.total();
+}
+
+/// A DS of no words stands for the next DC or DS that has some, or for the end of the memory.
+template <class Family>
+void placeEmptyDS(std::span<SrcOf<Family>> lines) {
+  std::int32_t next = MaxMemory;
+  for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
+    if (!isDcOrDs(opOf(*line))) continue;
+    if (line->word_kazu == 0) line->AbAdr = next;
+    next = line->AbAdr;
+  }
+}
+
+/// What SetMemory25 does behind the words: LastAdr is the word behind the image, which stays 0.
+template <class Family>
+void setLastAdr(Assembly& a, Tcomet2& m, std::int32_t adr) {
+  if (adr < MaxMemory) {
+    m.LastAdr = adr;
+  } else {
+    a.b.selfCheck("Prg. Error: MaxMemory < maxAdr");
+  }
+}
+
 }  // namespace
 
 template <class Family>
@@ -125,11 +177,17 @@ int SetMemory10(Assembly& a, Tcomet2& m, int prg) {
   const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
   Writer<Family> out(a, m, program.AbAdrAtStart);
   const int errors = a.errors();
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program))
-    if (!putLine<Family>(a, line, out)) return -1;
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
-    if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
-    putLiteral<Family>(line, *store.literal(line), out);
+  if constexpr (kIsFixedForm<Family>) {
+    if (const int missing = ckAreas<Family>(a, prg); missing < 0) return missing;
+  }
+  if (!forEachInMemory<Family>(store.linesBeforeEnd(program),
+                               [&](SrcOf<Family>& line) { return putLine<Family>(a, line, out); }))
+    return -1;
+  putLiterals<Family>(store, program, out);
+  if constexpr (kIsFixedForm<Family>) {
+    placeEmptyDS<Family>(store.linesBeforeEnd(program));
+    setLastAdr<Family>(a, m, out.adr());
+    return 0;
   }
   const auto next = static_cast<std::size_t>(prg) + 1;
   if (next < store.vecPrg.size()) store.vecPrg[next].AbAdrAtStart = out.adr();

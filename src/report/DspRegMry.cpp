@@ -1,10 +1,11 @@
-// DspRegMry70NW, DspRegMry68NA: registers, memory with its labels and statements, and the stack.
+// DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
 #include <fmt/format.h>
 
 #include "diag/MsgBase.h"
 #include "report/LabelColumn.h"
 #include "report/Report.h"
 #include "report/ReportText.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -16,8 +17,9 @@ constexpr int kZerosThatEndTheStack = 4;
 constexpr int kSeparatorWidth = 35;
 constexpr std::string_view kViewHead = "Char  Hex    UD     SD       Binary Code\n";
 
-/// What differs between the reports of the wide and the narrow pipelines.
+/// What differs between the reports of the wide, the narrow and the fixed pipelines.
 struct ReportForm {
+  std::string_view nameLine;
   std::string_view flagOvf, flagSign, flagZero;
   std::string_view tableLine;    ///< the line above the table
   std::string_view literalHead;  ///< what stands in front of the statement on a literal's row
@@ -25,7 +27,8 @@ struct ReportForm {
   int leastLabelColumn;          ///< the label column is that wide or LabelWidth + 1
 };
 
-constexpr ReportForm wideForm{"f_Ovf=",
+constexpr ReportForm wideForm{"Src. File: ",
+                              "f_Ovf=",
                               ", f_Sign=",
                               "f_Zero=",
                               "//----------------------------------------"
@@ -33,13 +36,20 @@ constexpr ReportForm wideForm{"f_Ovf=",
                               "Literal Const. in (",
                               5,
                               0};
-constexpr ReportForm narrowForm{"Fovf=",
+constexpr ReportForm narrowForm{"Src. File: ",
+                                "Fovf=",
                                 ", Fsign=",
                                 "Fzero=",
                                 "//------------------------------------------------------------\n",
                                 "Literal Const:(",
                                 8,
                                 11};
+
+constexpr ReportForm fixedForm = [] {
+  ReportForm form = narrowForm;
+  form.nameLine = "Src File: ";
+  return form;
+}();
 
 template <class Family>
 constexpr bool isWide = sizeof(CharOf<Family>) == 2;
@@ -81,8 +91,9 @@ class RegMryReport {
       : m_(m),
         b_(b),
         store_(store),
-        labels_(store.lines()),
-        labelWidth_(labels_.longest(b.PrgEndAdr, form.firstLabelWidth)),
+        endAdr_(kIsFixedForm<Family> ? m.LastAdr : b.PrgEndAdr),
+        labels_(store.lines(), kIsFixedForm<Family>),
+        labelWidth_(labels_.longest(endAdr_, form.firstLabelWidth)),
         column_(labelWidth_ > form.leastLabelColumn ? labelWidth_ + 1 : form.leastLabelColumn),
         countWidth_(decimalDigits(m.MaxExecCount) + 1) {}
 
@@ -92,17 +103,21 @@ class RegMryReport {
   void stack(ReportText& out) const;
 
  private:
-  static constexpr const ReportForm& form = isWide<Family> ? wideForm : narrowForm;
+  static constexpr const ReportForm& form = isWide<Family>         ? wideForm
+                                            : kIsFixedForm<Family> ? fixedForm
+                                                                   : narrowForm;
 
   void flags(ReportText& out) const;
   void tableHead(ReportText& out) const;
   void row(ReportText& out, int adr);
   void echo(ReportText& out, int adr);
+  void sourceRow(ReportText& out, std::basic_string_view<Char> row) const;
   const SrcData<Char>* recordOf(int line);
 
   const Tcomet2& m_;
   const TBasicData& b_;
   const Store& store_;
+  int endAdr_;  ///< the first address behind the image
   LabelColumn<Char> labels_;
   int labelWidth_;
   int column_;  ///< width of the label column
@@ -122,7 +137,7 @@ void RegMryReport<Family>::head(ReportText& out, std::string_view filename, cons
         .text("Press Ctrl+W or Ctrl+Shift+W.\n");
     SeparatorLine(out, kSeparatorWidth);
   }
-  out.text("Src. File: ").text(b_.SrcFilename).blanks(4);
+  out.text(form.nameLine).text(b_.SrcFilename).blanks(4);
   out.text(dateText(platform.localTime(), b_.Lang)).text("\n\n");
   out.text(timeLineOfReport(time, platform, isWide<Family>));
   if (filename != AssembledRegFile) {
@@ -177,10 +192,13 @@ void RegMryReport<Family>::tableHead(ReportText& out) const {
 template <class Family>
 void RegMryReport<Family>::memory(ReportText& out) {
   tableHead(out);
-  const bool isBoundaryKnown = !store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1;
-  for (int adr = 0; adr < b_.PrgEndAdr + kRowsBehindImage; ++adr) {
+  const bool isBoundaryKnown =
+      kIsFixedForm<Family> || (!store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1);
+  int rows = endAdr_ + kRowsBehindImage;
+  if constexpr (kIsFixedForm<Family>) rows = std::min(rows, MaxMemoryDCDS);
+  for (int adr = 0; adr < rows; ++adr) {
     row(out, adr);
-    if (adr == b_.PrgEndAdr - 1 && isBoundaryKnown) SeparatorLine(out, kSeparatorWidth);
+    if (adr == endAdr_ - 1 && isBoundaryKnown) SeparatorLine(out, kSeparatorWidth);
   }
   out.text("The area that a program has reserved in main memory is called ")
       .text("the \"Reserved Area.\"\n")
@@ -211,6 +229,7 @@ void RegMryReport<Family>::echo(ReportText& out, int adr) {
   const SrcData<Char>* s = recordOf(line);
   if (s == nullptr || s->OpStr.empty()) return;
   echoedLine_ = line;
+  if constexpr (kIsFixedForm<Family>) return sourceRow(out, s->SrcStr);
   if (store_.literal(*s) != nullptr && adr > s->AbAdr) {
     out.text(form.literalHead).source(s->LabelStr);
     if (!s->LabelStr.empty()) out.text(" ");
@@ -219,6 +238,20 @@ void RegMryReport<Family>::echo(ReportText& out, int adr) {
   }
   out.source(s->LabelStr).blanks(2 - static_cast<int>(s->LabelStr.size())).text(" ");
   out.source(s->OpStr).text(" ").source(s->OprndComStr);
+}
+
+/// The row as line normalisation leaves it: its first two runs of blanks are one blank each.
+template <class Family>
+void RegMryReport<Family>::sourceRow(ReportText& out, std::basic_string_view<Char> row) const {
+  if (isBlank(row.front())) out.blanks(12);
+  for (int run = 0; run < 2 && !row.empty(); ++run) {
+    std::size_t end = 0;
+    while (end < row.size() && !isBlank(row[end])) ++end;
+    out.source(row.substr(0, end));
+    row = trimLeft(row.substr(end));
+    if (!row.empty()) out.text(" ");
+  }
+  out.source(row);
 }
 
 /// The record of a line.  Addresses rise with the lines, so it mostly is the one behind the last.
@@ -261,7 +294,7 @@ void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, con
     tellFailure(platform, filename, failure.reason);
     return;
   }
-  if constexpr (!isWide<Family>) m.LastAdr = b.PrgEndAdr;
+  if constexpr (!isWide<Family> && !kIsFixedForm<Family>) m.LastAdr = b.PrgEndAdr;
   RegMryReport<Family> report(m, b, b.store<CharOf<Family>>());
   ReportText out(*file);
   report.head(out, filename, time, platform);

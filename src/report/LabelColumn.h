@@ -16,12 +16,15 @@ namespace zelvaro {
 /// line in front of it lies above its own address, that is, if its address is not below the greatest one
 /// so far.  A label without an opcode keeps address 0 and shows only where nothing before it has moved on.
 /// The labels that show rise with their addresses, and one walk over the lines finds them.
+///
+/// The fixed form has its labels in a table of their own, in which each one is found whatever lies in front
+/// of it: its lines are taken by rising address.
 template <class Char>
 class LabelColumn {
  public:
   using View = std::basic_string_view<Char>;
 
-  explicit LabelColumn(std::span<const SrcData<Char>> lines);
+  explicit LabelColumn(std::span<const SrcData<Char>> lines, bool byAddress = false);
 
   /// The labels of an address; none for an address that the machine does not have.
   std::span<const View> at(int adr) const {
@@ -39,19 +42,30 @@ class LabelColumn {
   int longest(int end, int atLeast) const;
 
  private:
+  void add(const SrcData<Char>& line) {
+    first_.resize(static_cast<std::size_t>(line.AbAdr) + 1, labels_.size());
+    labels_.push_back(line.LabelStr);
+  }
+
   std::vector<View> labels_;        ///< the labels that show, by rising address
   std::vector<std::size_t> first_;  ///< by address, its first label; one element more than addresses
 };
 
 template <class Char>
-LabelColumn<Char>::LabelColumn(std::span<const SrcData<Char>> lines) {
+LabelColumn<Char>::LabelColumn(std::span<const SrcData<Char>> lines, bool byAddress) {
+  std::vector<const SrcData<Char>*> labelled;
+  for (const SrcData<Char>& s : lines)
+    if (!s.LabelStr.empty()) labelled.push_back(&s);
+  if (byAddress) {
+    std::stable_sort(labelled.begin(), labelled.end(),
+                     [](const auto* s, const auto* t) { return s->AbAdr < t->AbAdr; });
+  }
   int greatest = 0;
-  for (const SrcData<Char>& s : lines) {
-    if (s.LabelStr.empty() || s.AbAdr < greatest) continue;
-    greatest = s.AbAdr;
+  for (const SrcData<Char>* s : labelled) {
+    if (s->AbAdr < greatest) continue;
+    greatest = s->AbAdr;
     if (greatest >= kMemoryCells) break;
-    first_.resize(static_cast<std::size_t>(s.AbAdr) + 1, labels_.size());
-    labels_.push_back(s.LabelStr);
+    add(*s);
   }
   first_.push_back(labels_.size());
 }

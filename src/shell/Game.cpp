@@ -8,13 +8,6 @@ namespace {
 
 constexpr std::string_view kDefaultPipeline = "NWW";
 
-constexpr Message notThereYet{
-    Severity::Plain,
-    Head::None,
-    args("name"),
-    {.ja = "パイプライン {name} はまだ用意されていません。代わりに WP の各段を使います。",
-     .en = "The pipeline {name} is not there yet; the stages of WP stand in for it."}};
-
 }  // namespace
 
 TGame::TGame(TSession& s) : TMsgBase(s.platform, s.dg), FightFunc(kDefaultPipeline), s_(s), menu_(s, *this) {}
@@ -55,10 +48,6 @@ const Pipeline& TGame::pipelineOf(const std::string& name) {
   if (p == nullptr) {
     print("FightNwW(); by default.\n");
     p = findPipeline(kDefaultPipeline);
-  }
-  if (p->stages == nullptr) {
-    print(fillText(notThereYet, FamilyId::WP, Lang, {p->name}) + "\n");
-    p = findPipeline("WP");
   }
   return *p;
 }

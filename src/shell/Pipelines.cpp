@@ -39,11 +39,12 @@ constexpr std::array kRows{
   StageRow{12, Per::File,    Behind::Test, {"StartEnd10NWB",              "StartEnd10NA",               "StartEnd10N"},                             stage<StartEnd10<F>>},
   StageRow{12, Per::File,    Behind::Test, {"StartEnd20NW",               "StartEnd20NA",               "StartEnd20N"},                             stage<StartEnd20<F>>},
   StageRow{13, Per::Program, Behind::Next, {"StartEndNWCS",               "StartEndNACS",               "StartEndCS"},                              stage<StartEnd<F>>},
-  StageRow{13, Per::Program, Behind::Test, {"CutCommentsNW",              "CutCommentsNA",              ""},                                        stage<CutComments<F>>},
+  StageRow{13, Per::Program, Behind::Test, {"CutCommentsNW",              "CutCommentsNA",              "CutCommentsN"},                            stage<CutComments<F>>},
   StageRow{14, Per::File,    Behind::Test, {"IsAnySrcOutsideSartEndNWCS", "IsAnySrcOutsideSartEndNACS", "IsThereAnySrcOutsideSartEndInMultPrgsCS"}, stage<IsAnySrcOutsideSartEnd<F>>},
   StageRow{15, Per::Program, Behind::Test, {"CkPrgNameNWCS",              "CkPrgNameNACS",              "CkPrgNameN"},                              stage<CkPrgName<F>>},
   StageRow{15, Per::File,    Behind::Test, {"CkPrgNameDoubleNWBD",        "CkPrgNameDoubleNABD",        "CkPrgNameDoubleBD"},                       stage<CkPrgNameDouble<F>>},
   StageRow{16, Per::File,    Behind::Test, {"OpCkLoopWP",                 "OpCkLoopAP",                 "OpCkLoopNH"},                              stage<OpCkLoop<F>>},
+  StageRow{16, Per::File,    Behind::Test, {"",                           "",                           "CkMaxMrySizeN"},                           stage<CkMaxMrySize<F>>},
   StageRow{17, Per::File,    Behind::Next, {"CkLabelInUseNWBD",           "CkLabelInUseNABD",           "CkLabelInUse"},                            stage<CkLabelInUse<F>>},
   StageRow{17, Per::File,    Behind::Test, {"CkPrgNameInUseNWBD",         "CkPrgNameInUseNABD",         "CkPrgNameInUseBD"},                        stage<CkPrgNameInUse<F>>},
 };
@@ -67,18 +68,25 @@ template <class Family>
 constexpr FamilyStages kStages{Family::id,   kRows<Family>, programs<Family>, loadSource<Family>,
                                link<Family>, Run3<Family>,  DspRegMry<Family>};
 
+/// NaW goes the way of NWW but for its loader.
+constexpr FamilyStages kStagesNaW = [] {
+  FamilyStages s = kStages<NWW>;
+  s.load = loadWidened;
+  return s;
+}();
+
 // The points in which the pipelines' ways through the driver differ.
 //
 // clang-format off
 constexpr std::array kPipelines{
   //       name   textKind                keepsLog testsEditor testsResults fixedTimeLines savesSettings menu         stages
   Pipeline{"WP",  "std::wstring<--UTF16", true,    true,       true,        false,         true,         kMainMenu,   &kStages<WP>},
-  Pipeline{"NWW", "",                     false,   false,      true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NwW", "",                     false,   false,      true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NaW", "std::wstring",         true,    true,       true,        false,         true,         kMainMenu,   nullptr},
+  Pipeline{"NWW", "",                     false,   false,      true,        false,         true,         kMainMenu,   &kStages<NWW>},
+  Pipeline{"NwW", "",                     false,   false,      true,        false,         true,         kMainMenu,   &kStages<NWW>},
+  Pipeline{"NaW", "std::wstring",         true,    true,       true,        false,         true,         kMainMenu,   &kStagesNaW},
   Pipeline{"AP",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   &kStages<AP>},
-  Pipeline{"NA",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   nullptr},
-  Pipeline{"NH",  "char chH[]",           false,   true,       false,       true,          false,        kMainMenuNH, nullptr},
+  Pipeline{"NA",  "std::string",          true,    true,       true,        false,         true,         kMainMenu,   &kStages<NA>},
+  Pipeline{"NH",  "char chH[]",           false,   true,       false,       true,          false,        kMainMenuNH, &kStages<NH>},
 };
 // clang-format on
 

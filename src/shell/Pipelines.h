@@ -67,7 +67,7 @@ struct Pipeline {
   bool fixedTimeLines;        ///< the time lines of the fixed form
   bool savesSettings;         ///< command 123 writes the settings
   MenuOf menu;
-  const FamilyStages* stages;  ///< null while the pipeline is not there
+  const FamilyStages* stages;
 };
 
 /// The pipeline of that name, or null.

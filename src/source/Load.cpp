@@ -2,12 +2,16 @@
 
 #include <type_traits>
 
+#include "source/FixedForm.h"
+
 namespace zelvaro {
 
 template <class Family>
 int loadSource(Assembly& a, MoziCodeData& code, const std::string& name, int simpleTitleIndex) {
   const SourceBytes bytes = a.sh.console().loadFile(nativePath(name));
-  if constexpr (std::is_same_v<CharOf<Family>, char>) {
+  if constexpr (kIsFixedForm<Family>) {
+    return OpenFileChH(a, name, bytes);
+  } else if constexpr (std::is_same_v<CharOf<Family>, char>) {
     return OpenFileA(a, name, bytes);
   } else {
     DetectEncoding(a.sh, code, name, bytes, simpleTitleIndex);

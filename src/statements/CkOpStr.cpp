@@ -5,6 +5,7 @@
 #include <array>
 
 #include "diag/Quote.h"
+#include "source/FixedForm.h"
 #include "statements/Statements.h"
 #include "structure/ZenKaku.h"
 
@@ -20,8 +21,15 @@ constexpr Message notAnInstruction{
      .en = "{quote} is not an assembler, machine, or macro instruction. "},
     {{families(FamilyId::NH),
       {.ja = {},
-       .en = "'{op}' is neither an assembler, machine, nor macro instruction. "
+       .en = ": '{op}' is neither an assembler, machine, nor macro instruction. "
              "A valid instruction code is expected. "}}}};
+constexpr Message opTooLong{
+    Severity::Error,
+    Head::Line,
+    args("quote"),
+    {.ja =
+         "{quote}は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
+     .en = "There does not exist any operator which consists of more than 5 characters. "}};
 constexpr Message fullWidthLetter =
     Message{Severity::Error,
             Head::Line,
@@ -97,7 +105,11 @@ template <class Family>
 int CkOpStr(Assembly& a, int prg) {
   for (SrcOf<Family>& line : a.store<Family>().linesWithEnd(a.program<Family>(prg))) {
     if (line.OpStr.empty()) continue;
-    const Op op = findOp(line.OpStr, Family::id == FamilyId::NH);
+    if (kIsFixedForm<Family> && line.OpStr.size() > kFixedOpLength) {
+      a.cs.report<Family, opTooLong>(line.Line, quote(line.OpStr));
+      return -a.cs.ErrorKazu;
+    }
+    const Op op = findOp(line.OpStr, kIsFixedForm<Family>);
     line.OpNr = static_cast<std::int16_t>(op);
     if (op != Op::Unknown) continue;
     explainUnknown<Family>(a, line);

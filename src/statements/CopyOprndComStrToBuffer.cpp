@@ -1,4 +1,5 @@
-// The operand buffers come into being: 0 with the cleaned operand text, 1 to 4 without text.
+// The operand buffers come into being: 0 with the cleaned operand text, as far as the family reads it, 1 to
+// 4 without text.
 // Tested by tests/statements/ExtractionTest.cpp.
 #include "statements/Statements.h"
 
@@ -13,7 +14,8 @@ void CopyOprndComStrToBuffer(Assembly& a, int prg) {
     line.Oprnd.fill(line.OpStr.substr(line.OpStr.size()));
   }
   for (SrcOf<Family>& line : store.linesBeforeEnd(p))
-    if (!line.OpStr.empty() && !line.OprndComStr.empty()) line.Oprnd[0] = line.OprndComStr;
+    if (!line.OpStr.empty() && !line.OprndComStr.empty())
+      line.Oprnd[0] = line.OprndComStr.substr(0, Family::oprndText);
 }
 
 #define ZELVARO_INSTANTIATE(F) template void CopyOprndComStrToBuffer<F>(Assembly&, int);

@@ -2,7 +2,6 @@
 // The first fault of an early stage hides those of later stages and of later programs.
 // Tested by tests/statements/OpCkLoopTest.cpp.
 #include <array>
-#include <span>
 #include <type_traits>
 
 #include "data/Data.h"
@@ -13,11 +12,28 @@
 namespace zelvaro {
 namespace {
 
+/// A stage, by its name in each family; a family without a name has no such stage.
 struct Stage {
-  std::string_view name;
+  std::string_view wp, nww, ap, na, nh;
   int (*run)(Assembly&, int prg);
   int negative;  ///< code of a negative result, 0 if the result is of no interest
   int tally;     ///< code of an Error in the tallies behind the stage, 0 if they are not looked at
+
+  constexpr std::string_view name(FamilyId family) const {
+    switch (family) {
+      case FamilyId::WP:
+        return wp;
+      case FamilyId::NWW:
+        return nww;
+      case FamilyId::AP:
+        return ap;
+      case FamilyId::NA:
+        return na;
+      case FamilyId::NH:
+        break;
+    }
+    return nh;
+  }
 };
 
 /// A stage as an entry of a row; one that has no result gives 0.
@@ -31,60 +47,38 @@ int stage(Assembly& a, int prg) {
   }
 }
 
-constexpr std::array kRowWP{
-    Stage{"Label35GNWCS", stage<Label35G<WP>>, 0, -1},
-    Stage{"TakeOutLabelStr", stage<TakeOutLabelStr<WP>>, 0, 0},
-    Stage{"CkOpStrNWCS", stage<CkOpStr<WP>>, -2, 0},
-    Stage{"DetDefLineNWCS", stage<DetDefLine<WP>>, -31, -32},
-    Stage{"SearchApostForNonCharConstOP", stage<SearchApostForNonCharConstOP<WP>>, 0, -4},
-    Stage{"CopyOprndComToWork", stage<CopyOprndComToWork<WP>>, 0, 0},
-    Stage{"edit30cNWCS", stage<edit30c<WP>>, -51, -52},
-    Stage{"edit50NWCS", stage<edit50<WP>>, 0, -6},
-    Stage{"SplitCommentW", stage<SplitComment<WP>>, 0, 0},
-    Stage{"CkLiteral15NWP", stage<CkLiteral15<WP>>, -71, -72},
-    Stage{"CkStrConstLiteralNW10CS", stage<CkStrConstLiteral<WP>>, -81, -82},
-    Stage{"TrimZenOprndComW", stage<TrimZenOprndCom<WP>>, 0, 0},
-    Stage{"TrimOprndComW", stage<TrimOprndCom<WP>>, 0, 0},
-    Stage{"CopyOprndComStrToChWH_WP3BD", stage<CopyOprndComStrToBuffer<WP>>, 0, -9},
-    Stage{"operand20m15NWPCS", stage<operand20m15<WP>>, 0, -110},
-    Stage{"ExtractAllOprndsNWPCS", stage<ExtractAllOprnds<WP>>, 0, -120},
-    Stage{"OpCkWPCS", stage<OpCk<WP>>, 0, -130},
-    Stage{"SetMryInAtDS_NWPCS", stage<SetMryInAtDS<WP>>, 0, 0},
-    Stage{"SetMryInAtDC_NWCS", stage<SetMryInAtDC<WP>>, 0, -20},
-    Stage{"AdrCk53NWPCS", stage<AdrCk53<WP>>, 0, -150},
-};
-
 // AP makes the words of its DC lines in the link alone.
-constexpr std::array kRowAP{
-    Stage{"Label35GNACS", stage<Label35G<AP>>, 0, -1},
-    Stage{"TakeOutLabelStr", stage<TakeOutLabelStr<AP>>, 0, 0},
-    Stage{"AnalystOPNACS", stage<CkOpStr<AP>>, -2, 0},
-    Stage{"DetDefLineNACS", stage<DetDefLine<AP>>, -31, -32},
-    Stage{"SearchApostForNonCharConstOP", stage<SearchApostForNonCharConstOP<AP>>, 0, -4},
-    Stage{"CopyOprndComToWork", stage<CopyOprndComToWork<AP>>, 0, 0},
-    Stage{"edit30cNACS", stage<edit30c<AP>>, -51, -52},
-    Stage{"edit50NACS", stage<edit50<AP>>, 0, -6},
-    Stage{"SplitCommentA", stage<SplitComment<AP>>, 0, 0},
-    Stage{"CkLiteral15AP", stage<CkLiteral15<AP>>, -71, -72},
-    Stage{"CkStrConstLiteralNA10CS", stage<CkStrConstLiteral<AP>>, -81, -82},
-    Stage{"TrimZenOprndComNACS", stage<TrimZenOprndCom<AP>>, 0, 0},
-    Stage{"TrimOprndComA", stage<TrimOprndCom<AP>>, 0, 0},
-    Stage{"CopyOprndComStrToChH_AP3BD", stage<CopyOprndComStrToBuffer<AP>>, 0, -9},
-    Stage{"operand20m15AP_CS", stage<operand20m15<AP>>, 0, -110},
-    Stage{"ExtractAllOprndsAP_CS", stage<ExtractAllOprnds<AP>>, 0, -120},
-    Stage{"OpCkAP10CS", stage<OpCk<AP>>, 0, -130},
-    Stage{"SetMryInAtDS_APCS", stage<SetMryInAtDS<AP>>, 0, -20},
-    Stage{"AdrCk53APCS", stage<AdrCk53<AP>>, 0, -150},
+//
+// clang-format off
+template <class F>
+constexpr std::array kRow{
+  //    WP                             NWW, NwW, NaW              AP                            NA                         NH                      stage                                          negative tally
+  Stage{"",                            "",                        "",                           "",                        "StartEndCS",           stage<StartEnd<F>>,                             0,   0},
+  Stage{"Label35GNWCS",                "Label35GNWCS",            "Label35GNACS",               "Label35GNACS",            "Label35GN",            stage<Label35G<F>>,                             0,   -1},
+  Stage{"TakeOutOprndComStr",          "TakeOutOprndComStrNW2BD", "TakeOutOprndComStr",         "TakeOutOprndComStr",      "TakeOutOprndComStr",   stage<TakeOutLabelStr<F>>,                      0,   0},
+  Stage{"CkOpStrNWCS",                 "CkOpStrNWCS",             "AnalystOPNACS",              "AnalystOPNACS",           "AnalystOP",            stage<CkOpStr<F>>,                              -2,  0},
+  Stage{"DetDefLineNWCS",              "DetDefLineNWCS",          "DetDefLineNACS",             "DetDefLineNACS",          "",                     stage<DetDefLine<F>>,                           -31, -32},
+  Stage{"SearchApost",                 "SearchApost",             "SearchApost",                "SearchApost",             "SearchApost",          stage<SearchApostForNonCharConstOP<F>>,         0,   -4},
+  Stage{"CopyOprndComToWork",          "CopyOprndComToWork",      "CopyOprndComToWork",         "CopyOprndComToWork",      "CopyOprndComToWork",   stage<CopyOprndComToWork<F>>,                   0,   0},
+  Stage{"edit30cNWCS",                 "edit30cNWCS",             "edit30cNACS",                "edit30cNACS",             "edit30c",              stage<edit30c<F>>,                              -51, -52},
+  Stage{"edit50NWCS",                  "edit50NWCS",              "edit50NACS",                 "edit50NACS",              "edit50",               stage<edit50<F>>,                               0,   -6},
+  Stage{"SplitCommentW",               "SplitCommentW",           "SplitCommentA",              "SplitCommentA",           "SplitComment",         stage<SplitComment<F>>,                         0,   0},
+  Stage{"CkLiteral15NWP",              "CkLiteral15NW",           "CkLiteral15AP",              "CkLiteralNA",             "CkLiteralN",           stage<CkLiteral15<F>>,                          -71, -72},
+  Stage{"CkStrConstLiteralNW10CS",     "CkStrConstLiteralNW10CS", "CkStrConstLiteralNA10CS",    "CkStrConstLiteralNA10CS", "CkStrConstLiteral",    stage<CkStrConstLiteral<F>>,                    -81, -82},
+  Stage{"TrimZenOprndComW",            "TrimZenOprndComW",        "TrimZenOprndComNACS",        "TrimZenOprndComNACS",     "TrimZenOprndCom",      stage<TrimZenOprndCom<F>>,                      0,   0},
+  Stage{"TrimOprndComW",               "TrimOprndComW",           "TrimOprndComA",              "TrimOprndComA",           "TrimOprndCom",         stage<TrimOprndCom<F>>,                         0,   0},
+  Stage{"CopyOprndComStrToChWH_WP3BD", "CopyOprndComStrToChH2BD", "CopyOprndComStrToChH_AP3BD", "CopyOprndComStrToChH2BD", "CopyOprndComStrToChH", stage<CopyOprndComStrToBuffer<F>>,              0,   -9},
+  Stage{"operand20m15NWPCS",           "ExtractOprnd5NW",         "operand20m15AP_CS",          "ExtractOprnd4NA",         "ExtractOprnd4N",       stage<operand20m15<F>>,                         0,   -110},
+  Stage{"ExtractAllOprndsNWPCS",       "ExtractAllOprndsNWCS",    "ExtractAllOprndsAP_CS",      "ExtractAllOprndsNA10CS",  "ExtractAllOprnds",     stage<ExtractAllOprnds<F>>,                     0,   -120},
+  Stage{"OpCkWPCS",                    "OpCkNWCS",                "OpCkAP10CS",                 "OpCkNA10CS",              "OpCk",                 stage<OpCk<F>>,                                 0,   -130},
+  Stage{"",                            "",                        "",                           "",                        "dcds10N",              stage<dcds10<F>>,                               0,   -131},
+  Stage{"",                            "",                        "",                           "",                        "dcdsWordKazu40",       stage<dcdsWordKazu40<F>>,                       0,   0},
+  Stage{"SetMryInAtDS_NWPCS",          "SetMryInAtDS_NWCS",       "SetMryInAtDS_APCS",          "SetMryInAtDS_NACS",       "dcds30N",              stage<SetMryInAtDS<F>>,                         0,   -20},
+  Stage{"SetMryInAtDC_NWCS",           "SetMryInAtDC_NWCS",       "",                           "SetMryInAtDC_NACS",       "dcdsMemoryIn30",       stage<SetMryInAtDC<F>>,                         0,   -20},
+  Stage{"AdrCk53NWPCS",                "AdrCk53NWCS",             "AdrCk53APCS",                "AdrCk53NACS",             "AdrCk3",               stage<AdrCk53<F>>,                              0,   -150},
+  Stage{"",                            "",                        "",                           "",                        "CkMaxMemory",          stage<CkMaxMemory<F>>,                          0,   -160},
 };
-
-template <class Family>
-constexpr std::span<const Stage> row() {
-  if constexpr (Family::id == FamilyId::WP) {
-    return kRowWP;
-  } else {
-    return kRowAP;
-  }
-}
+// clang-format on
 
 }  // namespace
 
@@ -92,7 +86,8 @@ template <class Family>
 int OpCkLoop(Assembly& a) {
   const int programs = static_cast<int>(a.store<Family>().vecPrg.size());
   for (int prg = 0; prg < programs; ++prg) {
-    for (const Stage& s : row<Family>()) {
+    for (const Stage& s : kRow<Family>) {
+      if (s.name(Family::id).empty()) continue;
       const int result = s.run(a, prg);
       if (s.negative != 0 && result < 0) return s.negative;
       if (s.tally != 0 && a.errors() > 0) return s.tally;

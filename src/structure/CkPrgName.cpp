@@ -1,6 +1,7 @@
 // The name of a program: the rules of a label, in other words, and the first fault ends the test.
 // Tested by tests/structure/PrgNameTest.cpp.
 #include "diag/Quote.h"
+#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -91,7 +92,8 @@ void CkPrgName(Assembly& a, int prg) {
     a.cs.report<Family, noName>(start.Line);
     return;
   }
-  const auto name = start.SrcWork.substr(0, findBlank(start.SrcWork));
+  auto name = start.SrcWork.substr(0, findBlank(start.SrcWork));
+  if constexpr (kIsFixedForm<Family>) name = name.substr(0, kFixedNameLength);
   if (checkName<Family>(a, start.Line, name)) program.PrgName = start.LabelStr = name;
 }
 

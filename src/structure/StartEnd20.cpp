@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -25,6 +26,14 @@ constexpr Message startWithoutName{Severity::Error,
                                    args(),
                                    {.ja = "START アセンブラ命令の左にプログラム名（ラベル）が必要です。 ",
                                     .en = "A program name is requiered before START statement. "}};
+constexpr Message tooManyStart{
+    Severity::Error,
+    Head::Bare,
+    args(),
+    {.ja = "START アセンブラ命令の数を減らす必要がある。 "
+           "このアセンブラでは、一つのファイルの中のプログラムの数は 6 個に制限されています。",
+     .en = "The number of START assembler instructions should be reduced. "
+           "The number of the programs in a src fileis limited to 6."}};
 constexpr Message noEnd{
     Severity::Error,
     Head::Bare,
@@ -33,6 +42,14 @@ constexpr Message noEnd{
            "END の左には、空白が必要です。",
      .en = "END directive is not found anywhere. \nThe END statement defines the end of a program.\n"
            "A space is expected at the left side of the END. "}};
+constexpr Message tooManyEnd{
+    Severity::Error,
+    Head::Bare,
+    args(),
+    {.ja = "END アセンブラ命令の数を減らす必要がある。 "
+           "このアセンブラでは、一つのファイルの中のプログラムの数は 6 個に制限されています。",
+     .en = "The number of END assembler instructions should be reduced. "
+           "The number of the programs in a src fileis limited to 6."}};
 constexpr Message endWithLabel{
     Severity::Error,
     Head::Line,
@@ -159,6 +176,14 @@ std::vector<int> recordsWith(const LineStore<Char>& store, std::string_view keyw
   return found;
 }
 
+/// Whether the tables of the fixed form have room for the lines; told if not.
+template <class Family, const Message& TooMany>
+bool fits(Assembly& a, const std::vector<int>& records) {
+  if (!kIsFixedForm<Family> || records.size() <= kFixedPrograms) return true;
+  a.sh.report<Family, TooMany>(0);
+  return false;
+}
+
 /// Whether each START has its END, in order; the first fault is told.
 template <class Family>
 bool checkPairs(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
@@ -236,6 +261,7 @@ int StartEnd20(Assembly& a) {
     CkSTART_LR<Family>(a);
     return -1;
   }
+  if (!fits<Family, tooManyStart>(a, starts)) return -1;
   const auto& lastStart = store[starts.back()];
   if (isBlank(lastStart.SrcWork.front())) a.sh.report<Family, startWithoutName>(lastStart.Line);
   const std::vector<int> ends = recordsWith(store, "END");
@@ -244,6 +270,7 @@ int StartEnd20(Assembly& a) {
     CkEnd_LR<Family>(a);
     return -1;
   }
+  if (!fits<Family, tooManyEnd>(a, ends)) return -1;
   const auto& lastEnd = store[ends.back()];
   if (!isBlank(lastEnd.SrcWork.front())) a.sh.report<Family, endWithLabel>(lastEnd.Line);
   if (!checkPairs<Family>(a, starts, ends)) return -1;

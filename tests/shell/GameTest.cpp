@@ -123,6 +123,47 @@ TEST_F(GameTest, TheSelectorChangesThePipelineAndTheBannerEndsWithTheFourth) {
   EXPECT_THAT(platform.files["zelvaro.ini"], HasSubstr("FightFunc=WP\n"));
 }
 
+TEST_F(GameTest, TheSelectorGoesToEveryPipelineInAnyOrder) {
+  std::vector<std::string> typed{""};
+  for (const char* mode : {"1", "9", "5", "3", "4", "2", "4", "5", "1", "3", "9", "2"})
+    for (const char* line : {"7", mode, "", "1", "wrong", "", "1", "clean", ""}) typed.emplace_back(line);
+  platform.typed.assign(typed.begin(), typed.end());
+  TSession s(platform);
+  TGame game(s);
+  game.Start();
+  EXPECT_EQ(count("Successfully Assembled! "), 12);
+  EXPECT_EQ(count("---> aaResultantRegMry.txt"), 12);
+  EXPECT_EQ(count("There is 1 error to be corrected. "), 12);
+}
+
+TEST_F(GameTest, TheMessagesStandTwiceWhereTheLogIsReplayed) {
+  struct Case {
+    const char* name;
+    int times;
+  };
+  for (const Case& c : {Case{"WP", 2}, Case{"NaW", 2}, Case{"NWW", 1}, Case{"NwW", 1}, Case{"AP", 1},
+                        Case{"NA", 1}, Case{"NH", 1}}) {
+    play({"", "1", "wrong", ""}, "[Mode]\nFightFunc=" + std::string(c.name) + "\n");
+    EXPECT_EQ(count("instruction. "), c.times) << c.name << platform.console;
+    EXPECT_EQ(count("There is 1 error to be corrected. "), 1) << c.name;
+  }
+}
+
+TEST_F(GameTest, NWWShowsTheTextKindOfThePipelineBefore) {
+  EXPECT_THAT(play({}, "[Mode]\nFightFunc=NWW\n"), HasSubstr("R_\n"));
+  play({"", "7", "1"}, "[Mode]\nFightFunc=WP\n");
+  EXPECT_EQ(count("R_std::wstring<--UTF16\n"), 2);
+  EXPECT_THAT(play({}, "[Mode]\nFightFunc=NaW\n"), HasSubstr("R_std::wstring\n"));
+}
+
+TEST_F(GameTest, TheNarrowLoadersDetectNothing) {
+  for (const char* name : {"NaW", "AP", "NA"}) {
+    play({"", "1", "clean", ""}, "[Mode]\nFightFunc=" + std::string(name) + "\n");
+    EXPECT_EQ(count("Reading clean.txt. \n"), 1) << name;
+    EXPECT_EQ(count("MoziKazu"), 0) << name;
+  }
+}
+
 TEST_F(GameTest, NamesWithoutAPipeline) {
   EXPECT_EQ(play({"", "123"}, "[Mode]\nFightFunc=NewChH\n"), "");
   EXPECT_EQ(play({"", "123"}, "[Mode]\nFightFunc=NewChWH\n"), "");
@@ -162,6 +203,8 @@ TEST(Pipelines, TheRowsOfWP) {
   EXPECT_THAT(names, ElementsAre("editNWB", "StartEnd10NWB", "StartEnd20NW", "StartEndNWCS", "CutCommentsNW",
                                  "IsAnySrcOutsideSartEndNWCS", "CkPrgNameNWCS", "CkPrgNameDoubleNWBD",
                                  "OpCkLoopWP", "CkLabelInUseNWBD", "CkPrgNameInUseNWBD"));
+  for (const char* name : {"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH"})
+    EXPECT_NE(findPipeline(name)->stages, nullptr) << name;
 }
 
 }  // namespace

@@ -262,6 +262,16 @@ TEST_F(LoadTest, TheNarrowLoaderKeepsCp932) {
   EXPECT_EQ(sh.ErrorKazu, 0);
 }
 
+TEST_F(LoadTest, TheNarrowLinesWidenedKeepTheirPlaces) {
+  platform.files["f"] = "\n; 注釈\nA あ\r\n 𠮷x\n\n\x82\xA0\xB1\n\n";
+  EXPECT_EQ(loadWidened(a, code, "f", 0), 0);
+  EXPECT_EQ(platform.console, "Reading f. \n") << "no encoding is detected";
+  EXPECT_EQ(lines<NWW>(), "2:A あ|3: ?x|5:あｱ|7");
+  EXPECT_EQ(lines<NA>(), "0");
+  platform.files.clear();
+  EXPECT_EQ(loadWidened(a, code, "f", 0), -3);
+}
+
 TEST_F(LoadTest, LongLinesAndManyLines) {
   const std::string line(10'000'000, 'x');
   load(" " + line + "\n");

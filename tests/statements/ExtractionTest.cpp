@@ -86,6 +86,32 @@ TEST(Extraction, TextBehindALiteralIsANewOperandInTheSameBuffer) {
               ": リテラル文字定数が正しく閉じていない。 ", "GR1,|'X,|GR2||", 3);
 }
 
+/// What is left of an operand of `size` characters behind "GR1,", on the first and the second line, and what
+/// was said.
+template <class Family>
+std::string said(std::size_t size, std::size_t left, int lang = kEnglish) {
+  const std::string text = " LD GR1," + std::string(size, 'A');
+  Program<Family> p(text + "\n" + text, lang);
+  p.extract();
+  EXPECT_EQ(p.line().Oprnd[2].size(), left);
+  EXPECT_EQ(p.store()[2].Oprnd[2].size(), left);
+  EXPECT_EQ(p.line().OprndComStr.size(), size + 4) << "the text itself stays whole";
+  EXPECT_EQ(p.a.errors() + p.b.WarningKazu + p.cs.WarningKazu, 0);
+  return p.said();
+}
+
+TEST(Extraction, FixedBuffersReadAsMuchAsTheyHold) {
+  EXPECT_EQ(said<WP>(300, 300) + said<AP>(300, 300) + said<NWW>(221, 221) + said<NA>(300, 245), "");
+  EXPECT_EQ(said<NWW>(222, 221),
+            "Warning: 2: There are 226 characters in the line. The Spec. of Zelvaro has a length limit for "
+            "every line. The assembler reads 225 characters or less a line. This might have caused an error "
+            "for all your intention. \n");
+  EXPECT_EQ(
+      said<NWW>(222, 221, kJapanese),
+      "警告: 2行目：Zelvaroの仕様よりも長い行がある。 226 文字ある。 225 文字まで読取り、それ以降の文字は"
+      "読み捨てる。\n");
+}
+
 TEST(Extraction, TheFieldsByOpcode) {
   struct Fields {
     const char* line;

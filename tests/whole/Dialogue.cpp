@@ -1,5 +1,7 @@
 #include "whole/Dialogue.h"
 
+#include <algorithm>
+
 #include "MoziCode/Utf.h"
 
 namespace zelvaro::test {
@@ -9,8 +11,9 @@ constexpr std::string_view kTimeLine = " msec =(ReadFile";
 
 /// The position behind the line that tells which file is read, or 0.
 std::size_t behindReadingLine(const std::string& shown, const std::string& name, int lang) {
-  const std::string mark = lang == kJapanese ? "'" + name + "'    " : "* Reading " + name;
-  const std::size_t at = shown.find(mark);
+  const std::string wide = lang == kJapanese ? "'" + name + "'    " : "* Reading " + name;
+  const std::string narrow = lang == kJapanese ? "'" + name + "' を読み込みます。" : "Reading " + name + ".";
+  const std::size_t at = std::min(shown.find(wide), shown.find(narrow));
   return at == std::string::npos ? 0 : shown.find('\n', at) + 1;
 }
 

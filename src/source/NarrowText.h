@@ -1,0 +1,37 @@
+// What the two narrow loaders share: the words round the opening of a file, and its lines as CP932.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "source/Load.h"
+#include "source/TextLines.h"
+
+namespace zelvaro {
+
+inline constexpr int kNarrowNotOpened = -3;
+
+/// Tells that the file is read; false where it does not open, which is told too.
+template <class Family>
+bool tellNarrowReading(TShellData& sh, const std::string& name, const SourceBytes& bytes);
+
+/// The lines of a file, one after the other, each decoded as UTF-8 or else as CP932.
+class NarrowLines {
+ public:
+  NarrowLines(TShellData& sh, std::string_view bytes) : sh_(sh), rest_(bytes) {
+    if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);  // CP932 has no such character
+  }
+  bool atEnd() const { return rest_.empty(); }
+  /// Bytes that have not been read yet.
+  std::size_t left() const { return rest_.size(); }
+  /// The next line in CP932, without its line end; valid up to the next call.
+  std::string_view next();
+
+ private:
+  TShellData& sh_;
+  std::string_view rest_;
+  std::u16string wide_;
+  std::string narrow_;
+};
+
+}  // namespace zelvaro

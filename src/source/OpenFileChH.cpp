@@ -1,0 +1,83 @@
+// The loader of the fixed form.  It measures a line in the bytes of its CP932 text, without the line end.
+// Tested by tests/source/OpenFileChHTest.cpp.
+#include "MoziCode/Cp932.h"
+#include "source/FixedForm.h"
+#include "source/NarrowText.h"
+
+namespace zelvaro {
+namespace {
+
+constexpr Message lineTooLong =
+    Message{Severity::Warning,
+            Head::Line,
+            args("count"),
+            {.ja = "一行の中に {count} 文字ある。 "
+                   "ソースコード一行の制限文字数 80 文字（独自仕様）を超えている。 "
+                   "エラーにはなりませんが、制限文字数以上は読み込みません。 ",
+             .en = "There are {count} characters in the line. "
+                   "The assembler does not read more than 80 characters in a line. (Spec. of Zelvaro): "
+                   "This could cause an error to assemble the line. "}}
+        .uncounted();
+constexpr Message tooManyLines =
+    Message{Severity::Plain,
+            Head::None,
+            args("count"),
+            {.ja = "ソースコードのおおよその制限（一つのファイルにつき） 310行 を超えています。"
+                   "行数を減らす工夫をしてご利用ください。 ",
+             .en = "There is a limitation to the number of the lines in a source code file. "
+                   "The maximum is 310 lines in a file. There are {count} lines in your source code. "
+                   "You are expected to decrease the lines in your file. "}};
+
+constexpr int kTooManyLines = -4;
+
+/// The front of a text: `size` bytes, or one less where the last one would begin a character.
+std::string_view front(std::string_view text, std::size_t size) {
+  if (text.size() <= size) return text;
+  std::size_t end = 0;
+  while (end < size) {
+    const std::size_t next = end + (isCp932Lead(text[end]) ? 2 : 1);
+    if (next > size) break;
+    end = next;
+  }
+  return text.substr(0, end);
+}
+
+/// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
+/// line, or for the line end alone, which needs room as well.
+bool takeRead(std::string_view& line, std::string_view& read) {
+  read = front(line, kFixedReadLength);
+  line.remove_prefix(read.size());
+  return !line.empty() || read.size() == kFixedReadLength;
+}
+
+}  // namespace
+
+int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) {
+  if (!tellNarrowReading<NH>(a.sh, name, bytes)) return kNarrowNotOpened;
+  LineStore<char>& store = a.b.vecSrcA;
+  store.clear();
+  bool isTold = false;
+  for (NarrowLines lines(a.sh, bytes->bytes); !lines.atEnd();) {
+    std::string_view line = lines.next();
+    std::string_view read;
+    bool goesOn = true;
+    while (goesOn) {
+      goesOn = takeRead(line, read);
+      if (!isTold && read.size() > kFixedLineLength) {
+        a.sh.report<NH, lineTooLong>(store.lineCount(), read.size());
+        isTold = true;
+      }
+      const std::string_view text = front(read, kFixedLineLength);
+      store.addLine(holdsStatement(text) ? store.arena.keep(text) : std::string_view());
+    }
+  }
+  if (store.lineCount() > kFixedLines) {
+    a.sh.report<NH, tooManyLines>(0, store.lineCount());
+    store.clear();
+    return kTooManyLines;
+  }
+  a.sh.CurrentFile = name;
+  return 0;
+}
+
+}  // namespace zelvaro

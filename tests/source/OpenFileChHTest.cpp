@@ -1,0 +1,113 @@
+// The loader of the fixed form: its limits, and which bytes of a line it keeps.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "diag/Quote.h"
+#include "source/Load.h"
+#include "support/ScriptedPlatform.h"
+
+namespace zelvaro {
+namespace {
+
+using ::testing::HasSubstr;
+
+class FixedLoad : public ::testing::Test {
+ protected:
+  int load(const std::string& bytes, int lang = kEnglish) {
+    sh.Lang = lang;
+    platform.console.clear();
+    platform.files["f"] = bytes;
+    return loadSource<NH>(a, code, "f", 0);
+  }
+  std::string text(int record) { return plain(b.vecSrcA[record].SrcStr); }
+
+  test::ScriptedPlatform platform;
+  TDiagLog log;
+  TShellData sh{platform, log};
+  TCorrectScode cs{platform, log};
+  TBasicData b{platform, log};
+  Assembly a{sh, cs, b};
+  MoziCodeData code;
+};
+
+const std::string k80 = " NOP" + std::string(75, ' ') + "8";
+
+TEST_F(FixedLoad, CutsALineBehindItsEightiethByteAndTellsTheFirst) {
+  ASSERT_EQ(load(k80 + "\r\n" + k80 + "9\n\n" + k80 + "9\n"), 0);
+  EXPECT_EQ(b.vecSrcA.lineCount(), 4);
+  for (int record = 0; record < 3; ++record) EXPECT_EQ(text(record), k80);
+  EXPECT_EQ(platform.console,
+            "Reading f.\n"
+            "Warning : line 2: There are 81 characters in the line. The assembler does not read more than 80 "
+            "characters in a line. (Spec. of Zelvaro): This could cause an error to assemble the line. \n");
+  EXPECT_EQ(sh.WarningKazu, 0);
+  EXPECT_EQ(sh.CurrentFile, "f");
+
+  ASSERT_EQ(load(k80 + "9", kJapanese), 0);
+  EXPECT_EQ(platform.console,
+            "'f' を読み込みます。\n"
+            "警告： 1 行目： 一行の中に 81 文字ある。 ソースコード一行の制限文字数 80 文字（独自仕様）を"
+            "超えている。 エラーにはなりませんが、制限文字数以上は読み込みません。 \n");
+}
+
+TEST_F(FixedLoad, CountsWhatTheBufferDoesNotHoldAsFurtherLines) {
+  const std::string read(104, 'A');
+  ASSERT_EQ(load(read.substr(0, 103) + "\nX\n"), 0);
+  EXPECT_EQ(b.vecSrcA.lineCount(), 2);
+  // the line end has no room in the first read
+  ASSERT_EQ(load(read + "\nX\n"), 0);
+  EXPECT_EQ(b.vecSrcA.lineCount(), 3);
+  EXPECT_EQ(b.vecSrcA.lines().size(), 2u);
+  ASSERT_EQ(load(read + read + "BC\nX\n"), 0);
+  EXPECT_EQ(b.vecSrcA.lineCount(), 4);
+  EXPECT_EQ(text(1), std::string(80, 'A'));
+  EXPECT_EQ(text(2), "BC");
+  EXPECT_EQ(text(3), "X");
+  EXPECT_THAT(platform.console, HasSubstr("There are 104 characters"));
+}
+
+TEST_F(FixedLoad, MeasuresJapaneseTextInBytesAndKeepsItsCharactersWhole) {
+  std::string kana;
+  for (int i = 0; i < 40; ++i) kana += "あ";
+  ASSERT_EQ(load(kana + "\n"), 0);
+  EXPECT_EQ(platform.console, "Reading f.\n");
+  EXPECT_EQ(text(0), kana);
+  ASSERT_EQ(load("X" + kana + "\n"), 0);
+  EXPECT_THAT(platform.console, HasSubstr("There are 81 characters"));
+  EXPECT_EQ(b.vecSrcA[0].SrcStr.size(), 79u);
+  EXPECT_EQ(text(0), "X" + kana.substr(3));
+}
+
+TEST_F(FixedLoad, RefusesTheThreeHundredAndEleventhLine) {
+  std::string lines;
+  for (int i = 0; i < 310; ++i) lines += " NOP\n";
+  ASSERT_EQ(load(lines), 0);
+  EXPECT_EQ(b.vecSrcA.lines().size(), 310u);
+  EXPECT_LT(load(lines + "\n"), 0);
+  EXPECT_EQ(b.vecSrcA.lineCount(), 0);
+  EXPECT_EQ(
+      platform.console,
+      "Reading f.\n"
+      "There is a limitation to the number of the lines in a source code file. The maximum is 310 lines "
+      "in a file. There are 311 lines in your source code. You are expected to decrease the lines in "
+      "your file. \n");
+  EXPECT_LT(load(lines + "\n\n", kJapanese), 0);
+  EXPECT_THAT(platform.console,
+              HasSubstr("ソースコードのおおよその制限（一つのファイルにつき） 310行 を超えています。"
+                        "行数を減らす工夫をしてご利用ください。 \n"));
+}
+
+TEST_F(FixedLoad, TellsAFileThatDoesNotOpen) {
+  EXPECT_LT(loadSource<NH>(a, code, "none", 0), 0);
+  EXPECT_EQ(platform.console,
+            "Reading none.\n5BD36104: Fail to open none\nThe file none does not open. \nMisspellings?\n"
+            "Or the file does not exist there.\n");
+  sh.Lang = kJapanese;
+  platform.console.clear();
+  EXPECT_LT(loadSource<NH>(a, code, "none", 0), 0);
+  EXPECT_THAT(platform.console, HasSubstr("ミススペル あるいは ファイルが存在しない。\n"));
+  EXPECT_EQ(sh.ErrorKazu, 0);
+}
+
+}  // namespace
+}  // namespace zelvaro
