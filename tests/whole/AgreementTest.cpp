@@ -128,6 +128,21 @@ TEST(JapaneseText, IsTheSameInEveryEncodingAndPipeline) {
   }
 }
 
+/// Sources without faults whose words are told to differ.
+TEST(ToldDifferences, InWords) {
+  const std::string twoNames = "A START\n LAD GR1,B\n RET\nB DC 5\n END\nB START\n RET\n END\n";
+  for (const char* p : {"WP", "NWW", "NaW", "AP", "NA"})
+    EXPECT_EQ(runThrough(twoNames, p).memory[2], 5) << p << ": another program comes before an own label";
+  EXPECT_EQ(runThrough(twoNames, "NH").memory[2], 4) << "the own label comes first";
+  // Elsewhere such a label keeps the address 0, and the program never leaves its first word.
+  const std::string labelAlone = "A START GO\n LAD GR1,5\nGO ;\n LAD GR2,7\n RET\n END\n";
+  for (const char* p : {"AP", "NA", "NH"}) {
+    const Outcome out = runThrough(labelAlone, p);
+    EXPECT_EQ(out.memory[1], 4) << p;
+    EXPECT_EQ(out.registers[2], 7) << p;
+  }
+}
+
 TEST(Samples, GiveTheSameInEveryPipeline) {
   int samples = 0;
   for (const auto& e : std::filesystem::recursive_directory_iterator(ZELVARO_ROOT "/workspace/src")) {
