@@ -275,7 +275,7 @@ TEST(DspRegMry, EchoStandsOncePerStatement) {
   r.line("", "LD", "GR1,='XY'", {0x1010, 7});
   r.line("", "RET", "", {0x8100});
   r.literal(2, {88, 89});
-  r.line("", "", "", {9});  // no opcode: no echo
+  r.line("X", "", "", {9});  // no opcode: no echo
   r.endOfProgram();
   const std::vector<std::string> rows = r.rows();
   const auto echo = [&rows](std::size_t adr) { return rows[adr + 1].substr(67); };
