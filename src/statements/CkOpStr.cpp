@@ -28,7 +28,7 @@ constexpr Message opTooLong{
     Head::Line,
     args("quote"),
     {.ja =
-         "{quote}は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
+         "{quote} は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
      .en = "There does not exist any operator which consists of more than 5 characters. "}};
 constexpr Message fullWidthLetter =
     Message{Severity::Error,
