@@ -4,6 +4,7 @@
 #include "BigSource.h"
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
+#include "data/Data.h"
 #include "link/Link.h"
 #include "report/Report.h"
 #include "shell/Session.h"
@@ -98,6 +99,63 @@ void report(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * (way.s.b.PrgEndAdr + 10));
 }
 
+// The stages by themselves, in the order of the rows of a program.
+struct Stage {
+  const char* name;
+  void (*run)(Assembly&);
+};
+template <auto Function>
+void ofFile(Assembly& a) {
+  (void)Function(a);
+}
+template <auto Function>
+void ofProgram(Assembly& a) {
+  (void)Function(a, 0);
+}
+
+constexpr Stage kStages[] = {
+    {"edit", ofFile<edit<WP>>},
+    {"StartEnd10", ofFile<StartEnd10<WP>>},
+    {"StartEnd20", ofFile<StartEnd20<WP>>},
+    {"StartEnd", ofProgram<StartEnd<WP>>},
+    {"CutComments", ofProgram<CutComments<WP>>},
+    {"CkPrgName", ofProgram<CkPrgName<WP>>},
+    {"CkPrgNameDouble", ofFile<CkPrgNameDouble<WP>>},
+    {"Label35G", ofProgram<Label35G<WP>>},
+    {"TakeOutLabelStr", ofProgram<TakeOutLabelStr<WP>>},
+    {"CkOpStr", ofProgram<CkOpStr<WP>>},
+    {"SearchApostForNonCharConstOP", ofProgram<SearchApostForNonCharConstOP<WP>>},
+    {"CopyOprndComToWork", ofProgram<CopyOprndComToWork<WP>>},
+    {"edit30c", ofProgram<edit30c<WP>>},
+    {"edit50", ofProgram<edit50<WP>>},
+    {"SplitComment", ofProgram<SplitComment<WP>>},
+    {"CkLiteral15", ofProgram<CkLiteral15<WP>>},
+    {"CkStrConstLiteral", ofProgram<CkStrConstLiteral<WP>>},
+    {"TrimZenOprndCom", ofProgram<TrimZenOprndCom<WP>>},
+    {"TrimOprndCom", ofProgram<TrimOprndCom<WP>>},
+    {"CopyOprndComStrToBuffer", ofProgram<CopyOprndComStrToBuffer<WP>>},
+    {"operand20m15", ofProgram<operand20m15<WP>>},
+    {"ExtractAllOprnds", ofProgram<ExtractAllOprnds<WP>>},
+    {"OpCk", ofProgram<OpCk<WP>>},
+    {"SetMryInAtDS", ofProgram<SetMryInAtDS<WP>>},
+    {"SetMryInAtDC", ofProgram<SetMryInAtDC<WP>>},
+    {"AdrCk53", ofProgram<AdrCk53<WP>>},
+    {"CkLabelInUse", ofFile<CkLabelInUse<WP>>},
+    {"CkPrgNameInUse", ofFile<CkPrgNameInUse<WP>>},
+};
+
+void stage(benchmark::State& state, const Stage& timed) {
+  Way way;
+  for (auto _ : state) {
+    state.PauseTiming();
+    way.load();
+    for (const Stage* s = kStages; s != &timed; ++s) s->run(way.a);
+    state.ResumeTiming();
+    timed.run(way.a);
+  }
+  if (!way.isClean()) state.SkipWithError("the source is not clean");
+}
+
 std::string japaneseText() {
   std::string text;
   for (int k = 0; k < 20000; ++k) text += "スタックに退避する GR1 を戻す\n";
@@ -126,4 +184,13 @@ BENCHMARK(decodeCp932)->Unit(benchmark::kMillisecond);
 }  // namespace
 }  // namespace zelvaro::bench
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  for (const zelvaro::bench::Stage& s : zelvaro::bench::kStages)
+    benchmark::RegisterBenchmark(s.name, [&s](benchmark::State& state) { zelvaro::bench::stage(state, s); })
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(30);
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+}
