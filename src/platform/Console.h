@@ -21,6 +21,8 @@ class ConsoleOutput {
   void print(std::string_view utf8);
   void flush();
   bool isTerminal() const { return terminal_; }
+  /// Whether the other end of the pipe has been closed: nobody will see what is printed from here on.
+  bool readerIsGone() const { return readerIsGone_; }
 
  private:
   void append(std::string_view bytes);
@@ -33,6 +35,7 @@ class ConsoleOutput {
   int fd_;
   bool terminal_;
   bool failed_ = false;
+  bool readerIsGone_ = false;
   std::string buffer_;
   std::string sequence_;       ///< the begun multi-byte character, on a terminal
   std::size_t announced_ = 0;  ///< how many bytes it is to have

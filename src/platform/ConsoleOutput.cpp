@@ -129,6 +129,7 @@ void ConsoleOutput::writeOut() {
       pollfd ready{fd_, POLLOUT, 0};
       if (poll(&ready, 1, -1) < 0 && errno != EINTR) failed_ = true;
     } else if (errno != EINTR) {
+      readerIsGone_ = errno == EPIPE;
       failed_ = true;
     }
   }

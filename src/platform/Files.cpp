@@ -27,7 +27,8 @@ int openRegular(const std::string& path, struct stat& status, FileFailure* failu
     tell(failure, wordsOf(EINVAL));
     return -1;
   }
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  const int fd =
+      uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); });
   if (fd < 0) {
     tell(failure, wordsOf(errno));
     return -1;
@@ -50,8 +51,7 @@ int readToEnd(int fd, std::size_t expected, std::string& bytes) {
   bytes.resize(expected + 1);  // one more, so that the read that finds the end needs no growth
   std::size_t have = 0;
   for (;;) {
-    const ssize_t n = ::read(fd, bytes.data() + have, bytes.size() - have);
-    if (n < 0 && errno == EINTR) continue;
+    const ssize_t n = uninterrupted([&] { return ::read(fd, bytes.data() + have, bytes.size() - have); });
     if (n < 0) return errno;
     if (n == 0) break;
     have += static_cast<std::size_t>(n);
@@ -92,8 +92,7 @@ class LargeMemory {
 std::optional<std::size_t> readUpTo(int fd, char* to, std::size_t size) {
   std::size_t have = 0;
   while (have < size) {
-    const ssize_t n = ::read(fd, to + have, size - have);
-    if (n < 0 && errno == EINTR) continue;
+    const ssize_t n = uninterrupted([&] { return ::read(fd, to + have, size - have); });
     if (n < 0) return std::nullopt;
     if (n == 0) break;
     have += static_cast<std::size_t>(n);

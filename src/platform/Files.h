@@ -1,6 +1,7 @@
 // Files of the POSIX platform: read whole, written beside their target and renamed.
 #pragma once
 
+#include <cerrno>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,15 @@ namespace zelvaro::posix {
 std::string wordsOf(int error);
 /// Stores a reason where the caller wants one.
 void tell(FileFailure* failure, std::string reason);
+
+/// Calls again what a signal has interrupted.  The result of a call that ends with -1 on a failure.
+template <class Call>
+auto uninterrupted(Call call) {
+  for (;;) {
+    const auto result = call();
+    if (result != -1 || errno != EINTR) return result;
+  }
+}
 
 /// Whether `path` is a regular file that opens for reading.
 bool canRead(const std::string& path);

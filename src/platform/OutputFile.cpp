@@ -86,13 +86,14 @@ void TemporaryFile::create(mode_t mode) {
   constexpr int kMostTries = 1000;
   for (int i = 0; i < kMostTries; ++i) {
     name_ = folderOf(target_) + ".zelvaro-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
-    fd_ = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0666);
-    if (fd_ >= 0 || (errno != EEXIST && errno != EINTR)) break;
+    constexpr int kNewFile = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+    fd_ = uninterrupted([&] { return ::open(name_.c_str(), kNewFile, 0666); });
+    if (fd_ >= 0 || errno != EEXIST) break;
   }
   if (fd_ < 0) {
     fail(wordsOf(errno));
     name_.clear();
-  } else if (mode != 0 && ::fchmod(fd_, mode) != 0) {
+  } else if (mode != 0 && uninterrupted([&] { return ::fchmod(fd_, mode); }) != 0) {
     fail(wordsOf(errno));
   }
 }
@@ -122,13 +123,12 @@ void TemporaryFile::write(std::string_view bytes) {
 void TemporaryFile::writeOut() {
   std::string_view rest = buffer_;
   while (!rest.empty()) {
-    const ssize_t n = ::write(fd_, rest.data(), rest.size());
-    if (n > 0) {
-      rest.remove_prefix(static_cast<std::size_t>(n));
-    } else if (n == 0 || errno != EINTR) {
+    const ssize_t n = uninterrupted([&] { return ::write(fd_, rest.data(), rest.size()); });
+    if (n <= 0) {
       fail(wordsOf(n == 0 ? ENOSPC : errno));
       break;
     }
+    rest.remove_prefix(static_cast<std::size_t>(n));
   }
   buffer_.clear();
 }
@@ -143,7 +143,7 @@ bool TemporaryFile::commit() {
   }
   if (reason_.empty() && name_.empty()) fail(wordsOf(EBADF));
   if (reason_.empty()) {
-    if (std::rename(name_.c_str(), target_.c_str()) == 0) {
+    if (uninterrupted([&] { return std::rename(name_.c_str(), target_.c_str()); }) == 0) {
       name_.clear();
       return true;
     }

@@ -31,8 +31,10 @@ PosixPlatform::PosixPlatform(int inputFd, int outputFd)
 
 PosixPlatform::~PosixPlatform() = default;
 
+/// A dialogue that nobody follows any more has ended, however much is still typed into it.
 std::optional<std::string> PosixPlatform::readLine() {
   output_.flush();
+  if (output_.readerIsGone()) return std::nullopt;
   return input_.readLine();
 }
 
@@ -57,7 +59,7 @@ bool PosixPlatform::exists(const std::string& path) {
 }
 
 bool PosixPlatform::renameFile(const std::string& from, const std::string& to) {
-  return std::rename(from.c_str(), to.c_str()) == 0;
+  return posix::uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
 }
 
 std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure) {

@@ -1,5 +1,6 @@
 // One pipeline: the loop from the menu through the stages of a source file to its run, and back.
 #include <algorithm>
+#include <new>
 
 #include "diag/Summaries.h"
 #include "shell/Game.h"
@@ -12,27 +13,52 @@ namespace zelvaro {
 int TGame::fight(const Pipeline& p) {
   begin(p);
   int result = MenuGoFile;
-  for (;;) {
-    endLastRun(p);
-    clearForPass(p);
-    std::string name;
-    result = readSource(p, name);
-    takeStamp(s_.timeData, s_.platform, Stamp::AssembleStart);
-    takeLanguage();
-    if (result == MenuExit || result == MenuModeChanged) break;
-    if (result != MenuGoFile) continue;
-    LastFileName = s_.b.SrcFilename = name;
-    if (!runStages(p) || !link(p)) continue;
-    if (!runImage(p)) {
-      result = MenuExit;
-      break;
-    }
-    release();
-  }
+  while (result != MenuExit && result != MenuModeChanged) result = pass(p);
   if (result == MenuModeChanged) TextKind = withoutAnyBlanks(s_.sh.TextKind);
   release();
   s_.sh.CurrentFile.clear();
   return result == MenuModeChanged ? MenuModeChanged : 0;
+}
+
+/// One pass of the loop.  The menu is outside of what memory is told about: it takes a line of the user
+/// before anything else is tried, so that a lack of memory that lasts ends the program.
+int TGame::pass(const Pipeline& p) {
+  withinMemory([&] { endLastRun(p); });
+  clearForPass(p);
+  std::string name;
+  int result = menu_.MainMenu(p, name);
+  if (result == MenuGoFile && !withinMemory([&] { result = assembleAndRun(p, name); })) result = LoadFailed;
+  takeLanguage();
+  return result;
+}
+
+/// Does a piece of work; false, told and with the work forgotten, where memory did not suffice.
+template <class Work>
+bool TGame::withinMemory(Work work) {
+  try {
+    work();
+    return true;
+  } catch (const std::bad_alloc&) {
+    release();
+    s_.dg.ClearLog();
+    clearAllTallies();
+    print(inLanguage(Lang, "\nメモリが足りないので、メニューに戻ります。\n",
+                     "\nThere is not enough memory for this. Back to the menu. \n"));
+    return false;
+  }
+}
+
+/// From the chosen file to the end of its run: MenuGoFile, LoadFailed, or MenuExit at the end of the input.
+int TGame::assembleAndRun(const Pipeline& p, const std::string& name) {
+  const bool loaded = readSource(p, name);
+  takeStamp(s_.timeData, s_.platform, Stamp::AssembleStart);
+  takeLanguage();
+  if (!loaded) return LoadFailed;
+  LastFileName = s_.b.SrcFilename = name;
+  if (!runStages(p) || !link(p)) return MenuGoFile;
+  if (!runImage(p)) return MenuExit;
+  release();
+  return MenuGoFile;
 }
 
 void TGame::begin(const Pipeline& p) {
@@ -59,22 +85,23 @@ void TGame::endLastRun(const Pipeline& p) {
 void TGame::clearForPass(const Pipeline& p) {
   if (p.keepsLog) s_.dg.ClearLog();
   s_.b.clearTables();
-  for (TMsgBase* object : {static_cast<TMsgBase*>(this), static_cast<TMsgBase*>(&s_.sh),
-                           static_cast<TMsgBase*>(&s_.cs), static_cast<TMsgBase*>(&s_.b)})
-    object->clearTallies();
+  clearAllTallies();
   s_.chooseEditor();
   s_.b.SrcFilename = LastFileName;
   if (!LastFileName.empty()) s_.sh.CurrentFile = LastFileName;
 }
 
-/// The menu and the load: MenuGoFile with the lines in the store, LoadFailed, or the menu's result.
-int TGame::readSource(const Pipeline& p, std::string& name) {
-  const int result = menu_.MainMenu(p, name);
-  if (result != MenuGoFile) return result;
+void TGame::clearAllTallies() {
+  for (TMsgBase* object : {static_cast<TMsgBase*>(this), static_cast<TMsgBase*>(&s_.sh),
+                           static_cast<TMsgBase*>(&s_.cs), static_cast<TMsgBase*>(&s_.b)})
+    object->clearTallies();
+}
+
+/// Whether the lines of the file are in the store.
+bool TGame::readSource(const Pipeline& p, const std::string& name) {
   takeStamp(s_.timeData, s_.platform, Stamp::ReadFileStart);
   Assembly a = s_.assembly();
-  const int loaded = p.stages->load(a, s_.moziCodeData, name, s_.b.SimpleTitleIndex);
-  return loaded == 0 ? MenuGoFile : LoadFailed;
+  return p.stages->load(a, s_.moziCodeData, name, s_.b.SimpleTitleIndex) == 0;
 }
 
 /// The rows of the pipeline, step by step.  False where a fault leads back to the menu.

@@ -31,10 +31,15 @@ class TGame : public TMsgBase {
  private:
   // --- one pipeline (Fight.cpp) ---
   int fight(const Pipeline& p);
+  int pass(const Pipeline& p);
+  template <class Work>
+  bool withinMemory(Work work);
   void begin(const Pipeline& p);
   void endLastRun(const Pipeline& p);
   void clearForPass(const Pipeline& p);
-  int readSource(const Pipeline& p, std::string& name);
+  void clearAllTallies();
+  int assembleAndRun(const Pipeline& p, const std::string& name);
+  bool readSource(const Pipeline& p, const std::string& name);
   bool runStages(const Pipeline& p);
   bool runStep(const Pipeline& p, std::span<const StageRow> rows);
   bool link(const Pipeline& p);

@@ -4,6 +4,9 @@
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
 #include <sstream>
+#include <utility>
+
+#include "shell/Prompt.h"
 
 namespace zelvaro {
 namespace {
@@ -68,19 +71,20 @@ struct Settings {
   std::string TextEditorPath2;
 };
 
-/// The keys in the order of the file.
+/// The keys in the order of the file.  All values go in and out as text: the tree's own conversions take a
+/// lack of memory for a value that is no number.
 Tree treeOf(const Settings& v) {
   Tree tree;
   tree.put("Mode.LangStr", v.lang == kJapanese ? "JPN" : "ENU");
-  tree.put("Mode.LangInt", v.lang);
+  tree.put("Mode.LangInt", std::to_string(v.lang));
   tree.put("Mode.FightFunc", v.FightFunc);
   tree.put("Mode.TimeFuncStr", v.TimeFuncStr);
-  tree.put("Mode.TimeFuncInt", v.TimeFuncInt);
+  tree.put("Mode.TimeFuncInt", std::to_string(v.TimeFuncInt));
   tree.put("Src.LastSrcFile", v.LastSrcFile);
-  tree.put("Mode.SimpleTitleIndex", v.SimpleTitleIndex);
-  tree.put("Mode.BusyModeIndex", v.BusyModeIndex);
+  tree.put("Mode.SimpleTitleIndex", std::to_string(v.SimpleTitleIndex));
+  tree.put("Mode.BusyModeIndex", std::to_string(v.BusyModeIndex));
   tree.put("Mode.SilentModeIndex", v.SilentModeIndex);
-  tree.put("Editor.TextEditorIndex", v.TextEditorIndex);
+  tree.put("Editor.TextEditorIndex", std::to_string(v.TextEditorIndex));
   tree.put("Editor.TextEditorPath1", v.TextEditorPath1);
   tree.put("Editor.TextEditorPath2", v.TextEditorPath2);
   return tree;
@@ -116,6 +120,7 @@ Tree currentTree(TSession& s) {
 
 void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // else a lack of memory would cut the text short
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
   const std::unique_ptr<OutputFile> file = s.platform.createFile(path, &failure);
@@ -149,6 +154,7 @@ Tree readTree(TSession& s, const std::string& path) {
   try {
     Tree tree;
     std::istringstream text(*bytes);
+    text.exceptions(std::ios::badbit);
     boost::property_tree::read_ini(text, tree);
     return tree;
   } catch (const boost::property_tree::ini_parser_error& e) {
@@ -162,22 +168,32 @@ int languageOf(bool japanese) {
   return japanese ? kJapanese : kEnglish;
 }
 
-/// A number that is absent or is none leaves `value` as it is.
+std::string textOf(const Tree& tree, const char* key, const std::string& otherwise) {
+  return tree.get(key, otherwise);
+}
+
+/// A number that is absent or is none counts as `otherwise`.
+int numberOf(const Tree& tree, const char* key, int otherwise) {
+  const std::string text = textOf(tree, key, "");
+  const std::optional<long> number = text.empty() ? std::nullopt : decimalNumber(text);
+  return number && std::in_range<int>(*number) ? static_cast<int>(*number) : otherwise;
+}
+
 void take(const Tree& tree, const char* key, int& value) {
-  value = tree.get(key, value);
+  value = numberOf(tree, key, value);
 }
 void take(const Tree& tree, const char* key, std::string& value) {
-  value = tree.get(key, value);
+  value = textOf(tree, key, value);
 }
 
 /// The order decides who wins: the later of two keys that set the same thing.
 void takeSettings(TSession& s, const Tree& tree) {
-  s.setLanguage(languageOf(tree.get("Mode.LangInt", kEnglish) == kJapanese));
-  s.setLanguage(languageOf(tree.get("Mode.LangStr", std::string("ENU")) == "JPN"));
-  s.sh.FightFunc = tree.get("Mode.FightFunc", std::string("WP"));
-  s.timeData.SetClockByName(tree.get("Mode.TimeFuncStr", std::string("QPC")));
-  s.timeData.SetClockByIndex(tree.get("Mode.TimeFuncInt", 0));
-  s.sh.TextEditorIndex = tree.get("Editor.TextEditorIndex", 0);
+  s.setLanguage(languageOf(numberOf(tree, "Mode.LangInt", kEnglish) == kJapanese));
+  s.setLanguage(languageOf(textOf(tree, "Mode.LangStr", "ENU") == "JPN"));
+  s.sh.FightFunc = textOf(tree, "Mode.FightFunc", "WP");
+  s.timeData.SetClockByName(textOf(tree, "Mode.TimeFuncStr", "QPC"));
+  s.timeData.SetClockByIndex(numberOf(tree, "Mode.TimeFuncInt", 0));
+  s.sh.TextEditorIndex = numberOf(tree, "Editor.TextEditorIndex", 0);
   s.b.SetTextEdIndex(s.sh.TextEditorIndex);
   take(tree, "Editor.TextEditorPath1", s.b.TextEditorPath[1]);
   take(tree, "Editor.TextEditorPath2", s.b.TextEditorPath[2]);
@@ -186,7 +202,7 @@ void takeSettings(TSession& s, const Tree& tree) {
   s.b.BusyModeIndex = zeroOrOne(s.modeData.BusyModeIndex);
   take(tree, "Mode.SimpleTitleIndex", s.modeData.SimpleTitleIndex);
   s.b.SimpleTitleIndex = zeroOrOne(s.modeData.SimpleTitleIndex);
-  s.sh.LastSrcFile = tree.get("Src.LastSrcFile", std::string("src\\pn1000"));
+  s.sh.LastSrcFile = textOf(tree, "Src.LastSrcFile", "src\\pn1000");
   s.b.SrcFilename = s.sh.LastSrcFile;
 }
 

@@ -12,8 +12,8 @@ namespace zelvaro::test {
 
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zelvaroXXXXXX").string();
+  explicit TemporaryFolder(const std::filesystem::path& in = std::filesystem::temp_directory_path()) {
+    std::string name = (in / "zelvaroXXXXXX").string();
     path_ = ::mkdtemp(name.data());
   }
   ~TemporaryFolder() { std::filesystem::remove_all(path_); }
