@@ -20,6 +20,7 @@ void play() {
 }  // namespace
 
 int main() {
+  zelvaro::holdStandardDescriptors();
   try {
     play();
     return 0;

@@ -1,5 +1,6 @@
 #include "platform/PosixPlatform.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -23,6 +24,13 @@ std::uint32_t seed() {
 }
 
 }  // namespace
+
+void holdStandardDescriptors() {
+  for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    // the lowest free number is the one that is given
+    if (::fcntl(fd, F_GETFD) < 0) static_cast<void>(::open("/dev/null", O_RDWR));
+  }
+}
 
 PosixPlatform::PosixPlatform(int inputFd, int outputFd)
     : input_(inputFd), output_(outputFd), random_(seed()) {

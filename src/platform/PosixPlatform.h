@@ -11,6 +11,10 @@
 
 namespace zelvaro {
 
+/// Opens on nothing those of the descriptors 0, 1 and 2 that are closed: a settings file or report that got
+/// such a number would have the console written into it.  To be called before any file is opened.
+void holdStandardDescriptors();
+
 class PosixPlatform : public Platform {
  public:
   /// A closed output ends no program from here on: SIGPIPE is ignored.

@@ -19,7 +19,9 @@ constexpr std::string_view kLongDialogue =
 constexpr std::string_view kSettings = "[Mode]\nLangStr=ENU\nLangInt=1\nFightFunc=WP\n";
 
 Files folder() {
-  return {{"p.txt", std::string(kSource)}, {"q.txt", std::string(kFaulty)}, {"zelvaro.ini", std::string(kSettings)}};
+  return {{"p.txt", std::string(kSource)},
+          {"q.txt", std::string(kFaulty)},
+          {"zelvaro.ini", std::string(kSettings)}};
 }
 
 TEST(ConsoleFaults, TheInputMayEndBehindAnyByte) {

@@ -49,7 +49,8 @@ std::string fileOf(const Files& files, const std::string& name) {
 void expectWhole(const Files& before, const Files& after, const Files& faultless) {
   for (const std::string& report : kReports) {
     const std::string text = fileOf(after, report);
-    EXPECT_TRUE(text == fileOf(before, report) || text == fileOf(faultless, report)) << report << ":\n" << text;
+    EXPECT_TRUE(text == fileOf(before, report) || text == fileOf(faultless, report)) << report << ":\n"
+                                                                                     << text;
   }
   const std::string ini = fileOf(after, kIni);
   EXPECT_TRUE(ini == fileOf(before, kIni) || isWholeIni(ini)) << ini;

@@ -57,7 +57,8 @@ void expectWhole(const Files& before, const Files& after, const Files& faultless
   for (const auto& [name, bytes] : after) {
     const auto fine = faultless.find(name);
     ASSERT_NE(fine, faultless.end()) << name;
-    EXPECT_TRUE(bytes == fine->second || bytes == before.at(name) || isWholeIni(bytes)) << name << ":\n" << bytes;
+    EXPECT_TRUE(bytes == fine->second || bytes == before.at(name) || isWholeIni(bytes)) << name << ":\n"
+                                                                                        << bytes;
   }
 }
 

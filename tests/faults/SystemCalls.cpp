@@ -49,11 +49,21 @@ auto strike(Whole whole, Half half, OnFailure onFailure) -> decltype(whole()) {
       onFailure();
       errno = plan.fault.error;
       return -1;
-    case Kind::FallsShort: return half();
-    case Kind::KillsBefore: ::raise(SIGKILL); break;
-    case Kind::KillsHalfway: half(); ::raise(SIGKILL); break;
-    case Kind::KillsBehind: whole(); ::raise(SIGKILL); break;
-    case Kind::None: break;
+    case Kind::FallsShort:
+      return half();
+    case Kind::KillsBefore:
+      ::raise(SIGKILL);
+      break;
+    case Kind::KillsHalfway:
+      half();
+      ::raise(SIGKILL);
+      break;
+    case Kind::KillsBehind:
+      whole();
+      ::raise(SIGKILL);
+      break;
+    case Kind::None:
+      break;
   }
   return whole();
 }
