@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "platform/Files.h"
+#include "platform/Programs.h"
 
 namespace zelvaro {
 namespace {
@@ -34,7 +35,7 @@ void holdStandardDescriptors() {
 
 PosixPlatform::PosixPlatform(int inputFd, int outputFd)
     : input_(inputFd), output_(outputFd), random_(seed()) {
-  std::signal(SIGPIPE, SIG_IGN);
+  for (const int signal : posix::kIgnoredSignals) std::signal(signal, SIG_IGN);
 }
 
 PosixPlatform::~PosixPlatform() = default;

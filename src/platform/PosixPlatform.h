@@ -17,7 +17,8 @@ void holdStandardDescriptors();
 
 class PosixPlatform : public Platform {
  public:
-  /// A closed output ends no program from here on: SIGPIPE is ignored.
+  /// Neither a closed output nor a file that may not grow ends the program from here on: their signals are
+  /// ignored, and the write fails.
   explicit PosixPlatform(int inputFd = 0, int outputFd = 1);
   ~PosixPlatform() override;
   PosixPlatform(const PosixPlatform&) = delete;

@@ -39,6 +39,13 @@ class SpawnSetting {
   posix_spawnattr_t attributes;
 };
 
+sigset_t ignoredSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int signal : kIgnoredSignals) sigaddset(&signals, signal);
+  return signals;
+}
+
 /// Leaves the keys that end a program to the program that is waited for.
 class IgnoredKeys {
  public:
@@ -57,9 +64,7 @@ class IgnoredKeys {
 
   /// The signals that the new program gets back in their usual meaning: those that had it here.
   sigset_t forTheProgram() const {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGPIPE);
+    sigset_t signals = ignoredSignals();
     if (interrupt_.sa_handler != SIG_IGN) sigaddset(&signals, SIGINT);
     if (quit_.sa_handler != SIG_IGN) sigaddset(&signals, SIGQUIT);
     return signals;
@@ -151,10 +156,7 @@ int runAndWait(const std::vector<std::string>& arguments, bool terminalInput) {
 
 int startDetached(const std::vector<std::string>& arguments, pid_t& pid) {
   SpawnSetting setting;
-  sigset_t signals;
-  sigemptyset(&signals);
-  sigaddset(&signals, SIGPIPE);
-  setting.resetSignals(signals);
+  setting.resetSignals(ignoredSignals());
   setting.setFlags(POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) setting.redirectToNothing(fd);
   return spawn(pid, arguments, setting);

@@ -3,12 +3,17 @@
 
 #include <sys/types.h>
 
+#include <csignal>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace zelvaro::posix {
+
+/// Signals that this program ignores and the programs that it starts do not: a write to a pipe without a
+/// reader, or to a file that has reached the limit of its size, fails with a reason instead.
+inline constexpr int kIgnoredSignals[] = {SIGPIPE, SIGXFSZ};
 
 /// Takes a command line apart: blanks and tabs separate, double quotes keep them together and fall away.
 /// Nothing else has a meaning.

@@ -41,9 +41,10 @@ class RandomImage {
   Tcomet2 machine() {
     Tcomet2 m;
     size_ = 24 + below(72);
-    while (adr_ < size_) group(m);
-    if (oneIn(4)) m.Memory[static_cast<std::size_t>(below(size_))] = below(0x10000) - 0x8000;
-    for (int& gr : m.GR) gr = oneIn(3) ? below(0x18000) - 0x8000 : below(size_);
+    if (oneIn(4)) jumpToTheEndOfMemory(m);
+    while (adr_ - base_ < size_) group(m);
+    if (oneIn(4)) m.Memory[cell(below(size_))] = below(0x10000) - 0x8000;
+    for (int& gr : m.GR) gr = oneIn(3) ? below(0x18000) - 0x8000 : oneIn(8) ? any(kEdges) : below(size_);
     const int flags = below(3);
     m.Fsign = flags == 1;
     m.Fzero = flags == 2;
@@ -54,6 +55,8 @@ class RandomImage {
   }
 
  private:
+  static constexpr int kEdges[] = {0,      1,       -1,      0x7FFF, -0x8000, 0xFFFE,
+                                   0xFFFF, 0x10000, 0x1FFFE, 0xFE0B, 0xFE0C};
   static constexpr int kMemoryForms[] = {0x10, 0x20, 0x21, 0x22, 0x23, 0x30, 0x31, 0x32, 0x40, 0x41};
   static constexpr int kAddressForms[] = {0x11, 0x12, 0x50, 0x51, 0x52, 0x53};
   static constexpr int kJumps[] = {0x61, 0x62, 0x63, 0x64, 0x65, 0x66};
@@ -67,9 +70,19 @@ class RandomImage {
   int address() {
     if (oneIn(40)) return below(0x10000);
     if (oneIn(40)) return 64996 + below(8);
-    return below(size_);
+    if (oneIn(40)) return any(kEdges) & 0xFFFF;
+    return (base_ + below(size_)) & 0xFFFF;
   }
-  void put(Tcomet2& m, int word) { m.Memory[static_cast<std::size_t>(adr_++)] = word; }
+  /// The cell so many words behind the first of the code; behind the last one of memory comes the first.
+  std::size_t cell(int at) const { return static_cast<std::size_t>((base_ + at) & 0xFFFF); }
+  void put(Tcomet2& m, int word) { m.Memory[cell(adr_++ - base_)] = word; }
+  /// The code stands around the last word, so that it runs out of memory, jumps and stores across its end.
+  void jumpToTheEndOfMemory(Tcomet2& m) {
+    put(m, 0x6400);
+    base_ = oneIn(2) ? 0x10000 - below(2 * size_) : tMaxMemory - below(size_);
+    m.Memory[1] = base_ & 0xFFFF;
+    adr_ = base_;
+  }
   void two(Tcomet2& m, int code, int x) {
     put(m, code << 8 | reg() << 4 | x);
     put(m, code >= 0x50 && code <= 0x53 ? below(20) : address());
@@ -123,6 +136,7 @@ class RandomImage {
 
   std::mt19937 random_;
   int size_ = 0, adr_ = 0;
+  int base_ = 0;  ///< address of the first word of the code
 };
 
 void typeSomething(test::ScriptedPlatform& platform) {
