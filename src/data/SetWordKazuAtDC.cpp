@@ -1,6 +1,7 @@
 // Kind and number of words of the operands of a DC.
 #include "data/DC.h"
 #include "diag/Quote.h"
+#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -10,6 +11,24 @@ constexpr Message oprndWithoutText =
     Message{Severity::Error, Head::Line, args("text", "ordinal"),
             bothLanguages("\"{text}\": The {ordinal} operand at DC is empty in description.")}
         .uncounted();
+
+constexpr Message notConverted{Severity::Error, Head::None, args(),
+                               bothLanguages("mbsrtowcs_s() has returned Error. MbChToWCs(). ")};
+
+/// The fixed form keeps the bytes of a file as they are: one without a character shows here.  The
+/// characters are counted by bytes then.
+template <class Family>
+int wordsOfCharConst(Assembly& a, int line, ViewOf<Family> text) {
+  if constexpr (kIsFixedForm<Family>) {
+    std::u16string wide;
+    if (!cp932ToUtf16(text, wide)) {
+      a.cs.report<Family, notConverted>(line);
+      wide.assign(text.begin(), text.end());
+      return CountWordKazuAtCharConst(std::u16string_view(wide));
+    }
+  }
+  return CountWordKazuAtCharConst(text);
+}
 
 }  // namespace
 
@@ -28,7 +47,8 @@ void SetWordKazuAtDC(Assembly& a, SrcOf<Family>& line) {
       a.cs.selfCheck("Prg. Error: Unknown error of else. ");
       return;
     }
-    oprnd.WordKazu = oprnd.DataType == ConstKind::CharConst ? CountWordKazuAtCharConst(oprnd.ConstStr) : 1;
+    oprnd.WordKazu =
+        oprnd.DataType == ConstKind::CharConst ? wordsOfCharConst<Family>(a, line.Line, oprnd.ConstStr) : 1;
     line.word_kazu += oprnd.WordKazu;
   }
 }

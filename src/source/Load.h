@@ -57,8 +57,9 @@ int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string&
                        const SourceBytes& bytes);
 /// - Narrow: the lines become CP932, with "?" for a character that it does not have.
 int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
-/// - The fixed form: as the narrow one, a line of more than 104 bytes as several, each cut behind its 80th
-///   byte, which is told once; of a file of more than 310 lines nothing is stored and the result is -4.
+/// - The fixed form: as the narrow one, but a line that is no UTF-8 keeps its bytes; a line of more than 104
+///   bytes as several, each cut behind its 80th byte, which is told once; of a file of more than 310 lines
+///   nothing is stored and the result is -4.
 int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);
 
 /// The load of pipeline NaW: the narrow loader, whose lines then go to the wide table.

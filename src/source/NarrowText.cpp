@@ -46,7 +46,11 @@ std::string_view NarrowLines::next() {
   if (isAscii(line)) return line;
   wide_.clear();
   narrow_.clear();
-  MbChToWCs(sh_, line, wide_);
+  if (otherBytes_ == OtherBytes::Mended) {
+    MbChToWCs(sh_, line, wide_);
+  } else if (!utf8ToUtf16(line, wide_)) {
+    return line;
+  }
   utf16ToCp932(wide_, narrow_);
   return narrow_;
 }

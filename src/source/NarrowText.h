@@ -1,6 +1,7 @@
 // What the two narrow loaders share: the words round the opening of a file, and its lines as CP932.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,10 +16,15 @@ inline constexpr int kNarrowNotOpened = -3;
 template <class Family>
 bool tellNarrowReading(TShellData& sh, const std::string& name, const SourceBytes& bytes);
 
+/// What becomes of a line that is no UTF-8: CP932 whose unknown bytes are told and replaced, or its bytes as
+/// they stand.
+enum class OtherBytes : std::uint8_t { Mended, Kept };
+
 /// The lines of a file, one after the other, each decoded as UTF-8 or else as CP932.
 class NarrowLines {
  public:
-  NarrowLines(TShellData& sh, std::string_view bytes) : sh_(sh), rest_(bytes) {
+  NarrowLines(TShellData& sh, std::string_view bytes, OtherBytes otherBytes = OtherBytes::Mended)
+      : sh_(sh), rest_(bytes), otherBytes_(otherBytes) {
     if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);  // CP932 has no such character
   }
   bool atEnd() const { return rest_.empty(); }
@@ -30,6 +36,7 @@ class NarrowLines {
  private:
   TShellData& sh_;
   std::string_view rest_;
+  OtherBytes otherBytes_;
   std::u16string wide_;
   std::string narrow_;
 };

@@ -57,7 +57,7 @@ int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) 
   LineStore<char>& store = a.b.vecSrcA;
   store.clear();
   bool isTold = false;
-  for (NarrowLines lines(a.sh, bytes->bytes); !lines.atEnd();) {
+  for (NarrowLines lines(a.sh, bytes->bytes, OtherBytes::Kept); !lines.atEnd();) {
     std::string_view line = lines.next();
     std::string_view read;
     bool goesOn = true;

@@ -77,6 +77,17 @@ TEST(FixedForm, EXITEndsTheRunInsideASubroutine) {
   EXPECT_THAT(f.shown, HasSubstr("and it has come to an end of the program\n"));
 }
 
+TEST(FixedForm, BytesWithoutACharacterAreToldByTheConstantThatHoldsThem) {
+  Fixed sjis("MAIN START ; \xFF\n RET\nA DC '\x82\xA0'\n END\n");
+  EXPECT_EQ(sjis.m().Memory[2], 0x3042);
+  EXPECT_THAT(sjis.shown, ::testing::Not(HasSubstr("Error")));
+
+  Fixed broken("MAIN START\n RET\nA DC 1,'x\xFFy'\n END\n");
+  EXPECT_THAT(broken.shown, HasSubstr("Reading a.txt.\nOne program is found in it.\n"
+                                      "mbsrtowcs_s() has returned Error. MbChToWCs(). \n(0.0, 0.0) msec"));
+  EXPECT_THAT(broken.shown, HasSubstr("There is 1 error to be corrected. "));
+}
+
 TEST(FixedForm, AStoreBehindTheImageIsToldAndMovesItsEnd) {
   Fixed f("MAIN START\n LAD GR1,20\n ST GR1,0,GR1\n RET\n END\n");
   EXPECT_THAT(f.shown,
