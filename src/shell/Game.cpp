@@ -94,7 +94,8 @@ void TGame::printBanner() {
   print("\n\n");
 }
 
-/// The report line, and the report.
+/// The report line, and the report.  Only the English line has an end: in Japanese all that can follow begins
+/// with one.
 void TGame::writeReport(const Pipeline& p, std::string_view filename, std::string_view firstTimeJ,
                         bool& isFirst) {
   std::string line = "---> " + std::string(filename) + " ";
@@ -102,8 +103,10 @@ void TGame::writeReport(const Pipeline& p, std::string_view filename, std::strin
     if (isFirst) line += firstTimeJ;
     isFirst = false;
     line += "メモリの全容が保存してあります。";
+  } else {
+    line += "\n";
   }
-  print(line + "\n");
+  print(line);
   p.stages->report(std::string(filename), s_.m, s_.b, s_.timeData, s_.platform);
 }
 

@@ -77,10 +77,12 @@ TEST_F(GameTest, ACleanFileRunsStraightThrough) {
 TEST_F(GameTest, TheReportLineIsLongerTheFirstTimeInJapanese) {
   play({"", "1", "clean", "", "11", "", "123"}, "[Mode]\nLangStr=JPN\n");
   EXPECT_EQ(count("アセンブル成功 ---> aaAssembledRegMry.txt "), 2);
-  EXPECT_EQ(count("---> aaAssembledRegMry.txt \nアセンブルされたメモリの全容が保存してあります。\n"), 1);
-  EXPECT_EQ(count("---> aaAssembledRegMry.txt メモリの全容が保存してあります。\n"), 1);
-  EXPECT_EQ(count("---> aaResultantRegMry.txt \n実行後のメモリの全容が保存してあります。\n"), 1);
-  EXPECT_EQ(count("---> aaResultantRegMry.txt メモリの全容が保存してあります。\n"), 1);
+  EXPECT_EQ(
+      count("---> aaAssembledRegMry.txt \nアセンブルされたメモリの全容が保存してあります。\n演算実行 開始"),
+      1);
+  EXPECT_EQ(count("---> aaAssembledRegMry.txt メモリの全容が保存してあります。\n演算実行 開始"), 1);
+  EXPECT_EQ(count("---> aaResultantRegMry.txt \n実行後のメモリの全容が保存してあります。\n\n入力"), 1);
+  EXPECT_EQ(count("---> aaResultantRegMry.txt メモリの全容が保存してあります。\n\n入力"), 1);
 }
 
 TEST_F(GameTest, ErrorsAreReplayedTimedAndSummedUp) {
