@@ -1,5 +1,5 @@
-// SetMemory10: the words of one program into the memory of the machine, as they stand: a cell keeps the
-// whole 32-bit number.
+// SetMemory10: the words of one program into the memory of the machine, as they stand; of a number beyond 16
+// bits the low ones alone.
 #include "link/SetMemory10.h"
 
 #include <algorithm>
@@ -20,6 +20,7 @@ class Writer {
 
   std::int32_t adr() const { return adr_; }
   void put(std::int32_t word) {
+    if (word > 0xFFFF || word < -0x8000) word = unsignedWord(word);
     const auto at = static_cast<std::size_t>(adr_++);
     if (at >= m_.Memory.size()) return;
     std::int32_t& cell = m_.Memory[at];

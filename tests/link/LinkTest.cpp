@@ -41,11 +41,11 @@ constexpr const char* kTwoPrograms =
     "       END\n";
 
 const std::vector<std::int32_t> kMainImage = {
-    0x6400, 10,                                               // START BEGIN
-    1,      -1,  0xFF,   'A',    '\'',   'B', 2,      70000,  // COUNT; a cell keeps the whole number
-    0x1010, 22,  0x8000, 25,     0x1221, 10,  0x1030, 23,     // BEGIN
-    0x1110, 21,  0x2670, 0x8100,                              //
-    5,      'H', 'i'};                                        // the literals
+    0x6400, 10,                                                // START BEGIN
+    1,      -1,  0xFF,   'A',    '\'',   'B', 2,      0x1170,  // COUNT; 70000 is cut
+    0x1010, 22,  0x8000, 25,     0x1221, 10,  0x1030, 23,      // BEGIN
+    0x1110, 21,  0x2670, 0x8100,                               //
+    5,      'H', 'i'};                                         // the literals
 const std::vector<std::int32_t> kSubImage = {
     0,  // START
     0x7001, 0,      0x7002, 0,      0x7003, 0,      0x7004, 0,  0x7005, 0, 0x7006, 0,      0x7007, 0,
