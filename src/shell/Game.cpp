@@ -94,8 +94,8 @@ void TGame::printBanner() {
   print("\n\n");
 }
 
-/// The report line, and the report.  Only the English line has an end: in Japanese all that can follow begins
-/// with one.
+/// The report line, and the report.  Only the English line has an end: the words of the run and the menus begin
+/// with one in Japanese.
 void TGame::writeReport(const Pipeline& p, std::string_view filename, std::string_view firstTimeJ,
                         bool& isFirst) {
   std::string line = "---> " + std::string(filename) + " ";
