@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-
 #include "TemporaryFolder.h"
 #include "platform/Files.h"
 #include "platform/PosixPlatform.h"
