@@ -1,0 +1,63 @@
+// What the fuzz targets share.  A target is one file that defines LLVMFuzzerTestOneInput; everything runs in
+// this process, against the scripted platform.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "support/ScriptedPlatform.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+namespace zelvaro::fuzz {
+
+/// Ends the process with a message where `holds` is false.
+inline void require(bool holds, const std::string& message) {
+  if (holds) return;
+  std::fprintf(stderr, "fuzz: %s\n", message.c_str());
+  std::abort();
+}
+
+/// The bytes of an input, taken from the front; behind the last one come zeros.
+class Input {
+ public:
+  Input(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
+  int byte() {
+    if (rest_.empty()) return 0;
+    const auto b = static_cast<unsigned char>(rest_.front());
+    rest_.remove_prefix(1);
+    return b;
+  }
+  /// A word, the high byte first.
+  int word() {
+    const int high = byte();
+    return high << 8 | byte();
+  }
+  std::string_view rest() const { return rest_; }
+
+ private:
+  std::string_view rest_;
+};
+
+/// Thrown through a run that prints without an end.
+struct TooMuchOutput {};
+
+/// The platform of a run that is to stay short.
+class LimitedPlatform : public test::ScriptedPlatform {
+ public:
+  using ScriptedPlatform::ScriptedPlatform;
+  explicit LimitedPlatform(const ScriptedPlatform& other) : ScriptedPlatform(other) { console.clear(); }
+  void print(std::string_view utf8) override {
+    ScriptedPlatform::print(utf8);
+    if (console.size() > kMostOutput) throw TooMuchOutput();
+  }
+
+ private:
+  static constexpr std::size_t kMostOutput = 300'000;  // OUT of a whole memory, once
+};
+
+}  // namespace zelvaro::fuzz

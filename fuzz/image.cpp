@@ -1,0 +1,113 @@
+// Any words and registers into the machine.  The slow machine of the tests runs them too: what it leaves must
+// be what the run loop leaves, in the run of a family where it comes to an end, else in the loop with a limit.
+#include <algorithm>
+
+#include "Fuzz.h"
+#include "comet2/Run.h"
+#include "comet2/RunLoop.h"
+#include "comet2/SlowMachine.h"
+#include "diag/Message.h"
+
+namespace zelvaro::fuzz {
+namespace {
+
+using test::SlowMachine;
+
+constexpr std::int64_t kMostSteps = 5'000;
+
+/// Stops at the store guard and notes the store warnings without a word.
+class SilentWatch : public StoreWatch {
+ public:
+  SilentWatch(int PrgEndAdr, int limit) : StoreWatch(std::min(PrgEndAdr, limit)), limit_(limit) {}
+  int st511(Tcomet2&, std::int32_t effAdr, std::int32_t) override {
+    if (effAdr >= limit_) return kRunMustStop;
+    from_ = limit_;
+    return 0;
+  }
+
+ private:
+  int limit_;
+};
+
+LimitedPlatform platformWithInput() {
+  LimitedPlatform platform;
+  for (const char* line :
+       {"", "A", "abcdefgh", "日本語𠮷", "\xFF", "0123456789012345678901234567890123456789"})
+    platform.typed.emplace_back(line);
+  return platform;
+}
+
+/// The state that a run begins with, and the words from address 0.  Registers hold what a program can leave
+/// in them: a word, read as signed or as unsigned.
+Tcomet2 machineOf(Input& in, int& PrgEndAdr) {
+  Tcomet2 m;
+  const int isSigned = in.byte();
+  const int flags = in.byte();
+  for (std::size_t i = 0; i < m.GR.size(); ++i) {
+    const int word = in.word();
+    m.GR[i] = (isSigned >> i & 1) != 0 ? signedWord(word) : word;
+  }
+  m.Fovf = flags & 1;
+  m.Fzero = flags >> 1 & 1;
+  m.Fsign = m.Fzero != 0 ? 0 : flags >> 2 & 1;
+  m.OS = flags >> 3 & 3;
+  m.SP = (flags & 0x80) != 0 ? kFirstSP - kStackDepth + (flags >> 5 & 3) : kFirstSP - (flags >> 5 & 3);
+  PrgEndAdr = 0;
+  while (!in.rest().empty() && PrgEndAdr < kGreatestImage)
+    m.Memory[static_cast<std::size_t>(PrgEndAdr++)] = in.word();
+  m.LastAdr = PrgEndAdr;
+  return m;
+}
+
+void requireSame(Tcomet2& m, Tcomet2& slow) {
+  const auto same = [](Cells& a, Cells& b) { return std::equal(a.begin(), a.end(), b.begin()); };
+  require(m.PR == slow.PR && m.SP == slow.SP && m.OS == slow.OS && m.EffAdr == slow.EffAdr,
+          "PR, SP, OS or the effective address differs from the slow machine");
+  require(m.GR == slow.GR, "a register differs from the slow machine");
+  require(m.Fovf == slow.Fovf && m.Fsign == slow.Fsign && m.Fzero == slow.Fzero,
+          "a flag differs from the slow machine");
+  require(m.StackArea == slow.StackArea, "the stack differs from the slow machine");
+  require(same(m.Memory, slow.Memory), "the memory differs from the slow machine");
+  require(same(m.ExecCount, slow.ExecCount), "a count differs from the slow machine");
+}
+
+template <class Family>
+void run(Tcomet2& m, int PrgEndAdr) {
+  constexpr int kLimit = kRunLimit<Family>;
+  LimitedPlatform slowPlatform = platformWithInput();
+  LimitedPlatform platform = slowPlatform;
+  SlowMachine slow(m, slowPlatform, kLimit, PrgEndAdr);
+  if (slow.run(kMostSteps) != Stop::Steps) {
+    TimeData time;
+    Run3<Family>(m, {platform, time, PrgEndAdr});
+    m.setMaxExecCount();
+  } else {
+    SilentWatch watch(PrgEndAdr, kLimit);
+    std::int64_t left = kMostSteps;
+    const Stop stop = runLoop(m, platform, watch, kLimit, left);
+    const Stop slowStop = slow.run(stop == Stop::Steps ? kMostSteps - left : kMostSteps + 3);
+    require(stop == slowStop && kMostSteps - left == slow.executed, "the run loop stops elsewhere");
+    require(platform.console == slowPlatform.console, "OUT shows something else");
+  }
+  requireSame(m, slow.m);
+}
+
+}  // namespace
+}  // namespace zelvaro::fuzz
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace zelvaro;
+  constexpr decltype(&fuzz::run<WP>) kRuns[] = {fuzz::run<WP>, fuzz::run<NWW>, fuzz::run<AP>, fuzz::run<NA>,
+                                                fuzz::run<NH>, fuzz::run<WP>,  fuzz::run<AP>, fuzz::run<NH>};
+  fuzz::Input in(data, size);
+  const int how = in.byte();
+  int PrgEndAdr = 0;
+  Tcomet2 m = fuzz::machineOf(in, PrgEndAdr);
+  m.IsEnglish = (how & 0x08) != 0 ? kJapanese : kEnglish;
+  try {
+    kRuns[how & 7](m, PrgEndAdr);
+  } catch (const fuzz::TooMuchOutput&) {
+    // many times the whole memory: nothing to compare
+  }
+  return 0;
+}

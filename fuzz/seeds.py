@@ -1,0 +1,83 @@
+#!/usr/bin/env python3
+"""Writes first inputs for the fuzz targets, made of the samples, the transcripts and the tests.
+
+  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini
+"""
+import hashlib
+import pathlib
+import re
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+FAMILIES = 8  # low bits of the first byte; the targets tell what the others mean
+JAPANESE = 8
+SEPARATOR = b"\x1e"
+
+
+def cases(ending):
+    """The blocks of each case of the golden files with that ending: {"file a.txt": text, ...}."""
+    for path in sorted((ROOT / "tests").rglob("*" + ending)):
+        for case in re.split(r"^=== .*\n", path.read_text(encoding="utf-8"), flags=re.M)[1:]:
+            parts = re.split(r"^--- (.*)\n", case, flags=re.M)
+            yield dict(zip(parts[1::2], parts[2::2]))
+
+
+def encodings(text):
+    yield text.encode("utf-8")
+    yield text.encode("utf-8-sig")
+    yield text.encode("cp932", "replace")
+    for mark, name in ((b"\xff\xfe", "utf-16-le"), (b"\xfe\xff", "utf-16-be")):
+        yield mark + text.replace("\n", "\r\n").encode(name, "replace")
+
+
+def sources():
+    """Pairs of a source's bytes and the lines typed behind its name."""
+    for path in sorted((ROOT / "workspace" / "src").rglob("*.txt")):
+        yield path.read_bytes(), "1\n12\n3\n\n11\n"
+    for blocks in cases(".transcript"):
+        # behind the go-ahead line, the menu's 1 and the name
+        typed = "\n".join(blocks.get("typed", "").split("\n")[3:])
+        for name, text in blocks.items():
+            if name.startswith(("file ", "edit ")) and not name.endswith(".ini"):
+                yield text.encode("utf-8"), typed
+    for blocks in cases(".golden"):
+        if "source" in blocks:
+            yield blocks["source"].encode("utf-8"), ""
+
+
+def images():
+    """The words that the tests of the machine run."""
+    for path in sorted((ROOT / "tests" / "comet2").glob("*.cpp")):
+        for words in re.findall(r"machineWith\(\{([^}]*)\}\)", path.read_text(encoding="utf-8")):
+            numbers = re.findall(r"\b(?:0x[0-9A-Fa-f]+|\d+)\b", words)
+            yield b"".join((int(n, 0) & 0xFFFF).to_bytes(2, "big") for n in numbers)
+
+
+def settings():
+    for blocks in cases(".transcript"):
+        for name, text in blocks.items():
+            if name.endswith(".ini"):
+                yield text.encode("utf-8")
+
+
+def write(folder, data):
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / hashlib.sha1(data).hexdigest()).write_bytes(data)
+
+
+def main(folder):
+    for number, (source, typed) in enumerate(sources()):
+        family, language = number % FAMILIES, JAPANESE * (number % 3 == 0)
+        write(folder / "session", bytes([family | language]) + source + SEPARATOR + typed.encode("utf-8"))
+        write(folder / "load", bytes([family | language]) + source)
+        if number % 5 == 0:
+            for data in encodings(source.decode("utf-8", "replace")):
+                write(folder / "load", bytes([family]) + data)
+    for number, words in enumerate(images()):
+        write(folder / "image", bytes([number % FAMILIES]) + bytes(18) + words)
+    for data in settings():
+        write(folder / "ini", data)
+
+
+if __name__ == "__main__":
+    main(pathlib.Path(sys.argv[1]))
