@@ -45,10 +45,10 @@ constexpr Message fewHexDigits{
      .en = ": \nA hexadecimal number should be written as four digits. \n(Spec. of CASL2: 2.3 (4)) {quote}\n"
            "It has only {count} digits. "}};
 constexpr Message nonDigit{Severity::Error,
-                           Head::QuoteLine,
+                           Head::Line,
                            args("quote"),
-                           {.ja = "\n１０進数の中に数字以外の文字がある。",
-                            .en = "\nA non-numerical character is found in the decimal number. "}};
+                           {.ja = "{quote}\n１０進数の中に数字以外の文字がある。",
+                            .en = "{quote}\nA non-numerical character is found in the decimal number. "}};
 
 constexpr std::string_view kOutOfRangeJa =
     "\n10 進数の記述が 0 から 65535 までの範囲外にある。\n"

@@ -6,11 +6,12 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message invalidText{Severity::Error,
-                              Head::QuoteLine,
-                              args("quote", "place"),
-                              {.ja = "\n{place}　文字目にアドレス定数で使えない文字がある。",
-                               .en = "\nAn invalid character is found in the address constant of {quote}."}};
+constexpr Message invalidText{
+    Severity::Error,
+    Head::Line,
+    args("quote", "place"),
+    {.ja = "{quote}\n{place}　文字目にアドレス定数で使えない文字がある。",
+     .en = "{quote}\nAn invalid character is found in the address constant of {quote}."}};
 
 template <class Family>
 int invalid(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {

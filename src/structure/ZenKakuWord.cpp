@@ -48,11 +48,13 @@ constexpr Message moziInStart{Severity::Error,
                                .en = "{quote}: \nA full-width character is found. \n"
                                      "This character is not allowed to use in CASL2. \n"
                                      "It should be deleted. "}};
-constexpr Message notLabelMozi{Severity::Error,
-                               Head::QuoteLine,
-                               args("quote", "position"),
-                               {.ja = "{quote}{position}　文字目にアドレス定数で使えない文字がある。",
-                                .en = "An invalid character is found in the address constant of {quote}."}};
+constexpr Message notLabelMozi =
+    Message{Severity::Error,
+            Head::Own,
+            args("quote", "position"),
+            {.ja = "{position}　文字目にアドレス定数で使えない文字がある。",
+             .en = "An invalid character is found in the address constant of {quote}."}}
+        .withHead({.ja = "エラー： {line} 行目： {quote}", .en = "Error : {quote}line {line}: "});
 
 /// Whether a word holds a character of two bytes in CP932.  An invalid sequence of narrow text ends the
 /// search.

@@ -321,11 +321,11 @@ INSTANTIATE_TEST_SUITE_P(
             "エラー： 2 行目：  １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) :  \"#12\" \n2 桁しかない。\n"},
         WordsOf{
             "JUMP abc",
-            "Error :  \"abc\" line 2: \nAn invalid character is found in the address constant of  \"abc\" .\n",
-            "エラー：  \"abc\" 2 行目： \n1　文字目にアドレス定数で使えない文字がある。\n"},
+            "Error : line 2:  \"abc\" \nAn invalid character is found in the address constant of  \"abc\" .\n",
+            "エラー： 2 行目：  \"abc\" \n1　文字目にアドレス定数で使えない文字がある。\n"},
         WordsOf{"JUMP 1X",
-                "Error :  \"1X\" line 2: \nA non-numerical character is found in the decimal number. \n",
-                "エラー：  \"1X\" 2 行目： \n１０進数の中に数字以外の文字がある。\n"},
+                "Error : line 2:  \"1X\" \nA non-numerical character is found in the decimal number. \n",
+                "エラー： 2 行目：  \"1X\" \n１０進数の中に数字以外の文字がある。\n"},
         WordsOf{"JUMP 65536",
                 "Note :  \"65536\" line 2: \nThe decimal number is out of range. \n"
                 "The valid range for an unsigned decimal number is from 0 to 65535.\n"

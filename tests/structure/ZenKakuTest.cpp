@@ -90,7 +90,7 @@ TEST(ZenKaku, FirstCharacterThatIsNoneOfALabel) {
   Source<WP> ja("", kJapanese);
   EXPECT_EQ(DetNonLabelMoziPos<WP>(ja.cs, 0, u"a", true), 0);
   EXPECT_EQ(ja.platform.console,
-            "エラー：  \"a\" 1 行目：  \"a\" 1　文字目にアドレス定数で使えない文字がある。\n");
+            "エラー： 1 行目：  \"a\" 1　文字目にアドレス定数で使えない文字がある。\n");
   EXPECT_EQ(ja.cs.ErrorKazu, 1);
 }
 
