@@ -1,5 +1,6 @@
 // Line normalisation: the column rule of the language survives as one leading blank.
 // Tested by tests/structure/LinesTest.cpp.
+#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 
@@ -31,12 +32,29 @@ std::basic_string_view<Char> normalised(TextArena<Char>& arena, std::basic_strin
   return {copy, line.size()};
 }
 
+/// The fixed form: the first two runs of blanks become one space each, the rest of the line stays.
+template <class Char>
+std::basic_string_view<Char> normalisedFixed(TextArena<Char>& arena, std::basic_string_view<Char> line) {
+  Char* copy = arena.allocate(line.size());
+  Char* end = copy;
+  for (int run = 0; run < 2 && findBlank(line) != line.npos; ++run) {
+    const std::size_t blank = findBlank(line);
+    end = std::copy_n(line.begin(), blank, end);
+    *end++ = Char(' ');
+    line = trimLeft(line.substr(blank));
+  }
+  end = std::copy(line.begin(), line.end(), end);
+  return {copy, static_cast<std::size_t>(end - copy)};
+}
+
 }  // namespace
 
 template <class Family>
 int edit(Assembly& a) {
   auto& store = a.store<Family>();
-  for (auto& line : store.lines()) line.SrcWork = normalised(store.arena, line.SrcStr);
+  for (auto& line : store.lines())
+    line.SrcWork = kIsFixedForm<Family> ? normalisedFixed(store.arena, line.SrcStr)
+                                        : normalised(store.arena, line.SrcStr);
   if (!store.lines().empty()) return 0;
   a.b.report<Family, emptySource>(0);
   return -1;

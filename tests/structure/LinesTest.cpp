@@ -44,6 +44,8 @@ TEST(Edit, OneLeadingBlankIsLeft) {
   EXPECT_EQ(edited<WP>("A   NOP"), "A   NOP");
   EXPECT_EQ(edited<WP>("　　NOP "), "　　NOP");
   EXPECT_EQ(edited<AP>("\t\t表 "), " 表");
+  EXPECT_EQ(edited<NH>("A \t DC\t'x  y' \t"), "A DC 'x  y' \t");
+  EXPECT_EQ(edited<NH>("\tLD \t"), " LD ");
 }
 
 TEST(Edit, EmptySource) {
