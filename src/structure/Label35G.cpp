@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "diag/Quote.h"
+#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -50,13 +51,14 @@ constexpr Message reservedWord{
      .en = "{label} is one of the reserved words(GR0-GR7). \n"
            "Reserved words, GR0 through GR7, are not available for labels. Spec. of CASL2   2.1 (Note) "}};
 
-/// Pass 1: takes the labels out of the lines.
+/// Pass 1: takes the labels out of the lines.  The fixed form lets a label stand alone.
 template <class Family, class Lines>
 void takeOut(Assembly& a, Lines lines) {
   for (auto& line : lines) {
     const std::size_t blank = findBlank(line.SrcWork);
     line.LabelStr = line.SrcWork.substr(0, blank);
-    if (blank == line.SrcWork.npos) a.cs.report<Family, labelAlone>(line.Line, quote(line.LabelStr));
+    if (blank == line.SrcWork.npos && !kIsFixedForm<Family>)
+      a.cs.report<Family, labelAlone>(line.Line, quote(line.LabelStr));
   }
 }
 

@@ -37,6 +37,8 @@ constexpr Difference kDifferences[] = {
     {"a register with a comma as an address", "NH ", {1, 0, 0, 0}, "only DC and DS stand behind the RET"},
     {"DS 5 TEXT", "NH ", {0, 0, 0, 1}, "a Memo tells that the text is a comment"},
     {"DS 65035", "NH ", {2, 0, 0, 0}, "the limit of the DC and DS words, and that of all"},
+    {"a label alone", "NH ", {0, 0, 2, 0}, "a label may stand alone"},
+    {"a comment glued to a label", "NH ", {0, 0, 2, 0}, "the same"},
     {"RPUSH;", "NH ", {1, 0, 0, 0}, "more than 5 characters are refused at once"},
     {"LD　GR1,A", "NH ", {1, 0, 0, 0}, "the same"},
     {"EXIT", "NH ", {0, 0, 1, 0}, "known here"},
