@@ -20,7 +20,7 @@ struct DiagRec {
 class TDiagLog {
  public:
   void append(DiagRec record) { records_.push_back(std::move(record)); }
-  /// Prints the text of every record, in order.  Empties nothing.
+  /// Prints the text of every record, in order, and an empty line behind each.  Empties nothing.
   void ReplayLog(Platform& console) const;
   void ClearLog() { records_.clear(); }
   const std::vector<DiagRec>& records() const { return records_; }

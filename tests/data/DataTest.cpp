@@ -99,9 +99,9 @@ TEST(DataDC, TheReplayLeavesOutHeadPlaceAndQuote) {
   bench.printed();
   bench.log.ReplayLog(bench.platform);
   EXPECT_EQ(bench.printed(),
-            ": \nA non-numerical character is found in the decimal constant. \n"
+            ": \nA non-numerical character is found in the decimal constant. \n\n"
             ": Undefined address constant \n \"NONE\"  No label or program name matches  \"NONE\" . \n"
-            "Make sure of your spelling of  \"NONE\" . \n");
+            "Make sure of your spelling of  \"NONE\" . \n\n");
 }
 
 TEST(DataDC, ManyOperands) {

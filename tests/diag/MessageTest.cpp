@@ -25,6 +25,8 @@ constexpr Message quotedHead{
 constexpr Message fileLevel{Severity::Error, Head::Prefix, args(), bothLanguages("Nothing."), {}};
 constexpr Message aside =
     Message{Severity::Error, Head::LineBlank, args(), {.ja = "独言", .en = "Aside"}}.uncounted().unlogged();
+constexpr Message withEmptyLine{Severity::Error, Head::Line, args(),
+                                bothLanguages("Up to here\n\nnot shown again")};
 constexpr Message ownHead =
     Message{Severity::Error, Head::Line, args("other"), {.ja = "同じ", .en = "The same"}}.withHead(
         {.ja = "エラー：{line} と {other}： ", .en = "Error : line={line} and {other} "});
@@ -76,9 +78,10 @@ TEST_F(MessageTest, ReplayLeavesOutHeadAndLeadingQuote) {
   object.report<WP, quotedHead>(0, quote(u"A"));
   object.report<WP, aside>(0);
   object.report<WP, ownHead>(1, 7);
+  object.report<WP, withEmptyLine>(0);
   printed();
   log.ReplayLog(platform);
-  EXPECT_EQ(printed(), ": Bad.\nMend it.\nFirst\nThe same\n");
+  EXPECT_EQ(printed(), ": Bad.\nMend it.\n\nFirst\n\nThe same\n\nUp to here\n\n");
 }
 
 TEST_F(MessageTest, OtherFamiliesWordsFallBackByLanguage) {

@@ -164,7 +164,7 @@ TEST(StartEnd, ReplayHoldsTextsWithoutHeadsAndNotTheNumberOfPrograms) {
   source.platform.console.clear();
   source.log.ReplayLog(source.platform);
   EXPECT_EQ(source.platform.console,
-            "A label is found at the left side of the END assembler statement. \nIt is of no use. \n");
+            "A label is found at the left side of the END assembler statement. \nIt is of no use. \n\n");
 }
 
 TEST(StartEnd, NarrowWords) {
