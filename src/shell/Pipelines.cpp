@@ -43,7 +43,7 @@ constexpr std::array kRows{
   StageRow{14, Per::File,    Behind::Test, {"IsAnySrcOutsideSartEndNWCS", "IsAnySrcOutsideSartEndNACS", "IsThereAnySrcOutsideSartEndInMultPrgsCS"}, stage<IsAnySrcOutsideSartEnd<F>>},
   StageRow{15, Per::Program, Behind::Test, {"CkPrgNameNWCS",              "CkPrgNameNACS",              "CkPrgNameN"},                              stage<CkPrgName<F>>},
   StageRow{15, Per::File,    Behind::Test, {"CkPrgNameDoubleNWBD",        "CkPrgNameDoubleNABD",        "CkPrgNameDoubleBD"},                       stage<CkPrgNameDouble<F>>},
-  StageRow{16, Per::File,    Behind::Test, {"OpCkLoopWP",                 "OpCkLoopAP",                 "OpCkLoopNH"},                              stage<OpCkLoop<F>>},
+  StageRow{16, Per::File,    Behind::Test, {"OpCkLoop",                   "OpCkLoop",                   "OpCkLoop"},                                stage<OpCkLoop<F>>},
   StageRow{16, Per::File,    Behind::Test, {"",                           "",                           "CkMaxMrySizeN"},                           stage<CkMaxMrySize<F>>},
   StageRow{17, Per::File,    Behind::Next, {"CkLabelInUseNWBD",           "CkLabelInUseNABD",           "CkLabelInUse"},                            stage<CkLabelInUse<F>>},
   StageRow{17, Per::File,    Behind::Test, {"CkPrgNameInUseNWBD",         "CkPrgNameInUseNABD",         "CkPrgNameInUseBD"},                        stage<CkPrgNameInUse<F>>},

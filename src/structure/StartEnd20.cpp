@@ -77,45 +77,26 @@ constexpr Message moreStart{
              "The number of START and END must be equal. \n"
              "There are {starts} START assembler instructions in {file}. \n"
              "There are {ends} END assembler instructions in {file}. "}}}};
-constexpr std::string_view kFewerStartJa =
-    "(START < END): プログラムが正しく閉じていない。 \n"
-    "START アセンブラ命令の個数と END アセンブラ命令の個数が異なる。 \n"
-    "同数のはずです。\n"
-    "START アセンブラ命令 が ファイル( {file} ) の中に全部で {starts} 個ある。 \n"
-    "END アセンブラ命令 が ファイル( {file} ) の中に全部で {ends} 個ある。 ";
-constexpr Message oneStartMoreEnds{
-    Severity::Error,
-    Head::Bare,
-    args("starts", "ends", "file"),
-    {.ja = kFewerStartJa,
-     .en = "(START < END): The program is not correctly closed.\n"
-           "Mismach between START and END statement. \n"
-           "The number of START and END must be equal. \n"
-           "{starts}START assembler directive is found in {file}. \n"
-           "{ends}END assembler directives are found in {file}. "},
-    {{kNarrow,
-      {.ja = {},
-       .en = "(START < END): The program is not correctly closed.\n"
-             "The number of the START assembler instructions is different from that of the END's. \n"
-             "The number of START and END must be equal. \n"
-             "{starts}START assembler directive is found in {file}. \n"
-             "{ends}END assembler directives are found in {file}. "}}}};
 constexpr Message fewerStart{
     Severity::Error,
     Head::Bare,
-    args("starts", "ends", "file"),
-    {.ja = kFewerStartJa,
+    args("starts", "ends", "file", "directives"),
+    {.ja = "(START < END): プログラムが正しく閉じていない。 \n"
+           "START アセンブラ命令の個数と END アセンブラ命令の個数が異なる。 \n"
+           "同数のはずです。\n"
+           "START アセンブラ命令 が ファイル( {file} ) の中に全部で {starts} 個ある。 \n"
+           "END アセンブラ命令 が ファイル( {file} ) の中に全部で {ends} 個ある。 ",
      .en = "(START < END): The program is not correctly closed.\n"
            "Mismach between START and END statement. \n"
            "The number of START and END must be equal. \n"
-           "{starts}START assembler directives are found in {file}. \n"
+           "{starts}START assembler {directives} found in {file}. \n"
            "{ends}END assembler directives are found in {file}. "},
     {{kNarrow,
       {.ja = {},
        .en = "(START < END): The program is not correctly closed.\n"
              "The number of the START assembler instructions is different from that of the END's. \n"
              "The number of START and END must be equal. \n"
-             "{starts}START assembler directives are found in {file}. \n"
+             "{starts}START assembler {directives} found in {file}. \n"
              "{ends}END assembler directives are found in {file}. "}}}};
 constexpr std::string_view kOutOfOrderNarrow = "START and END are out of order. \nEND should follow START. ";
 constexpr Message startNotBeforeEnd{
@@ -194,11 +175,8 @@ bool checkPairs(Assembly& a, const std::vector<int>& starts, const std::vector<i
     return false;
   }
   if (starts.size() < ends.size()) {
-    if (starts.size() == 1) {
-      a.sh.report<Family, oneStartMoreEnds>(0, starts.size(), ends.size(), a.b.SrcFilename);
-    } else {
-      a.sh.report<Family, fewerStart>(0, starts.size(), ends.size(), a.b.SrcFilename);
-    }
+    a.sh.report<Family, fewerStart>(0, starts.size(), ends.size(), a.b.SrcFilename,
+                                    starts.size() == 1 ? "directive is" : "directives are");
     return false;
   }
   for (std::size_t k = 0; k < starts.size(); ++k) {

@@ -204,7 +204,7 @@ TEST(Pipelines, TheRowsOfWP) {
     if (const std::string_view name = row.names.of(FamilyId::WP); !name.empty()) names.emplace_back(name);
   EXPECT_THAT(names, ElementsAre("editNWB", "StartEnd10NWB", "StartEnd20NW", "StartEndNWCS", "CutCommentsNW",
                                  "IsAnySrcOutsideSartEndNWCS", "CkPrgNameNWCS", "CkPrgNameDoubleNWBD",
-                                 "OpCkLoopWP", "CkLabelInUseNWBD", "CkPrgNameInUseNWBD"));
+                                 "OpCkLoop", "CkLabelInUseNWBD", "CkPrgNameInUseNWBD"));
   for (const char* name : {"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH"})
     EXPECT_NE(findPipeline(name)->stages, nullptr) << name;
 }
