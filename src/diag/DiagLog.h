@@ -20,6 +20,8 @@ struct DiagRec {
 class TDiagLog {
  public:
   void append(DiagRec record) { records_.push_back(std::move(record)); }
+  /// More lines of the last record.
+  void extend(const std::string& text) { records_.back().Text += "\n" + text; }
   /// Prints the text of every record, in order, and an empty line behind each.  Empties nothing.
   void ReplayLog(Platform& console) const;
   void ClearLog() { records_.clear(); }

@@ -86,8 +86,9 @@ struct Message {
   std::array<OtherWords, kMostOthers> others{};
   std::size_t otherCount = 0;
   Words ownHead{};
-  bool counts = true;  ///< raises the tally of its severity
-  bool logs = true;    ///< leaves a record in the log, in a family that writes one
+  bool counts = true;      ///< raises the tally of its severity
+  bool logs = true;        ///< leaves a record in the log, in a family that writes one
+  bool continues = false;  ///< its lines belong to the record of the message in front
 
   consteval Message(Severity s, Head h, ArgNames a, Words w, std::initializer_list<OtherWords> more = {})
       : severity(s), head(h), argNames(a), words(w) {
@@ -112,6 +113,12 @@ struct Message {
   consteval Message uncounted() const {
     Message m = *this;
     m.counts = false;
+    return m;
+  }
+  /// More lines of the message in front, which has been counted.
+  consteval Message continued() const {
+    Message m = uncounted();
+    m.continues = true;
     return m;
   }
   consteval Message unlogged() const {

@@ -12,7 +12,13 @@ void TMsgBase::issue(Catalogue::Entry& entry, FamilyId family, bool writesLog, i
   printed += filled.text;
   printed += '\n';
   console_.print(printed);
-  if (writesLog && row.logs) log_.append({line, row.severity, std::move(filled.text)});
+  if (writesLog && row.logs) {
+    if (row.continues) {
+      log_.extend(filled.text);
+    } else {
+      log_.append({line, row.severity, std::move(filled.text)});
+    }
+  }
   if (!row.counts) return;
   switch (row.severity) {
     case Severity::Error:

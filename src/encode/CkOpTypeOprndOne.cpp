@@ -72,7 +72,7 @@ constexpr Message serviceTakesAddress =
             args("op"),
             {.ja = "命令 {op} はオペランドとしてアドレス名（ラベル）が必要。",
              .en = "SVC takes an address constant(or a label) as an operand. "}}
-        .uncounted();
+        .continued();
 
 // --- the register of POP ---
 constexpr Message noPopRegister{

@@ -20,7 +20,6 @@ constexpr Message textBetween{
       {.ja = {},
        .en = "{quote}: There are some unknown string between programs. \n"
              "It should be deleted. Or a comment mark(;) is expected at the left side. "}}}};
-/// Continues the message above.
 constexpr Message itIsZenKakuSpace =
     Message{Severity::Error,
             Head::None,
@@ -29,7 +28,7 @@ constexpr Message itIsZenKakuSpace =
                    "「全角の空白」文字は、コメントの中を除き、CASL2では使うことができない。 ",
              .en = "It is not a 1-byte space, but a 2-byte one.  \n"
                    "A 2-byte space is not allowed for use in CASL2. "}}
-        .uncounted();
+        .continued();
 
 }  // namespace
 

@@ -159,6 +159,10 @@ TEST(StartEnd, ProgramRecordsAndNumbersOfLines) {
 }
 
 TEST(StartEnd, ReplayHoldsTextsWithoutHeadsAndNotTheNumberOfPrograms) {
+  Source<WP> between("A START\n RET\n END\n　\nB START\n RET\n END");
+  between.run();
+  ASSERT_EQ(between.log.records().size(), 1u);
+  EXPECT_TRUE(between.log.records()[0].Text.ends_with("not allowed for use in CASL2. "));
   Source<WP> source("A START\n RET\n END\n　\nB START\n RET\nE END");
   source.run();
   source.platform.console.clear();
