@@ -81,7 +81,7 @@ void AnalystNW(Assembly& a, const SrcOf<Family>& line, ViewOf<Family> text) {
   if (beginsLikeGR89(text)) a.cs.report<Family, firstIsGR89>(line.Line);
   if (!text.empty() && isDigit(text.front()))
     a.cs.report<Family, firstBeginsWithDigit>(line.Line, plain(text));
-  if (holdsSmall(text)) a.cs.report<Family, firstHoldsSmall>(line.Line, plain(text));
+  if (findSmall(text) != text.npos) a.cs.report<Family, firstHoldsSmall>(line.Line, plain(text));
 }
 
 template <class Family>
@@ -92,7 +92,7 @@ void AnalystIndexReg(Assembly& a, const SrcOf<Family>& line, int n) {
   } else if (!text.empty() && isDigit(text.front())) {
     a.cs.report<Family, indexBeginsWithDigit>(line.Line, plain(text));
   }
-  if (holdsSmall(text)) a.cs.report<Family, indexHoldsSmall>(line.Line, plain(text));
+  if (findSmall(text) != text.npos) a.cs.report<Family, indexHoldsSmall>(line.Line, plain(text));
 }
 
 template <class Family>

@@ -31,12 +31,6 @@ template <class View>
 constexpr bool endsInComma(View s) {
   return !s.empty() && s.back() == ',';
 }
-template <class View>
-constexpr bool holdsSmall(View s) {
-  for (const auto c : s)
-    if (c >= 'a' && c <= 'z') return true;
-  return false;
-}
 
 template <class Char>
 constexpr std::string_view mnemonicOf(const SrcData<Char>& line) {

@@ -17,11 +17,17 @@ constexpr std::basic_string_view<Char> zenKakuSpace() {
     return u"\u3000";
   }
 }
+/// How many elements of a text the character takes that begins with `c`.
+template <class Char>
+constexpr std::size_t sizeOfMozi(Char c) {
+  if constexpr (sizeof(Char) == 1) return isCp932Lead(c) ? 2 : 1;
+  return 1;
+}
 /// Whether a text holds a full-width space.
 template <class Char>
 constexpr bool holdsZenKakuSpace(std::basic_string_view<Char> text) {
   if constexpr (sizeof(Char) == 1) {
-    for (std::size_t i = 0; i < text.size(); i += isCp932Lead(text[i]) ? 2 : 1)
+    for (std::size_t i = 0; i < text.size(); i += sizeOfMozi(text[i]))
       if (text.substr(i).starts_with(zenKakuSpace<Char>())) return true;
     return false;
   } else {
@@ -58,7 +64,10 @@ void CkEnd_LR(Assembly& a);
 /// Index of the first character outside A to Z and 0 to 9; 0 if there is none or it stands at index 0.
 template <class View>
 constexpr int upperCaseTest(View word);
-/// Index of the first letter a to z; 0 if there is none or it stands at index 0.
+/// Index of the first letter a to z, or npos.  The second byte of a full-width character is no letter.
+template <class View>
+constexpr std::size_t findSmall(View word);
+/// The same; 0 if there is none or it stands at index 0.
 template <class View>
 constexpr int lowerCaseTest(View word);
 
@@ -90,10 +99,15 @@ constexpr int upperCaseTest(View word) {
   return 0;
 }
 template <class View>
+constexpr std::size_t findSmall(View word) {
+  for (std::size_t i = 0; i < word.size(); i += sizeOfMozi(word[i]))
+    if (isSmall(word[i])) return i;
+  return View::npos;
+}
+template <class View>
 constexpr int lowerCaseTest(View word) {
-  for (std::size_t i = 0; i < word.size(); ++i)
-    if (isSmall(word[i])) return static_cast<int>(i);
-  return 0;
+  const std::size_t at = findSmall(word);
+  return at == View::npos ? 0 : static_cast<int>(at);
 }
 
 }  // namespace zelvaro

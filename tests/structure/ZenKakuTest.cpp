@@ -73,6 +73,8 @@ TEST(ZenKaku, NarrowTextIsReadCharacterByCharacter) {
   EXPECT_NE(told<AP>("ｱ表", kEnglish, moziInAdrConst<AP>), "");
   EXPECT_TRUE(holdsZenKakuSpace(std::string_view("\x83\x81\x81\x40")));
   EXPECT_FALSE(holdsZenKakuSpace(std::string_view("\x83\x81@")));  // the second byte of a kana and an '@'
+  EXPECT_EQ(lowerCaseTest(std::string_view("A\x82\x6B")), 0);      // a full-width L
+  EXPECT_EQ(lowerCaseTest(std::string_view("\x82\x6Bx")), 2);
   Source<AP> source("");
   EXPECT_EQ(AnalystZenKMozi<AP>(source.cs, "A\x82", 0), 0);
   EXPECT_EQ(AnalystZenKMozi<AP>(source.cs, "A\x82\x20\x82\xA0", 0), 0);
@@ -89,8 +91,7 @@ TEST(ZenKaku, FirstCharacterThatIsNoneOfALabel) {
       "Error :  \"AB_a\" line 1: An invalid character is found in the address constant of  \"AB_a\" .\n");
   Source<WP> ja("", kJapanese);
   EXPECT_EQ(DetNonLabelMoziPos<WP>(ja.cs, 0, u"a", true), 0);
-  EXPECT_EQ(ja.platform.console,
-            "エラー： 1 行目：  \"a\" 1　文字目にアドレス定数で使えない文字がある。\n");
+  EXPECT_EQ(ja.platform.console, "エラー： 1 行目：  \"a\" 1　文字目にアドレス定数で使えない文字がある。\n");
   EXPECT_EQ(ja.cs.ErrorKazu, 1);
 }
 
