@@ -67,8 +67,9 @@ void takeOut(Assembly& a, Lines lines) {
 template <class Family, class Lines>
 void checkLetters(Assembly& a, Lines lines) {
   for (const auto& line : lines) {
-    if (line.LabelStr.empty() || std::ranges::all_of(line.LabelStr.substr(1), isLabelMozi<CharOf<Family>>))
-      continue;
+    if (line.LabelStr.empty()) continue;
+    const std::size_t first = std::min(sizeOfMozi(line.LabelStr.front()), line.LabelStr.size());
+    if (std::ranges::all_of(line.LabelStr.substr(first), isLabelMozi<CharOf<Family>>)) continue;
     a.cs.report<Family, otherCharacter>(line.Line, plain(line.LabelStr));
     AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.LabelStr);
     return;

@@ -58,6 +58,7 @@ TEST(Label, EveryRowInBothLanguages) {
 }
 
 TEST(Label, NarrowWords) {
+  EXPECT_EQ(drawn<AP>("あB NOP", kJapanese), drawn<WP>("あB NOP", kJapanese));
   EXPECT_EQ(drawn<AP>("AB_ NOP"), "Error : line 2: An invalid character is found in the label.\n");
   EXPECT_EQ(drawn<AP>("X NOP\nX NOP").substr(0, 70),
             "Error : line=2 and line=3 Duplication of the same label of X. \nThe lab");
