@@ -13,10 +13,13 @@ constexpr Message emptySource =
             args(),
             {.ja = "アセンブラは準備完了、 ソースコードの記述がない。 ",
              .en = "The source code is empty.  The assembler is ready to go!"},
-            {{kNarrow, {.ja = {}, .en = "The source code is empty.  The assembler is ready to go! "}},
-             {families(FamilyId::NH),
-              {.ja = {}, .en = "The assembler is ready to go! But the source code is empty. "}}}}
+            {{kNarrow, {.ja = {}, .en = "The source code is empty.  The assembler is ready to go! "}}}}
         .withHead({.ja = "エラー：　", .en = "Error: "});
+constexpr Message emptyFixed{Severity::Error,
+                             Head::None,
+                             args(),
+                             {.ja = "アセンブラは準備完了、 ソースコードの記述がない。 ",
+                              .en = "The assembler is ready to go! But the source code is empty. "}};
 
 /// The line without its trailing blanks; two or more leading blanks become one space.
 template <class Char>
@@ -56,7 +59,11 @@ int edit(Assembly& a) {
     line.SrcWork = kIsFixedForm<Family> ? normalisedFixed(store.arena, line.SrcStr)
                                         : normalised(store.arena, line.SrcStr);
   if (!store.lines().empty()) return 0;
-  a.b.report<Family, emptySource>(0);
+  if constexpr (kIsFixedForm<Family>) {
+    a.b.report<Family, emptyFixed>(0);
+  } else {
+    a.b.report<Family, emptySource>(0);
+  }
   return -1;
 }
 

@@ -60,6 +60,9 @@ TEST(Edit, EmptySource) {
     Source<AP> narrow(text);
     edit<AP>(narrow.a);
     EXPECT_EQ(narrow.platform.console, "Error: The source code is empty.  The assembler is ready to go! \n");
+    Source<NH> fixed(text);
+    edit<NH>(fixed.a);
+    EXPECT_EQ(fixed.platform.console, "The assembler is ready to go! But the source code is empty. \n");
   }
 }
 
