@@ -12,6 +12,7 @@
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "platform/Memory.h"
@@ -21,29 +22,41 @@ namespace {
 
 constexpr const char* kNoRegularFile = "Not a regular file";
 
-/// Opens a regular file for reading, never waiting for the other end of a pipe.  -1 with the reason.
-int openRegular(const std::string& path, struct stat& status, FileFailure* failure) {
+/// A descriptor that is closed with this.
+class Descriptor {
+ public:
+  explicit Descriptor(int fd) : fd_(fd) {}
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+
+  bool isOpen() const { return fd_ >= 0; }
+  int get() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+/// Opens a regular file for reading, never waiting for the other end of a pipe.  None with the reason.
+Descriptor openRegular(const std::string& path, struct stat& status, FileFailure* failure) {
   if (path.find('\0') != std::string::npos) {
     tell(failure, wordsOf(EINVAL));
-    return -1;
+    return Descriptor(-1);
   }
-  const int fd =
-      uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); });
-  if (fd < 0) {
-    tell(failure, wordsOf(errno));
-    return -1;
-  }
-  if (::fstat(fd, &status) != 0) {
+  Descriptor file(
+      uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
+  if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
     tell(failure, wordsOf(errno));
   } else if (S_ISDIR(status.st_mode)) {
     tell(failure, wordsOf(EISDIR));
   } else if (!S_ISREG(status.st_mode)) {
     tell(failure, kNoRegularFile);
   } else {
-    return fd;
+    return file;
   }
-  ::close(fd);
-  return -1;
+  return Descriptor(-1);
 }
 
 /// Reads to the end of the file, whatever size it had when it was opened.  0 or an errno.
@@ -67,25 +80,31 @@ class LargeMemory {
  public:
   static std::shared_ptr<LargeMemory> allocate(std::size_t size) {
     constexpr std::size_t kLargePage = std::size_t{2} << 20;
+    auto owner = std::make_shared<LargeMemory>();
     const std::size_t length = (size / kLargePage + 2) * kLargePage;
     void* base = ::mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (base == MAP_FAILED) return nullptr;
+    owner->base_ = base;
+    owner->length_ = length;
     void* aligned = base;
     std::size_t room = length;
     std::align(kLargePage, length - kLargePage, aligned, room);
     preferLargePages(aligned, length - kLargePage);
-    return std::make_shared<LargeMemory>(base, length, static_cast<char*>(aligned));
+    owner->bytes = static_cast<char*>(aligned);
+    return owner;
   }
-  LargeMemory(void* base, std::size_t length, char* aligned) : bytes(aligned), base_(base), length_(length) {}
-  ~LargeMemory() { ::munmap(base_, length_); }
+  LargeMemory() = default;
+  ~LargeMemory() {
+    if (base_ != nullptr) ::munmap(base_, length_);
+  }
   LargeMemory(const LargeMemory&) = delete;
   LargeMemory& operator=(const LargeMemory&) = delete;
 
-  char* const bytes;
+  char* bytes = nullptr;
 
  private:
-  void* base_;
-  std::size_t length_;
+  void* base_ = nullptr;
+  std::size_t length_ = 0;
 };
 
 /// Reads up to `size` bytes; how many there were, or nothing with errno set.
@@ -112,26 +131,22 @@ void tell(FileFailure* failure, std::string reason) {
 
 bool canRead(const std::string& path) {
   struct stat status {};
-  const int fd = openRegular(path, status, nullptr);
-  if (fd < 0) return false;
-  ::close(fd);
-  return true;
+  return openRegular(path, status, nullptr).isOpen();
 }
 
 std::optional<std::string> readFile(const std::string& path, FileFailure* failure) {
   struct stat status {};
-  const int fd = openRegular(path, status, failure);
-  if (fd < 0) return std::nullopt;
+  const Descriptor file = openRegular(path, status, failure);
+  if (!file.isOpen()) return std::nullopt;
   std::string bytes;
   int error = 0;
   try {
-    error = readToEnd(fd, static_cast<std::size_t>(status.st_size), bytes);
+    error = readToEnd(file.get(), static_cast<std::size_t>(status.st_size), bytes);
   } catch (const std::bad_alloc&) {
     error = ENOMEM;
   } catch (const std::length_error&) {
     error = EFBIG;
   }
-  ::close(fd);
   if (error != 0) {
     tell(failure, wordsOf(error));
     return std::nullopt;
@@ -142,13 +157,12 @@ std::optional<std::string> readFile(const std::string& path, FileFailure* failur
 /// A file that grows while it is read is taken as long as it was when it was opened.
 std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) {
   struct stat status {};
-  const int fd = openRegular(path, status, failure);
-  if (fd < 0) return std::nullopt;
+  const Descriptor file = openRegular(path, status, failure);
+  if (!file.isOpen()) return std::nullopt;
   const auto size = static_cast<std::size_t>(status.st_size);
   const auto memory = LargeMemory::allocate(size);
-  const auto have = memory ? readUpTo(fd, memory->bytes, size) : std::nullopt;
+  const auto have = memory ? readUpTo(file.get(), memory->bytes, size) : std::nullopt;
   const int error = memory ? errno : ENOMEM;
-  ::close(fd);
   if (!have) {
     tell(failure, wordsOf(error));
     return std::nullopt;
@@ -166,7 +180,10 @@ std::optional<std::string> folderListing(const std::string& path, FileFailure* f
     tell(failure, wordsOf(EINVAL));
     return std::nullopt;
   }
-  DIR* folder = ::opendir(path.empty() ? "." : path.c_str());
+  struct Close {
+    void operator()(DIR* opened) const { ::closedir(opened); }
+  };
+  const std::unique_ptr<DIR, Close> folder(::opendir(path.empty() ? "." : path.c_str()));
   if (folder == nullptr) {
     const int error = errno;
     if (error == ENOTDIR && exists(path)) return path + "\n";
@@ -174,14 +191,14 @@ std::optional<std::string> folderListing(const std::string& path, FileFailure* f
     return std::nullopt;
   }
   std::vector<std::string> names;
-  while (const dirent* entry = ::readdir(folder)) {
+  while (const dirent* entry = ::readdir(folder.get())) {
     std::string name = entry->d_name;
     if (name == "." || name == "..") continue;
     struct stat status {};
-    if (::fstatat(::dirfd(folder), entry->d_name, &status, 0) == 0 && S_ISDIR(status.st_mode)) name += '/';
+    if (::fstatat(::dirfd(folder.get()), entry->d_name, &status, 0) == 0 && S_ISDIR(status.st_mode))
+      name += '/';
     names.push_back(std::move(name));
   }
-  ::closedir(folder);
   std::sort(names.begin(), names.end());
   std::string listing;
   for (const std::string& name : names) listing += name + "\n";

@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <iterator>
+
 #include "faults/RealDialogue.h"
 
 namespace zelvaro::test {
@@ -68,11 +71,17 @@ bool isTold(const std::string& console) {
   return false;
 }
 
+std::ptrdiff_t openDescriptors() {
+  namespace fs = std::filesystem;
+  return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+}
+
 TEST_P(MemoryFaults, ALackEndsARunOrTheProgramButNothingElse) {
   const Files files = before();
   const Outcome faultless = play(files, kTyped);
   ASSERT_EQ(faultless.status, 0);
   ASSERT_GT(faultless.allocations, 50);
+  const std::ptrdiff_t descriptors = openDescriptors();
   for (const Lack lack : {Lack::Passes, Lack::Lasts}) {
     long backAtTheMenu = 0;
     for (long at = 1; at <= faultless.allocations; ++at) {
@@ -86,6 +95,7 @@ TEST_P(MemoryFaults, ALackEndsARunOrTheProgramButNothingElse) {
     }
     EXPECT_TRUE(backAtTheMenu > 0 || lack == Lack::Lasts);
   }
+  EXPECT_EQ(openDescriptors(), descriptors);
   EXPECT_EQ(play(files, kTyped).console, faultless.console) << "nothing is left over";
 }
 
