@@ -5,18 +5,19 @@
 #include <algorithm>
 
 #include "comet2/GuardWords.h"
-#include "comet2/Say.h"
+#include "diag/Say.h"
 
 namespace zelvaro {
 
+namespace {
+
+/// The low 16 bits in upper-case hexadecimal: four digits, and without filling.
 std::string hex4(std::int32_t word) {
   return fmt::format("{:04X}", unsignedWord(word));
 }
 std::string hex(std::int32_t number) {
   return fmt::format("{:X}", static_cast<std::uint32_t>(number));
 }
-
-namespace {
 
 constexpr bool isFixedForm(FamilyId family) {
   return family == FamilyId::NH;

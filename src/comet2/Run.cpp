@@ -4,7 +4,7 @@
 
 #include "comet2/Guards.h"
 #include "comet2/RunLoop.h"
-#include "comet2/Say.h"
+#include "diag/Say.h"
 
 namespace zelvaro {
 namespace {

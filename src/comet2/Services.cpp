@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "MoziCode/Utf.h"
-#include "comet2/Say.h"
 #include "diag/Family.h"
+#include "diag/Say.h"
 
 namespace zelvaro {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "diag/Say.h"
+
 namespace zelvaro {
 namespace {
 
@@ -33,7 +35,8 @@ void openHelpFile(TSession& s, int lang) {
     s.platform.editFile(s.editorData.Command, path, english);
     return;
   }
-  s.platform.print(fillText(noHelp, FamilyId::WP, lang, {help, guide}) + "\n");
+  say<WP, noHelp>(s.platform, lang, help, guide);
+  s.platform.print("\n");
 }
 
 }  // namespace zelvaro

@@ -8,6 +8,8 @@
 
 #include "shell/Prompt.h"
 
+#include "diag/Say.h"
+
 namespace zelvaro {
 namespace {
 
@@ -44,9 +46,12 @@ constexpr Message doesNotWrite{
     {.ja = "設定ファイル {path} に書き込めません： {reason}\n今の設定は保存されません。",
      .en = "The settings file {path} cannot be written: {reason}\nThe present settings are not saved."}};
 
-void tell(TSession& s, const Message& row, std::initializer_list<MsgArg> values) {
-  for (const int lang : {kJapanese, kEnglish})
-    s.platform.print(fillText(row, FamilyId::WP, lang, values) + "\n");
+template <const Message& Row, class... Arg>
+void tell(TSession& s, const Arg&... arg) {
+  for (const int lang : {kJapanese, kEnglish}) {
+    say<WP, Row>(s.platform, lang, arg...);
+    s.platform.print("\n");
+  }
 }
 
 /// A value of the file.  One with a control character would break its line: `otherwise` stands for it.
@@ -129,16 +134,16 @@ void writeTree(TSession& s, const std::string& path, const Tree& tree) {
     if (file->commit()) return;
     failure.reason = file->reason();
   }
-  tell(s, doesNotWrite, {path, failure.reason});
+  tell<doesNotWrite>(s, path, failure.reason);
 }
 
 /// Puts a file that cannot be used aside, so that a default one can take its place.
 void keepAside(TSession& s, const std::string& path) {
   if (!s.platform.renameFile(path, path + ".bak")) {
-    tell(s, leftAlone, {path});
+    tell<leftAlone>(s, path);
     return;
   }
-  tell(s, keptAside, {path});
+  tell<keptAside>(s, path);
   WriteDefaultIni(s, path);
 }
 
@@ -147,7 +152,7 @@ Tree readTree(TSession& s, const std::string& path) {
   FileFailure failure;
   const std::optional<std::string> bytes = s.platform.readFile(path, &failure);
   if (!bytes) {
-    tell(s, doesNotOpen, {path, failure.reason});
+    tell<doesNotOpen>(s, path, failure.reason);
     keepAside(s, path);
     return defaultTree(s);
   }
@@ -158,7 +163,7 @@ Tree readTree(TSession& s, const std::string& path) {
     boost::property_tree::read_ini(text, tree);
     return tree;
   } catch (const boost::property_tree::ini_parser_error& e) {
-    tell(s, doesNotParse, {path, e.line(), e.message()});
+    tell<doesNotParse>(s, path, e.line(), e.message());
   }
   keepAside(s, path);
   return defaultTree(s);

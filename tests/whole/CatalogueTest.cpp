@@ -1,14 +1,24 @@
-// Every row of the catalogue, in both languages and for every family: its holes fill, and nothing of them is left.
+// Every row of the catalogue: its words in both languages and for every family, and that it is issued in each
+// language, by a case of the golden files or, where no source reaches it, by its stage alone.
 #include <fmt/args.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+#include <memory>
 #include <set>
 
-#include "diag/Message.h"
-#include "whole/Dialogue.h"
+#include "data/DC.h"
+#include "encode/AdrConst.h"
+#include "link/Link.h"
+#include "macro/Macro.h"
+#include "structure/Structure.h"
+#include "structure/ZenKaku.h"
+#include "support/SourceLines.h"
+#include "whole/Transcript.h"
 
-namespace zelvaro {
+namespace zelvaro::test {
 namespace {
 
 constexpr FamilyId kFamilies[] = {FamilyId::WP, FamilyId::NWW, FamilyId::AP, FamilyId::NA, FamilyId::NH};
@@ -21,12 +31,21 @@ std::string filled(const Message& row, std::string_view text) {
   return fmt::vformat(text, values);
 }
 
+/// Every row, and the languages in which it has been issued in this process.
+std::map<const Message*, std::set<int>> catalogue() {
+  std::map<const Message*, std::set<int>> rows;
+  for (const Catalogue::Entry* e = Catalogue::first(); e != nullptr; e = e->next) {
+    std::set<int>& languages = rows[e->row];
+    if (e->fired[kJapanese]) languages.insert(kJapanese);
+    if (e->fired[kEnglish]) languages.insert(kEnglish);
+  }
+  return rows;
+}
+
 TEST(Catalogue, EveryRowPrintsInBothLanguagesForEveryFamily) {
-  test::Dialogue().run({});  // links the whole program, and with it every row
-  std::set<const Message*> rows;
-  for (const Catalogue::Entry* e = Catalogue::first(); e != nullptr; e = e->next) rows.insert(e->row);
-  EXPECT_GT(rows.size(), 200u);
-  for (const Message* row : rows) {
+  Dialogue().run({});  // links the whole program, and with it every row
+  EXPECT_GT(catalogue().size(), 200u);
+  for (const auto& [row, languages] : catalogue()) {
     std::set<std::string_view> names;
     for (std::size_t i = 0; i < row->argNames.count; ++i)
       EXPECT_TRUE(names.insert(row->argNames.name[i]).second) << row->words.en;
@@ -42,5 +61,92 @@ TEST(Catalogue, EveryRowPrintsInBothLanguagesForEveryFamily) {
   }
 }
 
+/// Hands a line of a program to a stage, in every family.
+template <class Stage>
+void onLine(const std::string& text, int lang, Stage stage) {
+  const auto in = [&]<class Family>(Family) {
+    SourceLines<Family> s(text + "\n END\n", lang);
+    stage(s, s.line(s.line(0).LabelStr.empty() ? 0 : 1));
+  };
+  in(WP{});
+  in(NWW{});
+  in(AP{});
+  in(NA{});
+  in(NH{});
+}
+
+/// A row that no source and no dialogue reaches, since another check comes first: its stage issues it when
+/// it is handed what that check would have refused.
+struct Guard {
+  std::string_view why;
+  void (*issue)(int lang);
+};
+
+#define ON_LINE(text, call)                                                                        \
+  [](int lang) {                                                                                   \
+    onLine(text, lang, []<class F>(SourceLines<F>& s, [[maybe_unused]] SrcOf<F>& line) { call; }); \
+  }
+constexpr Guard kGuards[] = {
+    {"the opcode check knows every line that has an opcode", ON_LINE("A START\n QUUX", AdrCk53<F>(s.a, 0))},
+    {"the dispatch sends IN and OUT only", ON_LINE("A START\n LD A,B", macro2<F>(s.a, line))},
+    {"the dispatch sends RPUSH and RPOP only", ON_LINE("A START\n LD A,B", macroR2<F>(s.a, line))},
+    {"address3_ck tells the missing operand", ON_LINE("A START\n IN", InOut1<F>(s.a, line))},
+    {"the encoders of one operand ask for it", ON_LINE("A START\n JUMP", CkAdrOperand<F>(s.a, line, 1))},
+    {"no address is a third operand", ON_LINE("A START\n LD", CkAdrOperand<F>(s.a, line, 3))},
+    {"OprndAtDCtoChH refuses a constant without characters",
+     ON_LINE("A START\n DC ''", (TakeOutOprndsAtDC10<F>(s.a, line), SetMryInAtDC<F>(s.a, 0)))},
+    {"CkLiteral15 looks at the digits of a literal",
+     ON_LINE("A START\n LD", CkHexConstG<F>(s.cs, 0, 0, s.keep("#12G4")))},
+    {"CkLiteral15 counts the digits of a literal",
+     ON_LINE("A START\n LD", CkHexConstG<F>(s.cs, 0, 0, s.keep("#12345")))},
+    {"StartEnd refuses a START without a label", ON_LINE(" START", CkPrgName<F>(s.a, 0))},
+    {"looked for where the letters END stand nowhere", ON_LINE("A START\nEND　", DetENDatZenKakuSpace<F>(s.a))},
+    {"the same, in front", ON_LINE("A START\n　END", DetENDatZenKakuSpace<F>(s.a))},
+    {"CkAdrConst22 tells it in a row of its own",
+     ON_LINE("A START\n LD", DetNonLabelMoziPos<F>(s.cs, 0, s.keep("A_B"), true))},
+    {"CkMaxMrySize refuses the file",
+     [](int lang) {
+       SourceLines<NH> s("A START\n DS 3500\n END\n", lang);
+       s.line(1).word_kazu = MaxMemory + 1;
+       Link31<NH>(s.a, *std::make_unique<Tcomet2>());
+     }},
+};
+#undef ON_LINE
+
+auto rowsNotIssued(int lang) {
+  return std::ranges::count_if(catalogue(), [lang](const auto& e) { return !e.second.contains(lang); });
+}
+
+/// The words of all these cases are compared by the tests of their files.
+void playGoldenFiles() {
+  for (const std::string& path : goldenFiles("diagnostics", ".golden")) {
+    GoldenFile file = readGolden(path);
+    for (GoldenCase& c : file.cases) {
+      std::string pipeline = c.has("pipeline") ? c.blocks["pipeline"] : "WP\n";
+      pipeline.pop_back();
+      for (const int lang : {kJapanese, kEnglish}) assemble(c.blocks["source"], lang, pipeline);
+    }
+  }
+  for (const std::string& path : goldenFiles("transcripts", ".transcript")) {
+    const GoldenFile file = readGolden(path);
+    for (const GoldenCase& c : file.cases) play(c);
+  }
+}
+
+TEST(Catalogue, EveryRowIsIssuedInEachLanguage) {
+  playGoldenFiles();
+  for (const int lang : {kJapanese, kEnglish}) {
+    // too long for a file of cases; its words are compared in source/OpenFileChHTest.cpp
+    assemble("A START\n" + std::string(310, '\n') + " END\n", lang, "NH");
+    for (const Guard& g : kGuards) {
+      const auto before = rowsNotIssued(lang);
+      g.issue(lang);
+      EXPECT_LT(rowsNotIssued(lang), before) << "no row of its own: " << g.why;
+    }
+    for (const auto& [row, languages] : catalogue())
+      EXPECT_TRUE(languages.contains(lang)) << "language " << lang << ": " << row->words.en;
+  }
+}
+
 }  // namespace
-}  // namespace zelvaro
+}  // namespace zelvaro::test

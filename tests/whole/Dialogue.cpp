@@ -89,7 +89,8 @@ Findings assemble(std::string_view source, int lang, std::string_view pipeline) 
   out.text = shown.substr(from, line - from);
   out.rest = shown.substr(shown.find('\n', line) + 1);
   out.tallies = d.platform.tallies;
-  if (out.tallies[0] > 0 && out.text.ends_with(d.platform.logText)) {
+  const bool replays = findPipeline(pipeline)->keepsLog && out.tallies[0] > 0;
+  if (replays && out.text.ends_with(d.platform.logText)) {
     out.replayed = true;
     out.text.resize(out.text.size() - d.platform.logText.size());
   }

@@ -37,6 +37,7 @@ constexpr Difference kDifferences[] = {
     {"a register with a comma as an address", "NH ", {1, 0, 0, 0}, "only DC and DS stand behind the RET"},
     {"DS 5 TEXT", "NH ", {0, 0, 0, 1}, "a Memo tells that the text is a comment"},
     {"DS 65035", "NH ", {2, 0, 0, 0}, "the limit of the DC and DS words, and that of all"},
+    {"two programs of 40000 words", "NH ", {2, 0, 0, 0}, "the same, of the first program"},
     {"a label alone", "NH ", {0, 0, 2, 0}, "a label may stand alone"},
     {"a comment glued to a label", "NH ", {0, 0, 2, 0}, "the same"},
     {"RPUSH;", "NH ", {1, 0, 0, 0}, "more than 5 characters are refused at once"},
