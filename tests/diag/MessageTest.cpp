@@ -1,6 +1,7 @@
 // The catalogue's rows: heads, holes, log, tallies, other families' words.
 #include <gtest/gtest.h>
 
+#include "diag/Heads.h"
 #include "diag/Message.h"
 #include "diag/MsgBase.h"
 #include "diag/Quote.h"
@@ -61,6 +62,27 @@ TEST_F(MessageTest, HeadsByShapeAndLanguage) {
   EXPECT_EQ(printed(), "エラー： 5 行目： 9 文字ある。\n");
   object.report<WP, quotedHead>(0, quote(u"あ"));
   EXPECT_EQ(printed(), "注意：  \"あ\" 1 行目： \n第一\n");
+}
+
+TEST(Heads, BySeverityAndLanguage) {
+  struct Case {
+    Severity severity;
+    std::string_view headEn, headJa, prefixEn, prefixJa;
+  };
+  for (const Case& c : {Case{Severity::Error, "Error : ", "エラー： ", "Error: ", "エラー： "},
+                        Case{Severity::Warning, "Warning : ", "警告： ", "Warning: ", "警告： "},
+                        Case{Severity::Note, "Note : ", "注意： ", "Note: ", "注意： "},
+                        Case{Severity::Memo, "Note : ", "メモ： ", "Memo: ", "メモ； "},
+                        Case{Severity::Plain, "", "", "", ""}}) {
+    EXPECT_EQ(severityHead(c.severity, kEnglish), c.headEn);
+    EXPECT_EQ(severityHead(c.severity, kJapanese), c.headJa);
+    EXPECT_EQ(logPrefix(c.severity, kEnglish), c.prefixEn);
+    EXPECT_EQ(logPrefix(c.severity, kJapanese), c.prefixJa);
+  }
+}
+
+TEST(Ordinal, HasItsOwnEndingUpToThree) {
+  EXPECT_EQ(ordinal(1) + ordinal(2) + ordinal(3) + ordinal(4) + ordinal(11), "1st2nd3rd4th11th");
 }
 
 TEST_F(MessageTest, CountsBySeverityUnlessTheRowSaysNo) {
