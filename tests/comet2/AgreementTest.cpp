@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <random>
+#include <vector>
 
 #include "SlowMachine.h"
 #include "comet2/RunLoop.h"
+#include "encode/Instructions.h"
 #include "support/ScriptedPlatform.h"
 
 namespace zelvaro {
@@ -148,39 +150,132 @@ bool sameCells(Cells& a, Cells& b) {
   return std::equal(a.begin(), a.end(), b.begin());
 }
 
-/// Runs one image on both and returns how many instructions that were.
-std::int64_t compare(unsigned seed) {
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  RandomImage image(seed);
-  Tcomet2 m = image.machine();
-  const int PrgEndAdr = image.below(120);
-  const int limit = image.oneIn(5) ? MaxMemory : tMaxMemory;
-  test::ScriptedPlatform slowPlatform, platform;
+/// A run of the loop: what it leaves behind.
+struct Run {
+  Tcomet2 m;
+  test::ScriptedPlatform platform;
+  SilentWatch watch;
+
+  Run(const Tcomet2& machine, int PrgEndAdr, int limit) : m(machine), watch(PrgEndAdr, limit) {
+    typeSomething(platform);
+  }
+  void expectSame(SlowMachine& slow, const std::string& slowConsole) {
+    EXPECT_EQ(m.PR, slow.m.PR);
+    EXPECT_EQ(m.SP, slow.m.SP);
+    EXPECT_EQ(m.OS, slow.m.OS);
+    EXPECT_EQ(m.EffAdr, slow.m.EffAdr);
+    EXPECT_EQ(m.GR, slow.m.GR);
+    EXPECT_EQ(std::tie(m.Fovf, m.Fsign, m.Fzero), std::tie(slow.m.Fovf, slow.m.Fsign, slow.m.Fzero));
+    EXPECT_EQ(m.StackArea, slow.m.StackArea);
+    EXPECT_EQ(watch.warnings, slow.warnings);
+    EXPECT_EQ(platform.console, slowConsole);
+    EXPECT_TRUE(sameCells(m.Memory, slow.m.Memory));
+    EXPECT_TRUE(sameCells(m.ExecCount, slow.m.ExecCount));
+  }
+};
+
+/// Runs one image on both, for at most `cap` instructions, and returns how many these were.  One that ends
+/// sooner is run once more by the loop that counts no steps.
+std::int64_t compare(const Tcomet2& m, int PrgEndAdr, int limit, std::int64_t cap) {
+  test::ScriptedPlatform slowPlatform;
   typeSomething(slowPlatform);
-  typeSomething(platform);
   SlowMachine slow(m, slowPlatform, limit, PrgEndAdr);
-
-  const std::int64_t cap = 1 + image.below(1500);
+  Run stepped(m, PrgEndAdr, limit);
   std::int64_t left = cap;
-  SilentWatch watch(PrgEndAdr, limit);
-  const Stop stop = runLoop(m, platform, watch, limit, left);
+  const Stop stop = runLoop(stepped.m, stepped.platform, stepped.watch, limit, left);
   const Stop slowStop = slow.run(stop == Stop::Steps ? cap - left : cap + 3);
-
   EXPECT_EQ(stop, slowStop) << "word " << std::hex
                             << slow.m.Memory[static_cast<std::size_t>(slow.m.PR & 0xFFFF)];
   EXPECT_EQ(cap - left, slow.executed);
-  EXPECT_EQ(m.PR, slow.m.PR);
-  EXPECT_EQ(m.SP, slow.m.SP);
-  EXPECT_EQ(m.OS, slow.m.OS);
-  EXPECT_EQ(m.EffAdr, slow.m.EffAdr);
-  EXPECT_EQ(m.GR, slow.m.GR);
-  EXPECT_EQ(std::tie(m.Fovf, m.Fsign, m.Fzero), std::tie(slow.m.Fovf, slow.m.Fsign, slow.m.Fzero));
-  EXPECT_EQ(m.StackArea, slow.m.StackArea);
-  EXPECT_EQ(watch.warnings, slow.warnings);
-  EXPECT_EQ(platform.console, slowPlatform.console);
-  EXPECT_TRUE(sameCells(m.Memory, slow.m.Memory));
-  EXPECT_TRUE(sameCells(m.ExecCount, slow.m.ExecCount));
+  stepped.expectSame(slow, slowPlatform.console);
+  if (stop == slowStop && stop != Stop::Steps) {
+    Run whole(m, PrgEndAdr, limit);
+    EXPECT_EQ(runLoop(whole.m, whole.platform, whole.watch, limit), slowStop);
+    whole.expectSame(slow, slowPlatform.console);
+  }
   return slow.executed;
+}
+
+std::int64_t compareRandom(unsigned seed) {
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  RandomImage image(seed);
+  const Tcomet2 m = image.machine();
+  const int PrgEndAdr = image.below(120);
+  const int limit = image.oneIn(5) ? MaxMemory : tMaxMemory;
+  return compare(m, PrgEndAdr, limit, 1 + image.below(1500));
+}
+
+enum class Kind { Direct, Indexed, Register, Plain };
+struct Part {
+  Op op;
+  Kind kind;
+};
+using Parts = std::vector<Part>;
+
+/// The instructions that each handler of the loop does.
+const Parts kHandlerParts[] = {
+#define ZELVARO_STOP(name)
+#define ZELVARO_SINGLE(m, kind) {{Op::m, Kind::kind}},
+#define ZELVARO_FUSED2(a, ka, b, kb) {{Op::a, Kind::ka}, {Op::b, Kind::kb}},
+#define ZELVARO_FUSED3(a, ka, b, kb, c, kc) {{Op::a, Kind::ka}, {Op::b, Kind::kb}, {Op::c, Kind::kc}},
+#include "comet2/Handlers.inc"
+};
+
+/// What a handler meets: GR1 is 1, and its operands are GR2 and the cell at `address` + GR3.
+struct Circumstances {
+  int operand;  ///< in GR2 and in the cell at `address`
+  int sign;     ///< of the last result
+  int address = 60;
+  int index = 0;  ///< in GR3
+};
+constexpr Circumstances kCircumstances[] = {
+    // the operand is below, the same, above, above but negative
+    {0, -1},
+    {1, 0},
+    {2, 1},
+    {0xFFFF, 1},
+    // a store changes the code
+    {3, -1, 1},
+    {3, 0, 2},
+    {0x8000, 1, 3},
+    // round the limit, and behind the end of the address space
+    {3, 0, 65000},
+    {3, 1, 65001},
+    {3, -1, 60, 64940},
+    {3, 0, 60, 64941},
+    {3, 1, 60, 65480},
+};
+
+Tcomet2 machineWith(const Parts& parts, const Circumstances& c) {
+  Tcomet2 m;
+  std::size_t at = 0;
+  for (const Part& p : parts) {
+    const Instruction& row = instruction(p.op);
+    const int x = p.kind == Kind::Register ? 2 : p.kind == Kind::Indexed ? 3 : 0;
+    m.Memory[at++] = (p.kind == Kind::Register ? row.regCode : row.adrCode) << 8 | 1 << 4 | x;
+    if (p.kind == Kind::Direct || p.kind == Kind::Indexed) m.Memory[at++] = c.address;
+  }
+  m.Memory[at] = 0x8100;
+  if (c.address > 3) m.Memory[static_cast<std::size_t>(c.address)] = c.operand;
+  m.GR[1] = 1;
+  m.GR[2] = c.operand;
+  m.GR[3] = c.index;
+  m.Fsign = c.sign < 0;
+  m.Fzero = c.sign == 0;
+  m.Fovf = c.sign > 0;
+  return m;
+}
+
+TEST(Agreement, EveryHandlerWhereverItIsCutOff) {
+  for (const Parts& parts : kHandlerParts) {
+    for (const Circumstances& c : kCircumstances) {
+      const Tcomet2 m = machineWith(parts, c);
+      SCOPED_TRACE(testing::Message() << std::hex << "words " << m.Memory[0] << " " << m.Memory[1] << " "
+                                      << m.Memory[2] << " operand " << c.operand << " address " << c.address);
+      for (const int steps : {1, 2, 3, 20}) compare(m, 10, tMaxMemory, steps);
+      if (::testing::Test::HasFailure()) return;
+    }
+  }
 }
 
 constexpr unsigned kFewestImages = 1500;
@@ -192,7 +287,7 @@ TEST(Agreement, RandomImagesThatChangeThemselves) {
   std::int64_t executed = 0;
   unsigned seed = 1;
   while ((executed < wanted || seed <= kFewestImages) && !::testing::Test::HasFailure())
-    executed += compare(seed++);
+    executed += compareRandom(seed++);
   RecordProperty("images", static_cast<int>(seed - 1));
   EXPECT_GE(executed, wanted) << "stopped at seed " << seed - 1;
 }
