@@ -1,6 +1,5 @@
 // The fixed form keeps its data behind the code: how many DC and DS lines a program may have, and that
 // nothing else stands behind its last instruction.
-// Tested by tests/whole/FixedFormTest.cpp.
 #include "data/Data.h"
 #include "source/FixedForm.h"
 

@@ -1,5 +1,4 @@
 // Explanations for what a learner is likely to have meant as a register: GR8, a number, small letters.
-// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,4 @@
 // The first operand of the instructions: a register, an address, or the register of POP.
-// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,4 @@
 // The refusal of the form r1,r2, shared by the instructions that only take an address.
-// Tested by tests/encode/EncodersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 

@@ -3,7 +3,6 @@
 //
 // An encoder stops where CkOpTypeOprndOne* gives a value above 0.  That value is the tally of `cs`, not a
 // count for the line, so behind the first Error of a program every line is checked up to its first operand.
-// Tested by tests/encode/EncodersTest.cpp.
 #include "encode/Encoders.h"
 
 namespace zelvaro {

@@ -1,5 +1,4 @@
 // A first operand that is exactly a register, and the comma behind it.
-// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 

@@ -1,5 +1,4 @@
 // A missing operand: each mnemonic asks for it in words of its own.
-// Tested by tests/encode/EncodersTest.cpp.
 #include "encode/Encoders.h"
 
 namespace zelvaro {

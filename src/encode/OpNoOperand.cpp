@@ -1,5 +1,4 @@
 // An operand on an instruction that takes none.
-// Tested by tests/statements/OpcodeTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encode.h"
 

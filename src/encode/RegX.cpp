@@ -1,5 +1,4 @@
 // The optional index register, which is also the check that a line ends where it should.
-// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,4 @@
 // The second register of the form r1,r2 and what stands behind it.
-// Tested by tests/encode/RegistersTest.cpp.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,4 @@
 // CkMaxMemory: whether a program of the fixed form fits into its memory.
-// Tested by tests/whole/FixedFormTest.cpp.
 #include "link/Layout.h"
 #include "link/Link.h"
 

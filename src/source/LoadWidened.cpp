@@ -1,5 +1,4 @@
 // The load of pipeline NaW: the narrow loader, and its lines as wide text.
-// Tested by tests/source/LoadTest.cpp.
 #include "MoziCode/Cp932.h"
 #include "source/Load.h"
 

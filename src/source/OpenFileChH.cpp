@@ -1,5 +1,4 @@
 // The loader of the fixed form.  It measures a line in the bytes of its CP932 text, without the line end.
-// Tested by tests/source/OpenFileChHTest.cpp.
 #include "MoziCode/Cp932.h"
 #include "source/FixedForm.h"
 #include "source/NarrowText.h"

@@ -1,6 +1,5 @@
 // Opcode recognition.  An opcode matches exactly or not at all; what a learner gets wrong is explained,
 // never repaired.  The first unknown opcode of a program ends the walk.
-// Tested by tests/statements/OpcodeTest.cpp.
 #include <algorithm>
 #include <array>
 

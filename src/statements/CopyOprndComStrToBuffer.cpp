@@ -1,6 +1,5 @@
 // The operand buffers come into being: 0 with the cleaned operand text, as far as the family reads it, 1 to
 // 4 without text.
-// Tested by tests/statements/ExtractionTest.cpp.
 #include "statements/Statements.h"
 
 namespace zelvaro {

@@ -1,5 +1,4 @@
 // Completes the operand fields of a line as its opcode asks for it, behind the extraction.
-// Tested by tests/statements/ExtractionTest.cpp.
 #include "data/Data.h"
 #include "statements/Statements.h"
 

@@ -1,6 +1,5 @@
 // The dispatch: every line goes to the handler of its opcode.  A handler reports its own faults, and the walk
 // goes on with the next line whatever it found.
-// Tested by tests/statements/OpcodeTest.cpp.
 #include "data/Data.h"
 #include "macro/Macro.h"
 #include "statements/Statements.h"

@@ -1,6 +1,5 @@
 // The spine of the assembler: for each program a fixed row of stages, each over all lines of the program.
 // The first fault of an early stage hides those of later stages and of later programs.
-// Tested by tests/statements/OpCkLoopTest.cpp.
 #include <array>
 #include <type_traits>
 

@@ -4,7 +4,6 @@
 //   `GR1,A , GR2`  gives  `GR1,`  `A,`  `GR2`
 //
 // An operand keeps its trailing comma.
-// Tested by tests/statements/ExtractionTest.cpp.
 #include "diag/Quote.h"
 #include "statements/Statements.h"
 

@@ -1,4 +1,4 @@
-// Duplicate labels of a program, and its label table.  Tested by tests/structure/LabelTest.cpp.
+// Duplicate labels of a program, and its label table.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"

@@ -1,5 +1,4 @@
 // Labels that no operand refers to.  The label of a START is a program's name and is left out.
-// Tested by tests/structure/LabelTest.cpp.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 

@@ -1,5 +1,4 @@
 // The name of a program: the rules of a label, in other words, and the first fault ends the test.
-// Tested by tests/structure/PrgNameTest.cpp.
 #include "diag/Quote.h"
 #include "source/FixedForm.h"
 #include "structure/Structure.h"

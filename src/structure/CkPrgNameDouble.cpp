@@ -1,4 +1,4 @@
-// Two programs of one name, and the table of program names.  Tested by tests/structure/PrgNameTest.cpp.
+// Two programs of one name, and the table of program names.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"

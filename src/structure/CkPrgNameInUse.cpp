@@ -1,5 +1,4 @@
 // Programs that no other program names.  The first one is started by the operating system.
-// Tested by tests/structure/PrgNameTest.cpp.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"

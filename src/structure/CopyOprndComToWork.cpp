@@ -1,5 +1,5 @@
 // From here on the working text is the operand text; what the sign checks and the comment split change in
-// it reaches no later stage.  Tested by tests/structure/LinesTest.cpp.
+// it reaches no later stage.
 #include "structure/Structure.h"
 
 namespace zelvaro {

@@ -1,5 +1,4 @@
 // Cuts the comment off the working text of a program's lines, the END line excepted.
-// Tested by tests/structure/LinesTest.cpp.
 #include "structure/Structure.h"
 #include "structure/Words.h"
 

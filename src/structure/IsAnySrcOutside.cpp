@@ -1,5 +1,5 @@
 // Nothing but comments may stand between two programs.  Text in front of the first and behind the last
-// program is no concern.  Tested by tests/structure/StartEndTest.cpp.
+// program is no concern.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"

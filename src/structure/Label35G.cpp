@@ -1,5 +1,4 @@
 // The label rules, in five passes over the lines of a program; each pass looks at all lines.
-// Tested by tests/structure/LabelTest.cpp.
 #include <algorithm>
 
 #include "diag/Quote.h"

@@ -1,6 +1,5 @@
 // Tabs of the working text become spaces, outside the stretch from the first to the last apostrophe.
 // Narrow families only: a wide row has no such stage, since blanks are both characters everywhere.
-// Tested by tests/structure/LinesTest.cpp.
 #include "structure/Structure.h"
 
 namespace zelvaro {

@@ -1,5 +1,5 @@
 // SearchApostForNonCharConstOP: cuts what is left of a comment, a ';' inside quotes, off the operand text
-// of START.  Tested by tests/structure/LinesTest.cpp.
+// of START.
 #include "structure/Structure.h"
 
 namespace zelvaro {

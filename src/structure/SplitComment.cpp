@@ -1,5 +1,4 @@
 // Cuts a comment off the working text where unbalanced quotes kept it so far.
-// Tested by tests/structure/LinesTest.cpp.
 #include "structure/Structure.h"
 
 namespace zelvaro {

@@ -1,5 +1,4 @@
 // Per program: a label on START, none on END; the lines learn the program that they belong to.
-// Tested by tests/structure/StartEndTest.cpp.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 

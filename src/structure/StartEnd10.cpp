@@ -1,5 +1,4 @@
 // The coarse test of START and END: whether the words stand anywhere at all, in the right order.
-// Tested by tests/structure/StartEndTest.cpp.
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"

@@ -1,6 +1,5 @@
 // The exact test of START and END: pairing, counts, order, and the program records.  A keyword counts
 // where it stands directly behind a blank, in a comment behind an instruction too.
-// Tested by tests/structure/StartEndTest.cpp.
 #include <algorithm>
 #include <vector>
 

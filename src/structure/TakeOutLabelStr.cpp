@@ -1,5 +1,4 @@
 // The word split: label, opcode, and the operand text behind the opcode.
-// Tested by tests/structure/LinesTest.cpp.
 #include <algorithm>
 
 #include "structure/Structure.h"

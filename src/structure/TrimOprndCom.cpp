@@ -1,4 +1,4 @@
-// Trims the operand text.  Tested by tests/structure/LinesTest.cpp.
+// Trims the operand text.
 #include "structure/Structure.h"
 
 namespace zelvaro {

@@ -3,7 +3,6 @@
 // The rule walks the whole file once for each program, so a line is cleaned again with every program behind
 // its own.  All it can change then is a run of spaces of a plain operand text, which each walk halves: the
 // store keeps the lines that still have one, and only these are walked again.
-// Tested by tests/structure/LinesTest.cpp.
 #include <algorithm>
 
 #include "structure/Structure.h"

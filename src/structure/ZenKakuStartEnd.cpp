@@ -1,5 +1,5 @@
 // The scanners that look for a full-width space at START and END once one of them is missing.  Each
-// reports the first line with a find.  Tested by tests/structure/ZenKakuTest.cpp.
+// reports the first line with a find.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,4 @@
 // The analysers of one word: a full-width space or character that makes it fail.
-// Tested by tests/structure/ZenKakuTest.cpp.
 #include <algorithm>
 
 #include "diag/Quote.h"

@@ -1,5 +1,4 @@
 // Line normalisation: the column rule of the language survives as one leading blank.
-// Tested by tests/structure/LinesTest.cpp.
 #include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"

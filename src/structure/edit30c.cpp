@@ -1,5 +1,4 @@
 // Literal sign check: no blank may follow the sign of a literal.  Stops at the first finding.
-// Tested by tests/structure/LinesTest.cpp.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"

@@ -1,6 +1,5 @@
 // Number sign check: no blank may follow the sign of a number.  Once a sign stands in front of the first
 // apostrophe the whole text is looked at, quoted text included.  Stops at the first finding.
-// Tested by tests/structure/LinesTest.cpp.
 #include <algorithm>
 
 #include "diag/Quote.h"

@@ -10,9 +10,6 @@
 namespace zelvaro::test {
 
 inline const std::string E = "Error : line 1: ";
-inline const std::string W = "Warning : line 1: ";
-inline const std::string EJ = "エラー： 1 行目： ";
-inline const std::string WJ = "警告： 1 行目： ";
 
 /// What an encoder made of a line.
 struct Encoded {

@@ -88,9 +88,6 @@ class Source {
     const auto& l = line(number);
     return plain(l.LabelStr) + "|" + plain(l.OpStr) + "|" + plain(l.OprndComStr);
   }
-  int warnings() const { return sh.WarningKazu + cs.WarningKazu + b.WarningKazu; }
-  int notes() const { return sh.NoteKazu + cs.NoteKazu + b.NoteKazu; }
-
   ScriptedPlatform platform;
   TDiagLog log;
   TShellData sh{platform, log};
@@ -98,34 +95,5 @@ class Source {
   TBasicData b{platform, log};
   Assembly a{sh, cs, b};
 };
-
-/// A source and all that it draws.
-struct Drawn {
-  const char* source;
-  const char* en;
-  const char* ja;
-  int errors;
-  int warnings = 0;
-  int notes = 0;
-};
-
-template <class Family>
-void expectDrawn(const Drawn& d, int lang) {
-  Source<Family> source(d.source, lang);
-  source.run();
-  EXPECT_EQ(source.platform.console, lang == kJapanese ? d.ja : d.en);
-  EXPECT_EQ(source.a.errors(), d.errors);
-  EXPECT_EQ(source.warnings(), d.warnings);
-  EXPECT_EQ(source.notes(), d.notes);
-}
-
-/// Runs a table in both languages.
-inline void expectAllDrawn(const std::vector<Drawn>& table) {
-  for (const Drawn& d : table) {
-    SCOPED_TRACE(d.source);
-    expectDrawn<WP>(d, kEnglish);
-    expectDrawn<WP>(d, kJapanese);
-  }
-}
 
 }  // namespace zelvaro::test
