@@ -1,4 +1,4 @@
-// What a case of one line does not show: marks, second runs, the walk over several lines, large lines,
+// What a case of one line does not show: second runs, the walk over several lines, large lines,
 // narrow text.
 #include <gtest/gtest.h>
 
@@ -11,18 +11,6 @@ std::vector<int> valuesOf(LineStore<char16_t>& store, const SrcDataW& line) {
   std::vector<int> out;
   for (const auto& o : store.oprndsAtDC(line)) out.push_back(o.Value);
   return out;
-}
-
-TEST(DataDC, AddressConstantsMarkWhatTheyName) {
-  DataBench<WP> own({"DC HERE"});
-  dispatchDC<WP>(own.a, own.line());
-  EXPECT_TRUE(own.line(own.here).IsLabelInUse);
-  EXPECT_FALSE(own.line().IsLabelInUse);
-  DataBench<WP> other({"DC OTHER"});
-  dispatchDC<WP>(other.a, other.line());
-  EXPECT_TRUE(other.line().IsLabelInUse);
-  EXPECT_TRUE(other.store.vecPrg[1].IsPrgNameInUse);
-  EXPECT_FALSE(other.store.vecPrg[0].IsPrgNameInUse);
 }
 
 TEST(DataDC, CleanTextStaysWhereItIsAndASecondRunIsSilent) {
@@ -72,36 +60,14 @@ TEST(DataDC, AFaultLeavesOnlyItsOwnLine) {
   EXPECT_EQ(valuesOf(bench.store, bench.line(3)), (std::vector<int>{7}));
 }
 
-// Nothing of the source reaches these two: the checks in front refuse it.
-TEST(DataDC, Guards) {
-  for (const int lang : {kJapanese, kEnglish}) {
-    DataBench<WP> bench({"DC 'A',5"}, lang);
-    dispatchDC<WP>(bench.a, bench.line());
-    bench.store.vecOprndAtDC[0].ConstStr = u"''";
-    EXPECT_EQ(SetMryInAtDC<WP>(bench.a, 0), -1);
-    EXPECT_EQ(bench.cs.ErrorKazu, 1);
-    const std::string head = lang == kEnglish
-                                 ? "Error : line 2:  Constant Nr=1: The size of the constant is zero"
-                                 : "エラー： 2 行目： 1 番目の定数： の文字列定数: サイズがゼロ";
-    EXPECT_TRUE(bench.printed().starts_with(head)) << head;
-  }
+// Nothing of the source reaches it: the checks in front refuse it.
+TEST(DataDC, AKindThatThereIsNot) {
   DataBench<WP> bench({"DC 'A'"});
   dispatchDC<WP>(bench.a, bench.line());
   bench.store.vecOprndAtDC[0].ConstStr = u"@";
   SetWordKazuAtDC<WP>(bench.a, bench.line());
   EXPECT_EQ(bench.printed(), "Prg. Error: Unknown error of else. \n");
   EXPECT_EQ(bench.cs.ErrorKazu, 1);
-}
-
-TEST(DataDC, TheReplayLeavesOutHeadPlaceAndQuote) {
-  DataBench<WP> bench({"DC 1,12X,NONE"});
-  dispatchDC<WP>(bench.a, bench.line());
-  bench.printed();
-  bench.log.ReplayLog(bench.platform);
-  EXPECT_EQ(bench.printed(),
-            ": \nA non-numerical character is found in the decimal constant. \n\n"
-            ": Undefined address constant \n \"NONE\"  No label or program name matches  \"NONE\" . \n"
-            "Make sure of your spelling of  \"NONE\" . \n\n");
 }
 
 TEST(DataDC, ManyOperands) {
@@ -165,30 +131,6 @@ TEST(DataNarrow, WordsAreThoseOfWideText) {
   EXPECT_EQ(bench.printed(), "");
   EXPECT_FALSE(OprndAtDCtoChH<AP>(bench.a, bench.line(2)));
   EXPECT_TRUE(bench.printed().starts_with("Error : line 3:  \"'あ　\" : The "));
-}
-
-TEST(DataNarrow, KnowsNoProgramNamesInADC) {
-  const std::pair<int, std::string> told[] = {
-      {kEnglish,
-       "Error : line 2:  Constant Nr=1 \"OTHER\" : Undefined address constant  \"OTHER\"  It is neither label nor "
-       "program name. An address constant must be one of the labels inside the program.  Make sure of your "
-       "spelling of  \"OTHER\" . \n"},
-      {kJapanese,
-       "エラー： 2 行目： 1 番目の定数：  \"OTHER\"   と一致するラベル又はプログラム名が存在しない。\n"
-       "アドレス定数としては同じプログラム内のラベルのみが使える。スペリングは正しいですか？ \n"}};
-  for (const auto& [lang, words] : told) {
-    DataBench<AP> bench({"DC OTHER"}, lang);
-    dispatchDC<AP>(bench.a, bench.line());
-    EXPECT_EQ(bench.printed(), words);
-    EXPECT_FALSE(bench.store.vecPrg[1].IsPrgNameInUse);
-    EXPECT_TRUE(bench.log.records().empty());
-  }
-}
-
-TEST(DataNarrow, QuotesAWholeCharacter) {
-  DataBench<AP> bench({"DS あ5"});
-  dispatchDS<AP>(bench.a, bench.line());
-  EXPECT_TRUE(bench.printed().starts_with("Error : line 2: あ:  \"あ5\" : "));
 }
 
 }  // namespace

@@ -38,30 +38,5 @@ TEST(OpCkLoop, TheFirstFaultyProgramHidesTheNext) {
   EXPECT_EQ(second.store()[1].Word1, 0x1010) << "the first program is encoded";
 }
 
-TEST(OpCkLoop, WarningsAndNotesStopNothing) {
-  Program<WP> p(" POP GR1,\n LD GR1,70000\n RET");
-  EXPECT_EQ(p.loop(), 0) << p.said();
-  EXPECT_EQ(p.cs.WarningKazu, 1);
-  EXPECT_EQ(p.cs.NoteKazu, 1);
-}
-
-TEST(OpCkLoop, AFileWithoutProgramsPasses) {
-  Source<WP> empty("");
-  EXPECT_EQ(OpCkLoop<WP>(empty.a), 0);
-}
-
-TEST(OpCkLoop, NarrowTextGoesTheSameWay) {
-  for (const char* lines : {" LD GR1,=1\nX DC 'あ'\n LD GR1,X\n RET", " FOO", " ADDA GR1"}) {
-    Program<WP> wide(lines);
-    Program<AP> narrow(lines);
-    EXPECT_EQ(wide.loop(), narrow.loop()) << lines << narrow.said();
-    EXPECT_EQ(wide.a.errors(), narrow.a.errors()) << lines;
-    for (std::size_t i = 0; i < wide.store().lines().size(); ++i) {
-      EXPECT_EQ(wide.store().lines()[i].Word1, narrow.store().lines()[i].Word1) << lines;
-      EXPECT_EQ(wide.store().lines()[i].AbAdr, narrow.store().lines()[i].AbAdr) << lines;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace zelvaro::test
