@@ -40,6 +40,5 @@ inline std::string runAll(Tcomet2& m, int PrgEndAdr = tMaxMemory) {
 
 /// What follows a normal end, and most forced ones.
 inline const std::string kEnd = "and it has come to an end of the program\nin 1 micro second or less. ";
-inline const std::string kEndJa = "--> 終了\n1 micro second or less 実行時間 ";
 
 }  // namespace zelvaro::test

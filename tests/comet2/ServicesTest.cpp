@@ -1,4 +1,4 @@
-// IN, OUT and the note of other services.
+// IN and OUT.
 #include <gtest/gtest.h>
 
 #include "Machines.h"
@@ -10,9 +10,6 @@ namespace {
 const std::string kPrompt =
     "\nOS: Input some letters from your keyboard. \n(Input Requirement by a Macro Instruction of IN) \n"
     "Press Enter key or Ctrl + Z Keys at the end of your input. \n";
-const std::string kPromptJa =
-    "\nOS: 文字を入力してください。 \nマクロ命令( IN )による入力要求。\n"
-    "Enter キイ を押す 又は CTRL + Z を押す と 入力終了。 \n";
 const std::string kHeading = "\nOS: Output by a Macro Instruction of OUT. \n";
 
 class Services : public ::testing::Test {
@@ -51,11 +48,9 @@ TEST_F(Services, InStoresUnits) {
 }
 
 TEST_F(Services, InOfNothing) {
-  m.IsEnglish = 0;
   m.Memory[50] = 9;
   m.Memory[100] = 7;
   EXPECT_EQ(lengthOf(""), 0);
-  EXPECT_EQ(platform.console, kPromptJa);
   EXPECT_EQ(m.Memory[100], 7);
   m.Memory[50] = 9;
   SvcCall(m, platform, kSvcIn);  // the input has ended
@@ -74,11 +69,6 @@ TEST_F(Services, InTakes256BytesAndNoPartOfACharacter) {
   EXPECT_EQ(lengthOf(std::string("ab\0cd", 5)), 2);
 }
 
-TEST_F(Services, InOfBytesThatAreNoText) {
-  EXPECT_EQ(lengthOf("ab\xFF"), 0);
-  EXPECT_EQ(platform.console, kPrompt + "mbsrtowcs_s() has returned Error. MbChToWCsH(), ");
-}
-
 TEST_F(Services, AddressesWrap) {
   m.GR[1] = 0xFFFF;
   m.GR[2] = -1;
@@ -95,8 +85,6 @@ TEST_F(Services, AddressesWrap) {
 
 TEST_F(Services, OutPrintsPairsAsOneCharacter) {
   EXPECT_EQ(output({0x41, 0x10042, 0xD842, 0xDFB7, 0xD842, 0x65E5}), kHeading + "AB𠮷\uFFFD日\n");
-  m.IsEnglish = 0;
-  EXPECT_EQ(output({}), "\nOS: マクロ命令( OUT )による出力 \n\n");
 }
 
 TEST_F(Services, OutReadsASignedLength) {
@@ -122,16 +110,6 @@ TEST_F(Services, OutOfManyWordsIsFewPrints) {
   std::size_t broken = 0;
   for (std::size_t at = 0; (at = counting.console.find("\uFFFD", at)) != std::string::npos; ++at) ++broken;
   EXPECT_EQ(broken, 2u);  // the pair round the length cell, and the half at the end
-}
-
-TEST_F(Services, OtherNumbersWorkAsNop) {
-  SvcCall(m, platform, 3);
-  EXPECT_EQ(platform.console,
-            "3 works as NOP does. Because there does not exist any description about 3 in Spec.of CASL2. ");
-  platform.console.clear();
-  m.IsEnglish = 0;
-  SvcCall(m, platform, 65535);
-  EXPECT_EQ(platform.console, "svc 65535 は仕様に記述がないので、NOP と同じ動作をするものとした。 ");
 }
 
 TEST_F(Services, InIntoTheRunningProgram) {

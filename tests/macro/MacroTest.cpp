@@ -1,4 +1,4 @@
-// IN, OUT, RPUSH, RPOP: operand text, operand form, labels, words.
+// IN, OUT, RPUSH, RPOP: operand text, labels, words.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -79,164 +79,11 @@ TEST(Macro2, WithoutBuffersItDoesNothing) {
   EXPECT_EQ(bench.tallies(), "0 0 0");
 }
 
-struct WordsOf {
-  const char* line;
-  const char* en;
-  const char* ja;
-};
-
-class Macro2Words : public ::testing::TestWithParam<WordsOf> {};
-
-TEST_P(Macro2Words, InBothLanguages) {
-  for (const int lang : {kEnglish, kJapanese}) {
-    Bench<> bench(GetParam().line, lang);
-    macro2<WP>(bench.a, bench.tested());
-    EXPECT_EQ(bench.printed(), lang == kEnglish ? GetParam().en : GetParam().ja);
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, Macro2Words,
-    ::testing::Values(WordsOf{"IN BUF",
-                              "Error : line 2: A comma is expected at the right side of the first operand. "
-                              "Each of the IN and OUT macro instructions takes two operands. \n",
-                              "エラー： 2 行目： マクロ命令の１番目のオペランドの右にコンマが必要です。　"
-                              "IN と OUT のマクロ命令はオペランドを2つとる。\n"},
-                      WordsOf{
-                          "IN BUF,LEN,",
-                          "Warning : line 2: A comma is of no use at the right side of the second operand. "
-                          "It should be deleted. \n",
-                          "警告： 2 行目： 二つ目のオペランドの右のコンマは不要です。空白が適切です。 \n"},
-                      WordsOf{"NOP A,B", "Error : line 2: : 'NOP' is not a macro instruction in casl2. \n",
-                              "エラー： 2 行目： 該当するマクロ命令がない。\n"}));
-
-struct Form {
-  const char* oprnd;
-  const char* en;
-  const char* ja;
-  bool anotherFollows;  ///< InOut1 has something to say as well
-};
-
-class MacroForm : public ::testing::TestWithParam<Form> {};
-
-TEST_P(MacroForm, OneMessageAtMost) {
-  const Form& c = GetParam();
-  for (const int lang : {kEnglish, kJapanese}) {
-    for (const int n : {1, 2}) {
-      Bench<> bench(n == 1 ? "IN " + std::string(c.oprnd) + " LEN" : "OUT BUF " + std::string(c.oprnd), lang);
-      address3_ck<WP>(bench.a, bench.tested(), n);
-      EXPECT_EQ(bench.printed(), lang == kEnglish ? c.en : c.ja) << c.oprnd;
-      const int errors = bench.cs.ErrorKazu;
-      InOut1<WP>(bench.a, bench.tested());
-      EXPECT_EQ(bench.cs.ErrorKazu, errors + (c.anotherFollows ? 1 : 0)) << c.oprnd;
-    }
-  }
-}
-
-constexpr const char* kLabelJa =
-    "エラー： 2 行目： IN と OUT のオペランドはラベルで指定する。（仕様２・４）\n";
-constexpr const char* kLabelLiteralJa =
-    "エラー： 2 行目： IN と OUT のオペランドはラベルで指定する。（CASL2 の仕様２・４）\n";
-constexpr const char* kHex =
-    "Error : line 2: An operand of IN must be a label in the program. (Spec. 2-4) "
-    "An operand of OUT must be a label in the program. (Spec. 2-4) \n";
-constexpr const char* kHexLiteral =
-    "Error : line 2: An operand of IN must be a label in the program. (Spec. 2-4) "
-    "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) \n";
-
-INSTANTIATE_TEST_SUITE_P(
-    Oprnds, MacroForm,
-    ::testing::Values(
-        Form{"BUF", "", "", false}, Form{"GR8", "", "", true}, Form{"abc", "", "", true},
-        Form{"+", "", "", true}, Form{"=X", "", "", true}, Form{"'A'", "", "", true},
-        Form{"Bu",
-             "Error : line 2:  \"Bu\" : \nThe address constant contains characters other than uppercase "
-             "alphanumeric characters. \n",
-             "エラー： 2 行目：  \"Bu\" : \nアドレス定数に英大文字と数字以外の文字がある。\n", true},
-        Form{"NINECHARS",
-             "Error : line 2: \nAn address constant(or a label) must be written in eight letters or less. \n"
-             "There are 9 characters in  \"NINECHARS\" . \n",
-             "エラー： 2 行目：  \"NINECHARS\" \nアドレス定数は８文字以内の制限がある。\n9 文字ある。\n",
-             true},
-        Form{
-            "GR1",
-            "Error : line 2:  \"GR1\" \nGR0-GR7 are reserved words.  They cannot be used as an operand of the "
-            "macro instruction. \nEvery operand of macro instructions must be a label in the program. (Spec. of "
-            "CASL2  2-4) \n",
-            "エラー： 2 行目：  \"GR1\" \n マクロ命令のオペランドに予約語( GR0 - GR7 )は使えない。\n"
-            "マクロ命令のオペランドはラベル で指定する。（CASL2の仕様 2-4）\n",
-            false},
-        Form{"#10", kHex, kLabelJa, true}, Form{"-1", kHex, kLabelJa, true},
-        Form{"10",
-             "Error : line 2: An operand of IN must be a label in the program. (Spec. of CASL2: 2-4) "
-             "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) \n",
-             kLabelJa, true},
-        Form{"=#0010", kHexLiteral, kLabelLiteralJa, true}, Form{"=+1", kHexLiteral, kLabelLiteralJa, true},
-        Form{"=10",
-             "Error : line 2: An operand of IN must be a label in the program. (Spec. 2-4) \n"
-             "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) \n",
-             kLabelLiteralJa, true},
-        Form{"='A'",
-             "Error : line 2: An operand of IN must be a label in the program. (Spec. 2-4) "
-             "An operand of OUT must be a label in the program. (Spec. of CASl2: 2-4) \n",
-             kLabelJa, true}));
-
-struct Missing {
-  const char* line;
-  const char* en;
-  const char* ja;
-  int errorsBefore;
-};
-
-class MacroLabels : public ::testing::TestWithParam<Missing> {};
-
-TEST_P(MacroLabels, TellsWhatIsMissing) {
-  const Missing& c = GetParam();
-  for (const int lang : {kEnglish, kJapanese}) {
-    Bench<> bench(c.line, lang);
-    bench.cs.ErrorKazu = c.errorsBefore;
-    InOut1<WP>(bench.a, bench.tested());
-    EXPECT_EQ(bench.printed(), lang == kEnglish ? c.en : c.ja) << c.line;
-    EXPECT_FALSE(bench.tested().IsWordsComplete);
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Oprnds, MacroLabels,
-    ::testing::Values(
-        Missing{
-            "IN NONE LEN",
-            "Error : line 2:  \"NONE\"  is an undefined address constant. \n"
-            "No label or program name matches the address constant. \nMake sure of your spelling of  \"NONE\" . \n",
-            "エラー： 2 行目： アドレス定数  \"NONE\"  と一致するラベルが存在しない。\n"
-            "ラベルのミススペリングではありませんか？ \n",
-            0},
-        Missing{"IN BUF NONE",
-                "Error : line 2:  \"NONE\"  is an undefined address constant. \n"
-                "No label or program name matches the address constant. \n",
-                "エラー： 2 行目： アドレス定数  \"NONE\"  と一致するラベルが存在しない。\n", 0},
-        Missing{"IN BUF", "Error : line 2: IN takes two operands. \n",
-                "エラー： 2 行目： IN はオペランドを二つ必要とする。　\n", 0},
-        Missing{"OUT BUF", "", "", 1},
-        Missing{"IN 10 LEN", "Error : line 2:  \"10\"  is not an address constant. \n",
-                "エラー： 2 行目：  \"10\"  はアドレス定数ではない。\n", 0}));
-
 TEST(InOut, OnlyLabelsOfTheOwnProgramCount) {
   for (const char* line : {"IN BUF INNER", "IN BUF OTHER", "IN BUF ATEND"}) {
     Bench<> bench(line);
     bench.addressPass();
     EXPECT_EQ(bench.tallies(), "1 0 0") << line;
-  }
-}
-
-TEST(InOut, AMissingSecondOperandIsToldOnce) {
-  for (const int lang : {kEnglish, kJapanese}) {
-    Bench<> bench("IN BUF,", lang);
-    macro2<WP>(bench.a, bench.tested());
-    bench.addressPass();
-    EXPECT_EQ(bench.printed(), lang == kEnglish ? "Error : line 2: IN takes two operands. \n"
-                                                : "エラー： 2 行目： IN はオペランドを二つ必要とする。  \n");
-    EXPECT_EQ(bench.tallies(), "1 0 0");
   }
 }
 
@@ -281,17 +128,6 @@ TEST(RpushRpop, TakeNoOperand) {
   macroR2<WP>(bad.a, bad.tested());
   EXPECT_EQ(bad.tallies(), "1 0 0");
   EXPECT_EQ(bad.tested().OprndKazu, 1);
-}
-
-TEST(RpushRpop, GuardAgainstOtherOpcodes) {
-  for (const int lang : {kEnglish, kJapanese}) {
-    Bench<> bench("NOP", lang);
-    macroR2<WP>(bench.a, bench.tested());
-    EXPECT_EQ(bench.printed(), lang == kEnglish ? "Error : line 2: NOP is not a macro instruction. \n"
-                                                : "エラー： 2 行目： 該当するマクロ命令がない。\n");
-    EXPECT_EQ(bench.tallies(), "1 0 0");
-    EXPECT_TRUE(bench.log.records().empty());
-  }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Whole reports, to the column.
+// What the reports of tests/transcripts do not show: edges of words, labels, echoes and the stack.
 #include <gtest/gtest.h>
 
 #include "diag/MsgBase.h"
@@ -11,12 +11,6 @@ namespace {
 const std::string assembled{AssembledRegFile};
 const std::string resultant{ResultantRegFile};
 const std::string dashes = "//" + std::string(72, '-');
-
-std::string joined(std::initializer_list<std::string_view> lines) {
-  std::string text;
-  for (const std::string_view line : lines) text.append(line).append("\n");
-  return text;
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -126,67 +120,6 @@ using NarrowReport = Report<AP>;
 
 const std::string zeroView = "    :#0000:    0:    +0: 0000 0000 0000 0000:";
 
-TEST(DspRegMry, AssembledReportWhole) {
-  WideReport r;
-  r.small();
-  EXPECT_EQ(r.write(assembled),
-            joined({
-                "Src. File: src/small.txt    Sunday November 22, 2026(R8)  21:5:9s",
-                "",
-                "(0.0, 0.0, 0.0) msec =(Read File, Assemble, Link)Time  QPC ",
-                "",
-                "VM COMET2: aaAssembledRegMry.txt",
-                "//-------------------------------------------------",
-                "      Char  Hex    UD     SD       Binary Code",
-                "   PR:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR0:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR1:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR2:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR3:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR4:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR5:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR6:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "  GR7:    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "Flags:    f_Ovf=0, f_Sign=0(plus), f_Zero=0(non zero).",
-                "   SP:    :#FFFF:65535:    -1: 1111 1111 1111 1111:",
-                "",
-                "//------------------------------------------------------------------------------------",
-                "  Address     Label Char  Hex    UD     SD       Binary Code",
-                "#0000:    0:  MAIN:    :#0000:    0:    +0: 0000 0000 0000 0000: 0:MAIN START ",
-                "#0001:    1:      :    :#1010: 4112: +4112: 0001 0000 0001 0000: 0:   LD GR1,A",
-                "#0002:    2:      :    :#0006:    6:    +6: 0000 0000 0000 0110: 0:",
-                "#0003:    3:  LOOP:    :#1020: 4128: +4128: 0001 0000 0010 0000: 0:LOOP LD GR2,=5",
-                "#0004:    4:      :    :#0007:    7:    +7: 0000 0000 0000 0111: 0:",
-                "#0005:    5:      :    :#8100:33024:-32512: 1000 0001 0000 0000: 0:   RET ",
-                "#0006:    6:     A: 'A':#0041:   65:   +65: 0000 0000 0100 0001: 0:A  DC 65",
-                "#0007:    7:      :    :#0005:    5:    +5: 0000 0000 0000 0101: 0:"
-                "Literal Const. in (LOOP LD GR2,=5)",
-                dashes,
-                "#0008:    8:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#0009:    9:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000A:   10:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000B:   11:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000C:   12:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000D:   13:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000E:   14:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#000F:   15:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#0010:   16:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "#0011:   17:      :    :#0000:    0:    +0: 0000 0000 0000 0000: 0:",
-                "The area that a program has reserved in main memory is called the \"Reserved Area.\"",
-                "The dashed line marks the boundary between the Reserved Area ",
-                "and the non-reserved area.",
-                "",
-                "           Stack Area in Main Memory",
-                "The Stack Pointer(SP) has pointed at #FFFF at present. ",
-                "#FFFB:65531:      :    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "#FFFC:65532:      :    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "#FFFD:65533:      :    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "#FFFE:65534:      :    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                "#FFFF:65535:      :    :#0000:    0:    +0: 0000 0000 0000 0000:",
-                dashes,
-            }));
-}
-
 TEST(DspRegMry, ResultantReportTellsRunTimeCountsAndState) {
   WideReport r;
   r.small();
@@ -218,16 +151,11 @@ TEST(DspRegMry, ResultantReportTellsRunTimeCountsAndState) {
 TEST(DspRegMry, TipsStandUnlessTheNumberIsAMultipleOfThree) {
   WideReport r;
   r.small();
-  const std::string without = r.write(assembled);
-  r.platform.random = 4;
-  EXPECT_EQ(r.write(assembled),
-            joined({"Open this file using a monospaced font such as MS Gothic.",
-                    "This will make the tabular results easier to read.",
-                    "Font size 10 is recommended when printing on A4 paper.",
-                    "To continue, please close this editor.", "Press Ctrl+W or Ctrl+Shift+W.", dashes}) +
-                without);
-  r.platform.random = 6;
-  EXPECT_EQ(r.write(assembled), without);
+  for (const int number : {0, 4, 5, 6}) {
+    r.platform.random = number;
+    EXPECT_EQ(r.write(assembled).starts_with("Open this file using a monospaced font"), number % 3 != 0)
+        << number;
+  }
 }
 
 TEST(DspRegMry, WordViewsAtTheirEdges) {
