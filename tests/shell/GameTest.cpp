@@ -1,4 +1,5 @@
-// The driver: start-up, the loop of a pipeline, the change of pipelines, the ways out.
+// The driver: what differs from pipeline to pipeline and from run to run.  One pass through it, its menus and
+// its ends are in tests/transcripts.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,17 +9,13 @@
 namespace zelvaro {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::StartsWith;
 
 constexpr const char* kBanner =
     "Zelvaro Assembly Suite  Ver. 4.6.4  \nWin32  R_std::wstring<--UTF16\n\nAssembler, Linker, and "
     "Simulator\n\n\n";
 constexpr const char* kClean = "PRG START\n LAD GR1,1\n RET\n END\n";
-constexpr const char* kWarned = "PRG START\n RET\nAREA DS 5,\n END\n";  // the comma draws a Warning
 constexpr const char* kWrong = "PRG START\n LADD GR1,1\n RET\n END\n";
 
 class GameTest : public ::testing::Test {
@@ -27,7 +24,6 @@ class GameTest : public ::testing::Test {
 
   GameTest() {
     platform.files["clean.txt"] = kClean;
-    platform.files["warned.txt"] = kWarned;
     platform.files["wrong.txt"] = kWrong;
   }
   /// One use of the program; the input ends behind the lines.
@@ -50,30 +46,6 @@ class GameTest : public ::testing::Test {
   }
 };
 
-TEST_F(GameTest, AFreshStartShowsTheBannerAndLeavesAtTheEndOfTheInput) {
-  EXPECT_EQ(play({}), std::string(kBanner) + "\n\nPress your Enter key to go next. \n");
-  EXPECT_THAT(platform.files["zelvaro.ini"], HasSubstr("FightFunc=WP\n"));
-  EXPECT_THAT(
-      play({}, "[Mode]\nSimpleTitleIndex=1\n"),
-      StartsWith("Zelvaro  Ver. 4.6.4  \nWin32  R_std::wstring<--UTF16\n\nAssembler & Simulator\n\n\n"));
-  // An index outside 0 and 1 gives the long banner and the long menu.
-  EXPECT_THAT(play({""}, "[Mode]\nSimpleTitleIndex=2\n"), StartsWith(kBanner));
-  EXPECT_THAT(platform.console, HasSubstr("10.  opens"));
-}
-
-TEST_F(GameTest, ACleanFileRunsStraightThrough) {
-  play({"", "1", "clean", "", "123"});
-  const std::string& shown = platform.console;
-  EXPECT_THAT(shown, HasSubstr(" msec =(ReadFile, Assemble, Link)Time  QPC \nSuccessfully Assembled! "
-                               "---> aaAssembledRegMry.txt \n"));
-  EXPECT_LT(shown.find("---> aaAssembledRegMry.txt \n"), shown.find("The comet2 starts running"));
-  EXPECT_LT(shown.find("The comet2 starts running"), shown.find("---> aaResultantRegMry.txt \n"));
-  EXPECT_EQ(count("Go back to Main Menu"), 0);
-  EXPECT_THAT(platform.files["aaAssembledRegMry.txt"], HasSubstr("VM COMET2: aaAssembledRegMry.txt"));
-  EXPECT_THAT(platform.files["aaResultantRegMry.txt"], HasSubstr("  GR1:    :#0001:"));
-  EXPECT_THAT(platform.files["zelvaro.ini"], HasSubstr("LastSrcFile=clean.txt\n"));
-}
-
 TEST_F(GameTest, TheReportLineIsLongerTheFirstTimeInJapanese) {
   play({"", "1", "clean", "", "11", "", "123"}, "[Mode]\nLangStr=JPN\n");
   EXPECT_EQ(count("アセンブル成功 ---> aaAssembledRegMry.txt "), 2);
@@ -83,37 +55,6 @@ TEST_F(GameTest, TheReportLineIsLongerTheFirstTimeInJapanese) {
   EXPECT_EQ(count("---> aaAssembledRegMry.txt メモリの全容が保存してあります。\n演算実行 開始"), 1);
   EXPECT_EQ(count("---> aaResultantRegMry.txt \n実行後のメモリの全容が保存してあります。\n\n入力"), 1);
   EXPECT_EQ(count("---> aaResultantRegMry.txt メモリの全容が保存してあります。\n\n入力"), 1);
-}
-
-TEST_F(GameTest, ErrorsAreReplayedTimedAndSummedUp) {
-  play({"", "1", "wrong", "", "1", "clean"});
-  const std::string& shown = platform.console;
-  const std::size_t time = shown.find(" msec =(ReadFile, Assemble)Time QPC  \n");
-  ASSERT_NE(time, std::string::npos);
-  const std::size_t sum = shown.find("\n\nThere ", time);
-  EXPECT_LT(time, sum);
-  EXPECT_THAT(shown.substr(sum), HasSubstr("to be corrected. \n\nCorrect the codes and assemble them again.\n"
-                                           "\n\n** Press Enter key to go next. \n"));
-  // The next run starts with an empty log and tallies of 0.
-  EXPECT_EQ(count("Correct the codes"), 1);
-  EXPECT_EQ(count("Successfully Assembled! "), 1);
-}
-
-TEST_F(GameTest, WarningsAskBeforeTheRun) {
-  play({"", "1", "warned", "2", "", "1", "warned", "1"});
-  EXPECT_EQ(count("1 warning: \n"), 2);
-  EXPECT_EQ(count("Go back to Main Menu"), 2);
-  EXPECT_EQ(count("---> aaAssembledRegMry.txt"), 2);
-  EXPECT_EQ(count("---> aaResultantRegMry.txt"), 1);
-  play({"", "1", "warned"});  // the input ends at the question
-  EXPECT_THAT(platform.console, EndsWith("Input a menu number. \n"));
-}
-
-TEST_F(GameTest, AFileThatDoesNotLoadLeadsBackToTheMenu) {
-  play({"", "1", "missing", "", "1", "clean"});
-  EXPECT_THAT(platform.console, HasSubstr("The file is not found there. *"));
-  EXPECT_EQ(count("Correct the codes"), 0);
-  EXPECT_EQ(count("Successfully Assembled! "), 1);
 }
 
 TEST_F(GameTest, TheSelectorChangesThePipelineAndTheBannerEndsWithTheFourth) {
@@ -172,41 +113,6 @@ TEST_F(GameTest, NamesWithoutAPipeline) {
   EXPECT_THAT(play({"", "123"}, "[Mode]\nFightFunc=wp\n"), StartsWith("FightNwW(); by default.\n"));
   EXPECT_THAT(platform.files["zelvaro.ini"], HasSubstr("FightFunc=wp\n"));
   EXPECT_THAT(play({}, "[Mode]\nFightFunc=　WP　\n"), StartsWith(kBanner));  // trimmed
-}
-
-TEST_F(GameTest, AnEditorOutOfRangeIsCorrectedAtThePipelinesStart) {
-  play({"", "123"}, "[Editor]\nTextEditorIndex=5\n");
-  EXPECT_THAT(platform.console, HasSubstr("\n\n\nError: TextEditorFlag is out of range. \nTextEditorIndex=5\n"
-                                          "TextEditorIndex is corrected to be 0. \n"));
-  EXPECT_THAT(platform.files["zelvaro.ini"], HasSubstr("TextEditorIndex=0\n"));
-}
-
-TEST_F(GameTest, NothingIsLeftOverFromRunToRun) {
-  std::vector<std::string> lines;
-  for (int i = 0; i < 50; ++i)
-    for (const char* line : {"", "1", "clean", "", "1", "wrong", "", "1", "warned", "1"})
-      lines.emplace_back(line);
-  platform.typed.assign(lines.begin(), lines.end());
-  TSession s(platform);
-  TGame game(s);
-  game.Start();
-  EXPECT_EQ(count("---> aaAssembledRegMry.txt"), 100);
-  EXPECT_EQ(count("---> aaResultantRegMry.txt"), 100);
-  EXPECT_EQ(count("Correct the codes"), 50);
-  EXPECT_EQ(count("There is 1 error to be corrected. "), 50);
-  EXPECT_EQ(count("1 warning: \n"), 50);
-}
-
-/// The rows of a family, in the order and under the names given.
-TEST(Pipelines, TheRowsOfWP) {
-  std::vector<std::string> names;
-  for (const StageRow& row : findPipeline("WP")->stages->rows)
-    if (const std::string_view name = row.names.of(FamilyId::WP); !name.empty()) names.emplace_back(name);
-  EXPECT_THAT(names, ElementsAre("editNWB", "StartEnd10NWB", "StartEnd20NW", "StartEndNWCS", "CutCommentsNW",
-                                 "IsAnySrcOutsideSartEndNWCS", "CkPrgNameNWCS", "CkPrgNameDoubleNWBD",
-                                 "OpCkLoop", "CkLabelInUseNWBD", "CkPrgNameInUseNWBD"));
-  for (const char* name : {"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH"})
-    EXPECT_NE(findPipeline(name)->stages, nullptr) << name;
 }
 
 }  // namespace

