@@ -27,6 +27,7 @@ Files folder() {
 TEST(ConsoleFaults, TheInputMayEndBehindAnyByte) {
   // A read that finds the end comes once for each prompt that gives up, of which there are few.
   constexpr int kFewCalls = 12;
+  RecordProperty("bytes", static_cast<int>(kLongDialogue.size()));
   for (std::size_t end = 0; end <= kLongDialogue.size(); ++end) {
     SCOPED_TRACE("behind byte " + std::to_string(end));
     const Outcome outcome = play(folder(), kLongDialogue.substr(0, end));

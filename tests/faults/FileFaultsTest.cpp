@@ -73,6 +73,7 @@ TEST_P(FileFaults, AFailureLeavesOldOrNewAndIsTold) {
   const Outcome faultless = play(before, kTyped);
   ASSERT_EQ(faultless.status, 0);
   ASSERT_GT(faultless.calls, 20);
+  RecordProperty("calls", faultless.calls);
   for (const int error : {ENOSPC, EDQUOT, EACCES, EROFS, EMFILE, EIO}) {
     for (int at = 1; at <= faultless.calls; ++at) {
       SCOPED_TRACE("call " + std::to_string(at) + ": " + std::strerror(error));

@@ -81,6 +81,7 @@ TEST_P(MemoryFaults, ALackEndsARunOrTheProgramButNothingElse) {
   const Outcome faultless = play(files, kTyped);
   ASSERT_EQ(faultless.status, 0);
   ASSERT_GT(faultless.allocations, 50);
+  RecordProperty("allocations", std::to_string(faultless.allocations));
   const std::ptrdiff_t descriptors = openDescriptors();
   for (const Lack lack : {Lack::Passes, Lack::Lasts}) {
     long backAtTheMenu = 0;
