@@ -145,11 +145,13 @@ TEST(BoundsOfTheDialogue, WithoutEnoughMemoryTheMenuComesBack) {
   folder.write("small.txt", program(""));
   folder.write("zelvaro.ini", "[Mode]\nLangStr=ENU\nFightFunc=WP\n");
   bool wasShort = false;
-  for (const std::size_t limit : {12u, 16u, 20u, 24u, 32u}) {
+  for (const std::size_t limit : {12u, 16u, 20u, 24u, 32u, 40u, 48u, 56u, 64u}) {
     const Ended ended =
         runProgram(folder.path(), "\n1\nlarge.txt\n\n1\nsmall.txt\n\n123\n", {.addressSpaceMiB = limit});
     SCOPED_TRACE(std::to_string(limit) + " MiB: " + ended.console + ended.errors);
     ASSERT_TRUE(WIFEXITED(ended.status));
+    constexpr int kNotLoaded = 127;  // the system had no room for the program itself
+    if (WEXITSTATUS(ended.status) == kNotLoaded) continue;
     if (WEXITSTATUS(ended.status) == 0) {
       EXPECT_TRUE(folder.read("zelvaro.ini").ends_with("TextEditorPath2=\n"));
       wasShort |= ended.console.find("not enough memory") != std::string::npos;
