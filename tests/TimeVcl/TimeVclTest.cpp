@@ -1,4 +1,4 @@
-// Clocks, stamps, spans and time lines.
+// Clocks, and spans at their edges.  Stamps and time lines are in tests/transcripts/timing.transcript.
 #include <gtest/gtest.h>
 
 #include "TimeVcl/TimeVcl.h"
@@ -115,22 +115,6 @@ TEST(Spans, NoFrequencyIsTold) {
   EXPECT_EQ(DetTimeDiff_MilliSecStr_General(t, platform, "RunTime"), "0.0");
 }
 
-TEST(Stamps, EachIsTakenFromTheClockChosen) {
-  for (int clock = 0; clock < 3; ++clock) {
-    test::ScriptedPlatform platform;
-    platform.ticksPerCall = 5'000;
-    TimeData t;
-    t.SetClockByIndex(clock);
-    for (std::size_t i = 0; i < kStamps; ++i) takeStamp(t, platform, static_cast<Stamp>(i));
-    EXPECT_EQ(t.StampQPC[5], clock == 0 ? 30'000 : 0);
-    EXPECT_EQ(t.StampChrono[5], clock == 1 ? 300'000 : 0);
-    EXPECT_EQ(t.StampClock[5], clock == 2 ? 30 : 0);
-    for (const char* name : {"ReadFileTime", "AssembleTime", "LinkTime", "RunTime"})
-      EXPECT_EQ(DetTimeDiff_MilliSecStr_General(t, platform, name), clock == 0 ? "5.0" : "5");
-    EXPECT_EQ(platform.console, "");
-  }
-}
-
 TEST(Stamps, AnUnknownClockIsToldAndTheProcessorTimeKept) {
   test::ScriptedPlatform platform;
   platform.ticks = 42'000;
@@ -139,22 +123,6 @@ TEST(Stamps, AnUnknownClockIsToldAndTheProcessorTimeKept) {
   takeStamp(t, platform, Stamp::RunStart);
   EXPECT_EQ(t.StampClock[4], 42);
   EXPECT_TRUE(platform.console.starts_with("PrgError"));
-}
-
-TEST(TimeLines, ByPlaceAndForm) {
-  test::ScriptedPlatform platform;
-  TimeData t;
-  t.StampQPC = {0, 12'300, 57'900, 65'700, 0, 0};
-  EXPECT_EQ(timeLineOfErrors(t, platform, false), "(12.3, 45.6) msec =(ReadFile, Assemble)Time QPC  \n");
-  EXPECT_EQ(timeLineOfErrors(t, platform, true), "(12.3, 45.6) msec =(ReadFile, Assemble)Time \n");
-  EXPECT_EQ(timeLineOfLink(t, platform, false),
-            "(12.3, 45.6, 7.8) msec =(ReadFile, Assemble, Link)Time  QPC \n");
-  EXPECT_EQ(timeLineOfLink(t, platform, true),
-            "(12.3, 45.6, 7.8) msec =(ReadFile, Assemble, Link)Time QPC  \n");
-  EXPECT_EQ(timeLineOfReport(t, platform, false),
-            "(12.3, 45.6, 7.8) msec =(ReadFile, Assemble, Link)Time QPC  \n");
-  EXPECT_EQ(timeLineOfReport(t, platform, true),
-            "(12.3, 45.6, 7.8) msec =(Read File, Assemble, Link)Time  QPC \n");
 }
 
 }  // namespace

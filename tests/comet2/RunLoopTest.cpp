@@ -37,41 +37,6 @@ TEST(RunLoop, NothingIsExecutedBehindTheLimit) {
   EXPECT_EQ(m.ExecCount[65002], 0);
 }
 
-TEST(RunLoop, AStoreIntoTheInstructionBehindIt) {
-  // 0 ST GR1,2; 2 ST GR1,30, which has become RET when it is reached
-  Tcomet2 m = machineWith({0x1110, 2, 0x1110, 30});
-  m.GR[1] = 0x8100;
-  EXPECT_EQ(runAll(m), kEnd);
-  EXPECT_EQ(m.PR, 2);
-  EXPECT_EQ(m.Memory[30], 0);
-}
-
-TEST(RunLoop, AJumpBetweenInstructionsThatAreDoneTogether) {
-  // 0 LAD GR1,1,GR1; 2 CPL GR1,20; 4 JMI 0; 6 LAD GR2,1,GR2; 8 CPL GR2,21; 10 JMI 2; 12 RET
-  Tcomet2 m = machineWith({0x1211, 1, 0x4110, 20, 0x6100, 0, 0x1222, 1, 0x4120, 21, 0x6100, 2, 0x8100});
-  m.Memory[20] = 5;
-  m.Memory[21] = 4;
-  EXPECT_EQ(runAll(m), kEnd);
-  EXPECT_EQ(m.ExecCount[0], 5);
-  EXPECT_EQ(m.ExecCount[2], 8);
-  EXPECT_EQ(m.ExecCount[4], 8);
-  EXPECT_EQ(m.ExecCount[8], 4);
-}
-
-TEST(RunLoop, AnInstructionRewrittenAgainAndAgain) {
-  // 0 ST GR4,2; 2 LAD GR5,.. or LD GR5,.. by turns; 4 JNZ 6; 6 XOR GR4,20; 8 LAD GR1,1,GR1; 10 CPL GR1,21;
-  // 12 JMI 0; 14 RET
-  Tcomet2 m =
-      machineWith({0x1140, 2, 0, 22, 0x6200, 6, 0x3240, 20, 0x1211, 1, 0x4110, 21, 0x6100, 0, 0x8100});
-  m.GR[4] = 0x1250;
-  m.Memory[20] = 0x1250 ^ 0x1050;
-  m.Memory[21] = 101;
-  m.Memory[22] = 77;
-  EXPECT_EQ(runAll(m), kEnd);
-  EXPECT_EQ(m.GR[5], 22);  // the 101st turn is a LAD
-  EXPECT_EQ(m.ExecCount[2], 101);
-}
-
 TEST(RunLoop, CountsGoOnAfterAStop) {
   Tcomet2 m = machineWith({0x1211, 1, 0x6400, 0});
   test::ScriptedPlatform platform;

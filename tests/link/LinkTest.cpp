@@ -90,22 +90,6 @@ TEST(Link, ForwardAddressesWaitForTheSecondRun) {
   EXPECT_EQ(linked.line(4).Word2, 25);
 }
 
-TEST(Link, AddressesOfLinesConstantsAndLiterals) {
-  Linked<> linked(kTwoPrograms);
-  ASSERT_EQ(linked.link(), 0);
-  const auto& zero = linked.line(2);
-  EXPECT_EQ(zero.AbAdr, 10);  // a DS of 0 words is the next word
-  const auto& buf = linked.line(20);
-  EXPECT_EQ(buf.RelAdr, 52);
-  EXPECT_EQ(buf.AbAdr, 77);
-  std::vector<int> constants;
-  for (const auto& c : linked.store.oprndsAtDC(linked.line(1))) constants.push_back(c.AbAdr);
-  EXPECT_THAT(constants, ::testing::ElementsAre(2, 3, 4, 5, 8, 9));
-  EXPECT_EQ(linked.store.literal(linked.line(6))->AbAdr, 23);
-  EXPECT_EQ(linked.store.literal(linked.line(6))->RelAdr, 23);
-  EXPECT_EQ(linked.store.literal(linked.line(16))->RelAdr, 56);
-}
-
 TEST(Link, LineOfAddress) {
   Linked<> linked(kTwoPrograms);
   ASSERT_EQ(linked.link(), 0);

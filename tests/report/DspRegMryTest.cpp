@@ -227,12 +227,6 @@ TEST(DspRegMry, LiteralBehindItsOwnStatementHasNoSecondEcho) {
   EXPECT_EQ(r.rows()[4].substr(67), "");
 }
 
-TEST(DspRegMry, EchoOfJapaneseText) {
-  WideReport r;
-  r.line("", "DC", "", {0x3042}).OprndComStr = u"'あ𠮟'";
-  EXPECT_EQ(r.rows()[1].substr(67), "   DC 'あ𠮟'");
-}
-
 TEST(DspRegMry, NoDashedLineWithoutTheEndOfTheLastProgram) {
   WideReport r;
   r.line("MAIN", "RET", "", {0x8100});
@@ -289,19 +283,6 @@ TEST(DspRegMry, NarrowColumnWidensAboveEleven) {
   const std::vector<std::string> rows = r.rows();
   EXPECT_EQ(rows[0], "  Address   Label   Char  Hex    UD     SD       Binary Code");
   EXPECT_EQ(rows[1].substr(0, 26), "#0000:    0: ABCDEFGH IJK:");
-}
-
-TEST(DspRegMry, AFailureLeavesTheOldFileAndTellsTheReason) {
-  WideReport r;
-  r.small();
-  r.platform.files[assembled] = "old";
-  r.platform.unwritable.insert(assembled);
-  EXPECT_EQ(r.write(assembled), "old");
-  EXPECT_EQ(r.platform.console, "aaAssembledRegMry.txt does not open.\nMsg:: No space left on device\n");
-  r.platform.console.clear();
-  r.platform.folders.insert(resultant);
-  EXPECT_EQ(r.write(resultant), "");
-  EXPECT_EQ(r.platform.console, "aaResultantRegMry.txt does not open.\nMsg:: Is a directory\n");
 }
 
 // An image of the greatest size: every row stands whole, whatever the pieces that go to the file.
