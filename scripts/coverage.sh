@@ -20,6 +20,12 @@ find build/coverage -name '*.gcda' -delete # the build has run the tests' progra
 # the tests of whole processes, which bound memory and end by signals, measure the program as it is built for use
 ctest --preset coverage -j "$(nproc)" -E '^(faults|program)\.' >build/coverage/ctest.log ||
   { cat build/coverage/ctest.log; exit 1; }
+# what an earlier build left of sources that are gone
+find build/coverage -name '*.gcno' | while read -r note; do
+  source=${note##*.dir/}
+  source=${source%.gcno}
+  [ -e "$source" ] || [ -e "tests/$source" ] || rm "$note"
+done
 gcovr --root . --filter src/ --exclude src/main.cpp --exclude-unreachable-branches -j "$(nproc)" \
   --json build/coverage/coverage.json build/coverage
 
