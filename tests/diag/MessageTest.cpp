@@ -1,4 +1,4 @@
-// The catalogue's rows: heads, holes, log, tallies, other families' words.
+// The catalogue's rows: heads by severity, tallies, replay, other families' words.
 #include <gtest/gtest.h>
 
 #include "diag/Heads.h"
@@ -23,7 +23,6 @@ constexpr Message quoted{Severity::Warning,
                          {.ja = "{quote}: 悪い。\n直す。", .en = "{quote}: Bad.\nMend it."}};
 constexpr Message quotedHead{
     Severity::Note, Head::QuoteLine, args("quote"), {.ja = "\n第一", .en = "\nFirst"}};
-constexpr Message fileLevel{Severity::Error, Head::Prefix, args(), bothLanguages("Nothing."), {}};
 constexpr Message aside =
     Message{Severity::Error, Head::LineBlank, args(), {.ja = "独言", .en = "Aside"}}.uncounted().unlogged();
 constexpr Message withEmptyLine{Severity::Error, Head::Line, args(),
@@ -43,26 +42,6 @@ class MessageTest : public ::testing::Test {
     return out;
   }
 };
-
-TEST_F(MessageTest, HeadsByShapeAndLanguage) {
-  object.report<WP, plainLine>(4, 9);
-  EXPECT_EQ(printed(), "Error : line 5: There are 9.\n");
-  object.report<WP, quoted>(0, quote(u"A"));
-  EXPECT_EQ(printed(), "Warning : line 1:  \"A\" : Bad.\nMend it.\n");
-  object.report<WP, quotedHead>(0, quote(u"A"));
-  EXPECT_EQ(printed(), "Note :  \"A\" line 1: \nFirst\n");
-  object.report<WP, fileLevel>(0);
-  EXPECT_EQ(printed(), "Error: Nothing.\n");
-  object.report<WP, aside>(1);
-  EXPECT_EQ(printed(), "Error : line 2 Aside\n");
-  object.report<WP, ownHead>(1, 7);
-  EXPECT_EQ(printed(), "Error : line=2 and 7 The same\n");
-  object.Lang = kJapanese;
-  object.report<WP, plainLine>(4, 9);
-  EXPECT_EQ(printed(), "エラー： 5 行目： 9 文字ある。\n");
-  object.report<WP, quotedHead>(0, quote(u"あ"));
-  EXPECT_EQ(printed(), "注意：  \"あ\" 1 行目： \n第一\n");
-}
 
 TEST(Heads, BySeverityAndLanguage) {
   struct Case {

@@ -118,15 +118,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Value{"LD GR1,=", kAdrInvalid, 0, "1 0 0"}, Value{"LD GR1,=A", kAdrInvalid, 0, "1 0 0"},
                       Value{"LD GR1,='A,B'", 0, 0, "0 0 0"}));
 
-TEST(AddressConst, WithoutBuffersThereIsNothingToDo) {
-  Bench<> bench("LD GR1,A");
-  bench.tested().Oprnd[2] = {};
-  EXPECT_EQ(CkAdrConst22<WP>(bench.a, bench.tested(), 2), kAdrNoOprnd);
-  bench.tested().Oprnd[0] = {};
-  EXPECT_EQ(CkAdrConst22<WP>(bench.a, bench.tested(), 2), kAdrNoOprndText);
-  EXPECT_EQ(bench.tallies(), "0 0 0");
-}
-
 TEST(AddressConst, AProgramGoesBeforeALabelOfTheSameText) {
   SourceLines<WP> source("MAIN START\n LAD GR1,OTHER\nOTHER DS 1\n END\nOTHER START\n END\n");
   source.line(2).AbAdr = 3;
@@ -157,18 +148,6 @@ TEST(AddressConst, ALiteralKeepsItsRecordFromRunToRun) {
   EXPECT_EQ(number.store.vecAdrConst[0].DataType, ConstKind::Dec);
   EXPECT_EQ(number.store.vecAdrConst[0].WordKazu, 1);
   EXPECT_EQ(number.tested().Word2, 60);
-}
-
-TEST(AddressConst, FullWidthCausesAreNamed) {
-  Bench<> mozi("LD GR1,Aあ");  // bad character, its cause, undefined
-  mozi.resolve();
-  EXPECT_EQ(mozi.tallies(), "3 0 0");
-  Bench<> space("LD GR1,A　");  // the full-width space is a full-width character as well
-  space.resolve();
-  EXPECT_EQ(space.tallies(), "4 0 0");
-  Bench<> decimal("LAD GR1,1　");
-  decimal.resolve();
-  EXPECT_EQ(decimal.tallies(), "2 0 0");
 }
 
 }  // namespace

@@ -156,14 +156,6 @@ TEST(LinkSize, MoreIsRefused) {
   EXPECT_NE(overMachine.printed().find("More than 65535 words cannot be reserved"), std::string::npos);
 }
 
-TEST(LinkSize, BeyondEveryCounter) {
-  std::string source = "A START\n";
-  for (int i = 0; i < 33100; ++i) source += " DS 65035\n";
-  Linked<> linked(source + " RET\n END\n");
-  EXPECT_EQ(linked.link(), -2);
-  EXPECT_NE(linked.printed().find("needs 2147483647 words"), std::string::npos);
-}
-
 // --- guards of the copy ---
 
 TEST(SetMemory, AnEmptyCharacterConstantEndsTheCopy) {

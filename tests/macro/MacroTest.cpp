@@ -71,14 +71,6 @@ TEST(Macro2, BlanksAtTheEndsAreCut) {
   EXPECT_EQ(bench.tallies(), "0 0 0");
 }
 
-TEST(Macro2, WithoutBuffersItDoesNothing) {
-  Bench<> bench("IN BUF");
-  bench.tested().Oprnd[2] = {};
-  macro2<WP>(bench.a, bench.tested());
-  EXPECT_EQ(bench.tested().word_kazu, 0);
-  EXPECT_EQ(bench.tallies(), "0 0 0");
-}
-
 TEST(InOut, OnlyLabelsOfTheOwnProgramCount) {
   for (const char* line : {"IN BUF INNER", "IN BUF OTHER", "IN BUF ATEND"}) {
     Bench<> bench(line);

@@ -189,13 +189,6 @@ TEST_F(LoadTest, AnEmptyNameLeavesTheRecordAsItWas) {
   EXPECT_EQ(code.BomText, "FFFE");
 }
 
-TEST_F(LoadTest, NamesWithBlanksOpenWithoutTheirQuotes) {
-  platform.files["my src/a b.txt"] = "A";
-  EXPECT_EQ(loadSource<WP>(a, code, "\"my src\\a b.txt\"", 0), 0);
-  EXPECT_NE(platform.console.find("* Reading \"my src\\a b.txt\"   sjis"), std::string::npos);
-  EXPECT_EQ(lines(), "0:A|1");
-}
-
 TEST_F(LoadTest, TheNarrowLoaderKeepsCp932) {
   EXPECT_EQ(load<AP>("A あ\r\n; 𠮷\n 𠮷x\n\n\x82\xA0\xB1"), 0);
   EXPECT_EQ(platform.console, "Reading f. \n");
@@ -216,16 +209,6 @@ TEST_F(LoadTest, TheNarrowLinesWidenedKeepTheirPlaces) {
   EXPECT_EQ(lines<NA>(), "0");
   platform.files.clear();
   EXPECT_EQ(loadWidened(a, code, "f", 0), -3);
-}
-
-TEST_F(LoadTest, LongLinesAndManyLines) {
-  const std::string line(10'000'000, 'x');
-  load(" " + line + "\n");
-  EXPECT_EQ(a.b.vecSrcW.lines().front().SrcStr.size(), line.size() + 1);
-  std::string comments;
-  for (int i = 0; i < 100'000; ++i) comments += "; comment\n";
-  load(comments + "A");
-  EXPECT_EQ(lines(), "100000:A|100001");
 }
 
 }  // namespace

@@ -51,13 +51,6 @@ TEST(Extraction, TheFourOperands) {
   }
 }
 
-TEST(Extraction, AnOperandWithoutInnerBlanksIsNoCopy) {
-  Program<WP> p(" LD GR1,A");
-  p.extract();
-  const auto& line = p.line();
-  EXPECT_EQ(line.Oprnd[2].data(), line.Oprnd[0].data() + 4);
-}
-
 TEST(Extraction, BehindAFaultTheRestIsANewOperandInTheSameBuffer) {
   for (const Case& c : {Case{"GR1,='ABC", "GR1,|='ABC|||", 1}, Case{"GR1,='ABC''", "GR1,|='ABC''|||", 1},
                         Case{"GR1,='ABC'X", "GR1,|'X|||", 2}, Case{"GR1,='ABC'X,GR2", "GR1,|'X,|GR2||", 3}}) {
