@@ -6,9 +6,8 @@
 #include <sstream>
 #include <utility>
 
-#include "shell/Prompt.h"
-
 #include "diag/Say.h"
+#include "shell/Prompt.h"
 
 namespace zelvaro {
 namespace {
