@@ -139,6 +139,7 @@ void playGoldenFiles() {
 
 TEST(Catalogue, EveryRowIsIssuedInEachLanguage) {
   playGoldenFiles();
+  RecordProperty("rows", static_cast<int>(catalogue().size()));
   GoldenFile guards = readGolden(std::string(ZELVARO_ROOT) + "/tests/whole/guards.golden");
   if (rewriting()) guards.cases.clear();
   guards.cases.resize(std::size(kGuards));
