@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "Fuzz.h"
+#include "comet2/Comparison.h"
 #include "comet2/Run.h"
 #include "comet2/RunLoop.h"
-#include "comet2/SlowMachine.h"
 #include "diag/Message.h"
 
 namespace zelvaro::fuzz {
@@ -14,28 +14,6 @@ namespace {
 using test::SlowMachine;
 
 constexpr std::int64_t kMostSteps = 5'000;
-
-/// Stops at the store guard and notes the store warnings without a word.
-class SilentWatch : public StoreWatch {
- public:
-  SilentWatch(int PrgEndAdr, int limit) : StoreWatch(std::min(PrgEndAdr, limit)), limit_(limit) {}
-  int st511(Tcomet2&, std::int32_t effAdr, std::int32_t) override {
-    if (effAdr >= limit_) return kRunMustStop;
-    from_ = limit_;
-    return 0;
-  }
-
- private:
-  int limit_;
-};
-
-LimitedPlatform platformWithInput() {
-  LimitedPlatform platform;
-  for (const char* line :
-       {"", "A", "abcdefgh", "日本語𠮷", "\xFF", "0123456789012345678901234567890123456789"})
-    platform.typed.emplace_back(line);
-  return platform;
-}
 
 /// The state that a run begins with, and the words from address 0.  Registers hold what a program can leave
 /// in them: a word, read as signed or as unsigned.
@@ -59,22 +37,11 @@ Tcomet2 machineOf(Input& in, int& PrgEndAdr) {
   return m;
 }
 
-void requireSame(Tcomet2& m, Tcomet2& slow) {
-  const auto same = [](Cells& a, Cells& b) { return std::equal(a.begin(), a.end(), b.begin()); };
-  require(m.PR == slow.PR && m.SP == slow.SP && m.OS == slow.OS && m.EffAdr == slow.EffAdr,
-          "PR, SP, OS or the effective address differs from the slow machine");
-  require(m.GR == slow.GR, "a register differs from the slow machine");
-  require(m.Fovf == slow.Fovf && m.Fsign == slow.Fsign && m.Fzero == slow.Fzero,
-          "a flag differs from the slow machine");
-  require(m.StackArea == slow.StackArea, "the stack differs from the slow machine");
-  require(same(m.Memory, slow.Memory), "the memory differs from the slow machine");
-  require(same(m.ExecCount, slow.ExecCount), "a count differs from the slow machine");
-}
-
 template <class Family>
 void run(Tcomet2& m, int PrgEndAdr) {
   constexpr int kLimit = kRunLimit<Family>;
-  LimitedPlatform slowPlatform = platformWithInput();
+  LimitedPlatform slowPlatform;
+  test::typeSomething(slowPlatform);
   LimitedPlatform platform = slowPlatform;
   SlowMachine slow(m, slowPlatform, kLimit, PrgEndAdr);
   if (slow.run(kMostSteps) != Stop::Steps) {
@@ -82,14 +49,16 @@ void run(Tcomet2& m, int PrgEndAdr) {
     Run3<Family>(m, {platform, time, PrgEndAdr});
     m.setMaxExecCount();
   } else {
-    SilentWatch watch(PrgEndAdr, kLimit);
+    test::SilentWatch watch(PrgEndAdr, kLimit);
     std::int64_t left = kMostSteps;
     const Stop stop = runLoop(m, platform, watch, kLimit, left);
     const Stop slowStop = slow.run(stop == Stop::Steps ? kMostSteps - left : kMostSteps + 3);
     require(stop == slowStop && kMostSteps - left == slow.executed, "the run loop stops elsewhere");
     require(platform.console == slowPlatform.console, "OUT shows something else");
+    require(watch.warnings == slow.warnings, "a store is warned of elsewhere");
   }
-  requireSame(m, slow.m);
+  const std::string differs = test::difference(m, slow.m);
+  require(differs.empty(), "not as in the slow machine:" + differs);
 }
 
 }  // namespace

@@ -27,8 +27,8 @@ int TGame::pass(const Pipeline& p) {
   clearForPass(p);
   std::string name;
   int result = menu_.MainMenu(p, name);
-  if (result == MenuGoFile && !withinMemory([&] { result = assembleAndRun(p, name); })) result = LoadFailed;
   takeLanguage();
+  if (result == MenuGoFile && !withinMemory([&] { result = assembleAndRun(p, name); })) result = LoadFailed;
   return result;
 }
 
@@ -52,7 +52,6 @@ bool TGame::withinMemory(Work work) {
 int TGame::assembleAndRun(const Pipeline& p, const std::string& name) {
   const bool loaded = readSource(p, name);
   takeStamp(s_.timeData, s_.platform, Stamp::AssembleStart);
-  takeLanguage();
   if (!loaded) return LoadFailed;
   LastFileName = s_.b.SrcFilename = name;
   if (!runStages(p) || !link(p)) return MenuGoFile;

@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include "SlowMachine.h"
+#include "comet2/Comparison.h"
 #include "comet2/RunLoop.h"
 #include "encode/Instructions.h"
 #include "support/ScriptedPlatform.h"
@@ -14,23 +14,9 @@
 namespace zelvaro {
 namespace {
 
+using test::SilentWatch;
 using test::SlowMachine;
-
-/// Watches stores as the families with the limit of tMaxMemory do, and says nothing.
-class SilentWatch : public StoreWatch {
- public:
-  SilentWatch(int PrgEndAdr, int limit) : StoreWatch(std::min(PrgEndAdr, limit)), limit_(limit) {}
-  int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override {
-    if (effAdr >= limit_) return kRunMustStop;
-    warnings.emplace_back(effAdr, m.PR, count);
-    from_ = limit_;
-    return 0;
-  }
-  std::vector<test::Warning> warnings;
-
- private:
-  int limit_;
-};
+using test::typeSomething;
 
 /// Images full of what the loop takes together, of stores into the code and of words that are none.
 class RandomImage {
@@ -141,15 +127,6 @@ class RandomImage {
   int base_ = 0;  ///< address of the first word of the code
 };
 
-void typeSomething(test::ScriptedPlatform& platform) {
-  for (const char* line : {"", "A", "abcdefgh", "日本語", "\xFF", "0123456789012345678901234567890123456789"})
-    platform.typed.emplace_back(line);
-}
-
-bool sameCells(Cells& a, Cells& b) {
-  return std::equal(a.begin(), a.end(), b.begin());
-}
-
 /// A run of the loop: what it leaves behind.
 struct Run {
   Tcomet2 m;
@@ -160,17 +137,9 @@ struct Run {
     typeSomething(platform);
   }
   void expectSame(SlowMachine& slow, const std::string& slowConsole) {
-    EXPECT_EQ(m.PR, slow.m.PR);
-    EXPECT_EQ(m.SP, slow.m.SP);
-    EXPECT_EQ(m.OS, slow.m.OS);
-    EXPECT_EQ(m.EffAdr, slow.m.EffAdr);
-    EXPECT_EQ(m.GR, slow.m.GR);
-    EXPECT_EQ(std::tie(m.Fovf, m.Fsign, m.Fzero), std::tie(slow.m.Fovf, slow.m.Fsign, slow.m.Fzero));
-    EXPECT_EQ(m.StackArea, slow.m.StackArea);
+    EXPECT_EQ(test::difference(m, slow.m), "");
     EXPECT_EQ(watch.warnings, slow.warnings);
     EXPECT_EQ(platform.console, slowConsole);
-    EXPECT_TRUE(sameCells(m.Memory, slow.m.Memory));
-    EXPECT_TRUE(sameCells(m.ExecCount, slow.m.ExecCount));
   }
 };
 

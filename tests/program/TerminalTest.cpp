@@ -89,11 +89,15 @@ TEST_F(Terminals, TextThatSteersAScreenIsHarmlessThereAndUnchangedThroughAPipe) 
 
 TEST_F(Terminals, ClosedStandardDescriptorsAreNoPlaceForFiles) {
   folder.write("p.txt", "P START\n RET\n END\n");
-  const Ended ended = runProgram(folder.path(), running("p.txt") + "\n123\n", {.outputIsClosed = true});
+  // an editor that can print has been handed an open output
+  folder.write("zelvaro.ini", kSettings + "[Editor]\nTextEditorIndex=1\nTextEditorPath1=" +
+                                  folder.writeProgram("e", "echo text && echo fine > printed\n") + "\n");
+  const Ended ended = runProgram(folder.path(), running("p.txt") + "\n2\n\n123\n", {.outputIsClosed = true});
   EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(folder.read("printed"), "fine\n");
   for (const char* name : {"zelvaro.ini", "aaAssembledRegMry.txt", "aaResultantRegMry.txt"})
     EXPECT_THAT(folder.read(name), Not(HasSubstr("Menu:"))) << name;
-  EXPECT_TRUE(folder.read("zelvaro.ini").ends_with("TextEditorPath2=\n"));
+  EXPECT_THAT(folder.read("zelvaro.ini"), HasSubstr("TextEditorPath2=\n"));
 }
 
 }  // namespace
