@@ -6,9 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+
+#include "platform/Files.h"
 
 extern char** environ;
 
@@ -149,8 +150,7 @@ int runAndWait(const std::vector<std::string>& arguments, bool terminalInput) {
   const int error = spawn(pid, arguments, setting);
   if (error != 0) return error;
   int status = 0;
-  while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-  }
+  uninterrupted([&] { return ::waitpid(pid, &status, 0); });
   return 0;
 }
 
