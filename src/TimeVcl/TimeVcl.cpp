@@ -128,20 +128,21 @@ std::string DetTimeDiff_MilliSecStr_General(const TimeData& t, Platform& platfor
   return std::to_string(s.ms) + (t.ClockIndex == kQPC ? "." + std::to_string(s.tenths) : "");
 }
 
-std::string timeLineOfErrors(const TimeData& t, Platform& platform, bool fixedForm) {
+std::string timeLineOfErrors(const TimeData& t, Platform& platform, TimeLines form) {
   return spans(t, platform, "ReadFileTime", "AssembleTime") + ") msec =(ReadFile, Assemble)Time " +
-         (fixedForm ? "" : t.ClockName + "  ") + "\n";
+         (form == TimeLines::Fixed ? "" : t.ClockName + "  ") + "\n";
 }
 
-std::string timeLineOfLink(const TimeData& t, Platform& platform, bool fixedForm) {
-  if (fixedForm) return timeLineOfReport(t, platform, false);
+std::string timeLineOfLink(const TimeData& t, Platform& platform, TimeLines form) {
+  if (form == TimeLines::Fixed) return timeLineOfReport(t, platform, ReportForm::Fixed);
   return spans(t, platform, "ReadFileTime", "AssembleTime", "LinkTime") +
          ") msec =(ReadFile, Assemble, Link)Time  " + t.ClockName + " \n";
 }
 
-std::string timeLineOfReport(const TimeData& t, Platform& platform, bool wide) {
+std::string timeLineOfReport(const TimeData& t, Platform& platform, ReportForm form) {
   const std::string numbers = spans(t, platform, "ReadFileTime", "AssembleTime", "LinkTime");
-  if (wide) return numbers + ") msec =(Read File, Assemble, Link)Time  " + t.ClockName + " \n";
+  if (form == ReportForm::Wide)
+    return numbers + ") msec =(Read File, Assemble, Link)Time  " + t.ClockName + " \n";
   return numbers + ") msec =(ReadFile, Assemble, Link)Time " + t.ClockName + "  \n";
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "diag/Family.h"
 #include "platform/Platform.h"
 
 namespace zelvaro {
@@ -34,9 +35,9 @@ std::string DetTimeDiff_General(const TimeData& t, Platform& platform, std::stri
 std::string DetTimeDiff_MilliSecStr_General(const TimeData& t, Platform& platform, std::string_view name);
 
 /// The time lines: "(12.3, 45.6) msec =..." without and with the link, line end included.
-std::string timeLineOfErrors(const TimeData& t, Platform& platform, bool fixedForm);
-std::string timeLineOfLink(const TimeData& t, Platform& platform, bool fixedForm);
-/// The line of a report file; `wide` for the reports of the wide pipelines.
-std::string timeLineOfReport(const TimeData& t, Platform& platform, bool wide);
+std::string timeLineOfErrors(const TimeData& t, Platform& platform, TimeLines form);
+std::string timeLineOfLink(const TimeData& t, Platform& platform, TimeLines form);
+/// The line of a report file.
+std::string timeLineOfReport(const TimeData& t, Platform& platform, ReportForm form);
 
 }  // namespace zelvaro

@@ -6,17 +6,13 @@
 #include <string>
 
 #include "comet2/Cells.h"
+#include "diag/Limits.h"
 
 namespace zelvaro {
 
-inline constexpr int tMaxMemory = 65000;      ///< limit of a run in all pipelines but NH
-inline constexpr int MaxMemory = 3500;        ///< the same in pipeline NH
-inline constexpr int kFirstSP = 0xFFFF;       ///< SP of an empty stack
-inline constexpr int kStackDepth = 500;       ///< words of the stack; the lowest SP in use is #FE0B
-inline constexpr int kGreatestImage = 65035;  ///< words of the greatest image that links (#FE0B)
-inline constexpr int kMemoryCells = 65635;    ///< cells of Memory, more than addresses
-inline constexpr int kLinesKnown = 65036;     ///< LineOfAddress has entries below this address (#FE0C)
-inline constexpr int kAddressSpace = 65536;
+inline constexpr int kFirstSP = 0xFFFF;     ///< SP of an empty stack
+inline constexpr int kMemoryCells = 65635;  ///< cells of Memory, more than addresses
+inline constexpr int kLinesKnown = 65036;   ///< LineOfAddress has entries below this address (#FE0C)
 
 /// The machine.  Cells and registers are 32-bit integers; the word that one holds is its low 16 bits.
 class Tcomet2 {
@@ -37,7 +33,6 @@ class Tcomet2 {
   std::int32_t EffAdr = 0;  ///< the effective address last computed, 0 to 65535
   std::int32_t SP = kFirstSP;
   std::int32_t Fovf = 0, Fsign = 0, Fzero = 0;  ///< 0 or 1
-  std::int32_t IsEnglish = 1;                   ///< 0 Japanese; the language of every message of the run
   std::string Filename;                         ///< the first program's name, UTF-8
 
   /// Works out MaxExecCount and ExecCountDigits.

@@ -6,13 +6,10 @@
 
 namespace zelvaro {
 
-inline constexpr std::uint8_t kNarrow = families(FamilyId::AP, FamilyId::NA);
-inline constexpr std::uint8_t kFixed = families(FamilyId::NH);
-inline constexpr std::uint8_t kNarrowAndFixed = families(FamilyId::AP, FamilyId::NA, FamilyId::NH);
-
 inline constexpr Message prGuard{
-    Severity::Plain,
-    Head::None,
+    "pr-guard",
+    Severity::Notice,
+    Head::Open,
     args("hex4", "dec"),
     {.ja = "実行時エラー：実行途中停止！\n"
            "プログラムレジスター(PR)が この COMET2 シミレーター の "
@@ -55,7 +52,7 @@ inline constexpr Message prGuard{
              "The comet2 has 65536 words in memory in truth. "
              "But this simulator has only 64000 memories for the sake of simplicity. "
              "PR = #{hex4} = {dec}(dec) \n"}},
-     {kFixed,
+     {kNH,
       {.ja = "--> 中止！\n"
              "プログラムレジスター(PR)が この COMET2 シミレーター の "
              "最大メモリー 3200 番地を超えました。 "
@@ -78,8 +75,9 @@ inline constexpr Message prGuard{
              "PR = #{hex4} = {dec}(dec). \n"}}}};
 
 inline constexpr Message registerGuard{
-    Severity::Plain,
-    Head::None,
+    "register-guard",
+    Severity::Notice,
+    Head::Open,
     args("word", "hex4", "dec"),
     {.ja = "実行時エラー：実行途中停止\n"
            "機械語命令が GR0-GR7 以外のレジスターを指定している。 "
@@ -94,7 +92,7 @@ inline constexpr Message registerGuard{
            "The comet2 has been terminated "
            "because an opcode of #{word} is going to be executed. \n"
            "Program Register(PR)=#{hex4}= {dec}(Address in Decimal Number).  \n"},
-    {{kNarrowAndFixed,
+    {{kNarrow | kNH,
       {.ja = "中止\n"
              "機械語命令が GR0-GR7 以外のレジスターを指定しているかのように読み取れる。 "
              "あるいは、機械語命令がそのように変化している。 "
@@ -111,8 +109,9 @@ inline constexpr Message registerGuard{
 
 /// Its first words; loadGuardCells follows.
 inline constexpr Message loadGuard{
-    Severity::Plain,
-    Head::None,
+    "load-guard",
+    Severity::Notice,
+    Head::Open,
     args(),
     {.ja = "\n実行時エラー：途中中止：  tMaxMemory を超えてロードしようとしたので"
            "実行を中止しました。 \n",
@@ -125,7 +124,7 @@ inline constexpr Message loadGuard{
        .en = "--> OS: Termination of the comet2.  "
              "The virtual OS has detected that the comet2 "
              "is going to access a memory beyond tMaxMemory. \n"}},
-     {kFixed,
+     {kNH,
       {.ja = "-> 中止。  MaxMemory を超えてロードしようとしたので"
              "実行を中止しました。 \n",
        .en = "--> OS: Termination of the comet2.  "
@@ -134,8 +133,9 @@ inline constexpr Message loadGuard{
 
 /// The instruction's two words and the cell that the second one names, no index register added.
 inline constexpr Message loadGuardCells{
-    Severity::Plain,
-    Head::None,
+    "load-guard-cells",
+    Severity::Notice,
+    Head::Open,
     args("adr1", "hex1", "dec1", "adr2", "hex2", "dec2", "hex3", "dec3"),
     {.ja = "PR={adr1} 番地の Memory[{adr1}]=#{hex1}={dec1}(dec) と \n"
            "PR={adr2} 番地の Memory[{adr2}]=#{hex2}={dec2}(dec)\n"
@@ -146,8 +146,9 @@ inline constexpr Message loadGuardCells{
            "Memory[{dec2}]=#{hex3}={dec3}(dec). \n"}};
 
 inline constexpr Message storeGuard{
-    Severity::Plain,
-    Head::None,
+    "store-guard",
+    Severity::Notice,
+    Head::Open,
     args("hex4", "hex", "dec"),
     {.ja = "実行時エラー：　中止\n"
            "#{hex} = {dec} （10進数）番地の命令の実行時 65000 番地を超えてデータを"
@@ -162,7 +163,7 @@ inline constexpr Message storeGuard{
            "of 65000. "
            "So the OS has terminated the comet2; "
            " otherwise the comet2 would get out of control. \n"},
-    {{kFixed,
+    {{kNH,
       {.ja = "実行時エラー：　中止"
              "警告： このシミレイターで用意しているメモリは 3465 個だけです。 "
              "  {hex} = {dec} （10進数）番地の命令を実行したときに"
@@ -185,8 +186,9 @@ inline constexpr Message storeGuard{
 /// `reserved` is the first address behind the Reserved Area, `last` the address in front of it; for the
 /// fixed form both are LastAdr.
 inline constexpr Message storeWarning{
-    Severity::Plain,
-    Head::None,
+    "store-outside",
+    Severity::Notice,
+    Head::Open,
     args("reserved", "last", "effAdr", "adr", "hex4", "hex", "count", "ordinal"),
     {.ja = "\n\n 警告： 確保した（comet2の）メモリ領域以外への書き込み！\n"
            "あなたのプログラムが確保したメモリ領域は {last} （10進数）番地までです。\n"
@@ -203,7 +205,7 @@ inline constexpr Message storeWarning{
            "It has occured when a machine code of \n"
            "(Address, Machine Code)=(#{adr}, #{hex4})\n"
            "is done at the {ordinal} execution. \n"},
-    {{kFixed,
+    {{kNH,
       {.ja = " 警告： あなたが作成したプログラムが確保したメモリ領域は {last} （10進数）番地までです。 "
              "これを超えて {effAdr} （10進数）番地にデータがストア（ＳＴ）されました。 "
              "これはあなたが意図したものですか。"
@@ -217,8 +219,9 @@ inline constexpr Message storeWarning{
              "It has occured when a machine code of "
              "#{hex} at the address of #{adr}is executed. "}}}};
 
-inline constexpr Message stackGuard{Severity::Plain,
-                                    Head::None,
+inline constexpr Message stackGuard{"stack-guard",
+                                    Severity::Notice,
+                                    Head::Open,
                                     args("hex", "dec"),
                                     {.ja = "スタックエリア（このシミレイターでは 500 個）をこえて"
                                            "スタックしようとしたので実行を中止しました。"
@@ -232,8 +235,9 @@ inline constexpr Message stackGuard{Severity::Plain,
                                            "The stack area is allocated between "
                                            "#FFFF and (#FFFF(hex)-500(dec)) in memory. "}};
 
-inline constexpr Message emptyStackGuard{Severity::Plain,
-                                         Head::None,
+inline constexpr Message emptyStackGuard{"empty-stack-guard",
+                                         Severity::Notice,
+                                         Head::Open,
                                          args("hex", "dec"),
                                          {.ja = "スタックエリアが空なのに、POP 命令でデータを"
                                                 "取り出そうとしたので実行を中止しました。"
@@ -247,14 +251,15 @@ inline constexpr Message emptyStackGuard{Severity::Plain,
                                                 "It has happened when an opcode at address "
                                                 "of #{hex} is executed. "}};
 
-inline constexpr Message returnGuard{Severity::Plain, Head::None, args("sp"),
+inline constexpr Message returnGuard{"return-guard", Severity::Notice, Head::Open, args("sp"),
                                      bothLanguages("SP=#{sp} "
                                                    "An unknown error has happened "
                                                    "in Tcomet2::ret581(), ret681. ")};
 
 inline constexpr Message nopGuard{
-    Severity::Plain,
-    Head::None,
+    "nop-guard",
+    Severity::Notice,
+    Head::Open,
     args("word", "dec"),
     {.ja = "\n実行時エラー：COMET2 を強制終了させました。\n"
            "ソースコードを見直してください。\n"
@@ -274,13 +279,14 @@ inline constexpr Message nopGuard{
     {{kNarrow, bothLanguages("An unknown error has happened in Tcomet2::Run(). "
                              "NOP should be #0000. But this NOP is "
                              "#{word} at an address of {dec} in the comet2.  8DFA436D")},
-     {kFixed, bothLanguages("An unknown error has happened in Tcomet2::Run(). "
-                            "Because NOP should be #0000, "
-                            "but this NOP is "
-                            "#{word} at the address of {dec} in the memory of comet2.  8DFA436D")}}};
+     {kNH, bothLanguages("An unknown error has happened in Tcomet2::Run(). "
+                         "Because NOP should be #0000, "
+                         "but this NOP is "
+                         "#{word} at the address of {dec} in the memory of comet2.  8DFA436D")}}};
 
-inline constexpr Message unregisteredGuard{Severity::Plain,
-                                           Head::None,
+inline constexpr Message unregisteredGuard{"unregistered-code",
+                                           Severity::Notice,
+                                           Head::Open,
                                            args("word", "hex", "dec"),
                                            {.ja = "\n実行時エラー： comet2 を強制終了させました。\n"
                                                   "登録されていない命令コード "
@@ -293,7 +299,7 @@ inline constexpr Message unregisteredGuard{Severity::Plain,
                                                   "#{word} is going to be executed.  "
                                                   "Program Register(pr)=#{hex}=dec{dec} \n"
                                                   "An unknown error has happened in Tcomet2::Run(). "},
-                                           {{kNarrowAndFixed,
+                                           {{kNarrow | kNH,
                                              {.ja = "登録されていない命令コード "
                                                     "#{word} を実行しようとしたので実行を中止しました。\n"
                                                     "Program Register(pr)=#{hex}=dec{dec}\n"

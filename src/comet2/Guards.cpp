@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "comet2/GuardWords.h"
-#include "diag/Say.h"
 
 namespace zelvaro {
 
@@ -19,92 +18,73 @@ std::string hex(std::int32_t number) {
   return fmt::format("{:X}", static_cast<std::uint32_t>(number));
 }
 
-constexpr bool isFixedForm(FamilyId family) {
-  return family == FamilyId::NH;
-}
-
 std::int32_t cell(const Tcomet2& m, std::int32_t adr) {
   return m.Memory[static_cast<std::size_t>(unsignedWord(adr))];
 }
 
-template <class Family>
-void tellLoadGuard(const Tcomet2& m, Platform& platform) {
+void reportLoadGuard(const Tcomet2& m, DiagSink& sink) {
   const std::int32_t first = unsignedWord(cell(m, m.PR - 1));
   const std::int32_t second = unsignedWord(cell(m, m.PR));
   const std::int32_t named = unsignedWord(cell(m, second));
-  say<Family, loadGuard>(platform, m.IsEnglish);
-  say<Family, loadGuardCells>(platform, m.IsEnglish, m.PR - 1, hex4(first), first, m.PR, hex4(second), second,
-                              hex4(named), named);
+  sink.say(loadGuard);
+  sink.say(loadGuardCells, m.PR - 1, hex4(first), first, m.PR, hex4(second), second, hex4(named), named);
 }
 
-template <class Family>
-std::int32_t firstWarned(const Tcomet2& m, int PrgEndAdr) {
-  return std::min(isFixedForm(Family::id) ? m.LastAdr + 1 : PrgEndAdr, kRunLimit<Family>);
+bool warnsOfEach(const RunEnvironment& env) {
+  return env.family.storeWarning == StoreWarning::EachNewAddress;
+}
+
+std::int32_t firstWarned(const Tcomet2& m, const RunEnvironment& env) {
+  return std::min(warnsOfEach(env) ? m.LastAdr + 1 : env.PrgEndAdr, env.family.runLimit);
 }
 
 }  // namespace
 
-template <class Family>
-FamilyStoreWatch<Family>::FamilyStoreWatch(const Tcomet2& m, Platform& platform, int PrgEndAdr)
-    : StoreWatch(firstWarned<Family>(m, PrgEndAdr)), platform_(platform), PrgEndAdr_(PrgEndAdr) {}
+GuardedStores::GuardedStores(const Tcomet2& m, const RunEnvironment& env)
+    : StoreWatch(firstWarned(m, env)), env_(env) {}
 
-template <class Family>
-int FamilyStoreWatch<Family>::st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) {
+bool GuardedStores::st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) {
   const std::int32_t adr = m.PR - 1;
-  if (effAdr >= kRunLimit<Family>) {
-    say<Family, storeGuard>(platform_, m.IsEnglish, hex4(adr), hex(adr), adr);
-    return kRunMustStop;
+  if (effAdr >= env_.family.runLimit) {
+    env_.sink.say(storeGuard, hex4(adr), hex(adr), adr);
+    return false;
   }
   const std::int32_t word = unsignedWord(cell(m, adr));
-  const std::int32_t reserved = isFixedForm(Family::id) ? m.LastAdr : PrgEndAdr_;
-  const std::int32_t last = isFixedForm(Family::id) ? m.LastAdr : PrgEndAdr_ - 1;
-  say<Family, storeWarning>(platform_, m.IsEnglish, reserved, last, effAdr, hex4(adr), hex4(word), hex(word),
-                            count, ordinal(count));
-  platform_.flush();
-  // the fixed form warns again of each address above the last one, the others once a run
-  if (isFixedForm(Family::id)) m.LastAdr = effAdr;
-  from_ = isFixedForm(Family::id) ? effAdr + 1 : kRunLimit<Family>;
-  return 0;
+  const bool each = warnsOfEach(env_);
+  const std::int32_t reserved = each ? m.LastAdr : env_.PrgEndAdr;
+  const std::int32_t last = each ? m.LastAdr : env_.PrgEndAdr - 1;
+  env_.sink.say(storeWarning, reserved, last, effAdr, hex4(adr), hex4(word), hex(word), count,
+                ordinal(count));
+  env_.platform.flush();
+  if (each) m.LastAdr = effAdr;
+  from_ = each ? effAdr + 1 : env_.family.runLimit;
+  return true;
 }
 
-template <class Family>
-void tellStop(Stop stop, Tcomet2& m, Platform& platform) {
+void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink) {
   const std::int32_t word = cell(m, m.PR);
   switch (stop) {
     case Stop::Pr:
-      say<Family, prGuard>(platform, m.IsEnglish, hex4(m.PR), m.PR);
-      break;
+      return sink.say(prGuard, hex4(m.PR), m.PR);
     case Stop::Register:
-      say<Family, registerGuard>(platform, m.IsEnglish, hex4(word), hex4(m.PR), m.PR);
-      break;
+      return sink.say(registerGuard, hex4(word), hex4(m.PR), m.PR);
     case Stop::Load:
-      tellLoadGuard<Family>(m, platform);
-      break;
+      return reportLoadGuard(m, sink);
     case Stop::Stack:
-      say<Family, stackGuard>(platform, m.IsEnglish, hex(m.PR - 1), m.PR - 1);
-      break;
+      return sink.say(stackGuard, hex(m.PR - 1), m.PR - 1);
     case Stop::EmptyStack:
-      say<Family, emptyStackGuard>(platform, m.IsEnglish, hex(m.PR), m.PR);
-      break;
+      return sink.say(emptyStackGuard, hex(m.PR), m.PR);
     case Stop::Return:
-      say<Family, returnGuard>(platform, m.IsEnglish, hex(m.SP));
-      break;
+      return sink.say(returnGuard, hex(m.SP));
     case Stop::Nop:
-      say<Family, nopGuard>(platform, m.IsEnglish, hex4(word), m.PR);
-      break;
+      return sink.say(nopGuard, hex4(word), m.PR);
     case Stop::Unregistered:
-      say<Family, unregisteredGuard>(platform, m.IsEnglish, hex4(word), hex(m.PR), m.PR);
-      break;
+      return sink.say(unregisteredGuard, hex4(word), hex(m.PR), m.PR);
     case Stop::End:
     case Stop::Store:
     case Stop::Steps:
-      break;
+      return;
   }
 }
-
-#define ZELVARO_INSTANTIATE(F)        \
-  template class FamilyStoreWatch<F>; \
-  template void tellStop<F>(Stop, Tcomet2&, Platform&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
 
 }  // namespace zelvaro

@@ -4,8 +4,7 @@
 #include <cstdint>
 
 #include "comet2/Comet2.h"
-#include "diag/Family.h"
-#include "platform/Platform.h"
+#include "comet2/Run.h"
 
 namespace zelvaro {
 
@@ -24,19 +23,13 @@ enum class Stop : std::uint8_t {
   Steps          ///< the number of steps asked for is reached
 };
 
-inline constexpr int kRunMustStop = 999;  ///< what the store guard returns then
-
-/// The highest address that a run may use.
-template <class Family>
-inline constexpr int kRunLimit = Family::id == FamilyId::NH ? MaxMemory : tMaxMemory;
-
 /// Asked about every indexed store at or above `from()`.
 class StoreWatch {
  public:
   virtual ~StoreWatch() = default;
-  /// The store guard and the store warning, for an ST whose second word PR stands on and which has been
-  /// executed `count` times.  Returns kRunMustStop, or 0 if the store is to be carried out.
-  virtual int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
+  /// The store guard and the store warning, for an ST whose second word PR is on and which has been executed
+  /// `count` times.  Whether the store is to be carried out; else the run must stop.
+  virtual bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
   std::int32_t from() const { return from_; }
 
  protected:
@@ -44,19 +37,17 @@ class StoreWatch {
   std::int32_t from_;
 };
 
-template <class Family>
-class FamilyStoreWatch : public StoreWatch {
+/// The guard of a pipeline: its limit, and the words of its family.
+class GuardedStores : public StoreWatch {
  public:
-  FamilyStoreWatch(const Tcomet2& m, Platform& platform, int PrgEndAdr);
-  int st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override;
+  GuardedStores(const Tcomet2& m, const RunEnvironment& env);
+  bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override;
 
  private:
-  Platform& platform_;
-  int PrgEndAdr_;
+  const RunEnvironment& env_;
 };
 
-/// Prints the words of a stop, without the end words and the run time that may follow.
-template <class Family>
-void tellStop(Stop stop, Tcomet2& m, Platform& platform);
+/// Says the words of a stop, without the end words and the run time that may follow.
+void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink);
 
 }  // namespace zelvaro

@@ -3,22 +3,22 @@
 
 #include "TimeVcl/TimeVcl.h"
 #include "comet2/Comet2.h"
-#include "diag/Family.h"
+#include "diag/Diagnostic.h"
 #include "platform/Platform.h"
 
 namespace zelvaro {
 
 /// What a run needs besides the machine.
 struct RunEnvironment {
-  Platform& platform;
+  Platform& platform;  ///< where IN reads and OUT writes
+  DiagSink& sink;      ///< takes the words of the run
   TimeData& time;
-  int PrgEndAdr;  ///< first address behind the Reserved Area, for the store warning
+  const Family& family;
+  int PrgEndAdr = 0;  ///< the first address after the Reserved Area, for the store warning
 };
 
-/// Runs `m` from address 0 to its end or to a forced stop: prints the words of start and end, serves SVC,
-/// guards the machine.  Run3NW, Run3NA and Run3 by family.  Returns 1 after an unregistered machine code,
-/// else 0.
-template <class Family>
-int Run3(Tcomet2& m, const RunEnvironment& env);
+/// Runs `m` from address 0 to its end or to a forced stop: says the words of start and end, serves SVC, guards
+/// the machine.
+void Run3(Tcomet2& m, const RunEnvironment& env);
 
 }  // namespace zelvaro

@@ -40,8 +40,8 @@ void setFlags(Tcomet2& m, Flags f) {
 }
 
 /// Serves an SVC and tells the decoded image which cells it has written.
-void serve(Tcomet2& m, Platform& platform, Decoded& image, std::uint32_t number) {
-  const int stored = SvcCall(m, platform, static_cast<std::int32_t>(number));
+void serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number) {
+  const int stored = SvcCall(m, services, static_cast<std::int32_t>(number));
   if (number != static_cast<std::uint32_t>(kSvcIn)) return;
   image.stored(unsignedWord(m.GR[2]));
   for (int i = 0; i < stored; ++i) image.stored(unsignedWord(unsignedWord(m.GR[1]) + i));
@@ -203,7 +203,7 @@ void serve(Tcomet2& m, Platform& platform, Decoded& image, std::uint32_t number)
   {                                    \
     ZELVARO_COUNT();                   \
     ZELVARO_ADDRESS_##kind();          \
-    serve(m, platform, image, effAdr); \
+    serve(m, services, image, effAdr); \
     e += 2;                            \
   }
 
@@ -235,7 +235,7 @@ void serve(Tcomet2& m, Platform& platform, Decoded& image, std::uint32_t number)
   }
 
 template <bool stepped>
-[[gnu::noinline]] Stop loop(Tcomet2& m, Platform& platform, StoreWatch& watch, int limit,
+[[gnu::noinline]] Stop loop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit,
                             [[maybe_unused]] std::int64_t& steps) {
   static const std::int32_t handlerLabels[kHandlers] = {
       0,
@@ -296,7 +296,7 @@ Decode : {
   // An indexed store at or behind the end of the Reserved Area.
 StoreWatched:
   m.PR = static_cast<std::int32_t>(e - entries) + 1;
-  if (watch.st511(m, static_cast<std::int32_t>(effAdr), image.countOf(m.ExecCount, m.PR - 1)) == kRunMustStop)
+  if (!watch.st511(m, static_cast<std::int32_t>(effAdr), image.countOf(m.ExecCount, m.PR - 1)))
     ZELVARO_LEAVE(Store, 1);
   watchedFrom = static_cast<std::uint32_t>(watch.from());
   memory[effAdr] = gr[e->r];
@@ -335,13 +335,13 @@ Leave:
 
 }  // namespace
 
-Stop runLoop(Tcomet2& m, Platform& platform, StoreWatch& watch, int limit) {
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit) {
   std::int64_t unlimited = 0;
-  return loop<false>(m, platform, watch, limit, unlimited);
+  return loop<false>(m, services, watch, limit, unlimited);
 }
 
-Stop runLoop(Tcomet2& m, Platform& platform, StoreWatch& watch, int limit, std::int64_t& steps) {
-  return loop<true>(m, platform, watch, limit, steps);
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, std::int64_t& steps) {
+  return loop<true>(m, services, watch, limit, steps);
 }
 
 }  // namespace zelvaro

@@ -4,14 +4,13 @@
 #include <string_view>
 
 #include "MoziCode/Utf.h"
-#include "diag/Family.h"
-#include "diag/Say.h"
 
 namespace zelvaro {
 namespace {
 
-constexpr Message inputPrompt{Severity::Plain,
-                              Head::None,
+constexpr Message inputPrompt{"in-prompt",
+                              Severity::Notice,
+                              Head::Open,
                               args(),
                               {.ja = "\nOS: 文字を入力してください。 \n"
                                      "マクロ命令( IN )による入力要求。\n"
@@ -20,57 +19,38 @@ constexpr Message inputPrompt{Severity::Plain,
                                      "(Input Requirement by a Macro Instruction of IN) \n"
                                      "Press Enter key or Ctrl + Z Keys "
                                      "at the end of your input. \n"}};
-constexpr Message conversionFailed{Severity::Plain, Head::None, args(),
+constexpr Message conversionFailed{"in-not-text", Severity::Notice, Head::Open, args(),
                                    bothLanguages("mbsrtowcs_s() has returned Error. MbChToWCsH(), ")};
 constexpr Message outputHeading{
-    Severity::Plain,
-    Head::None,
+    "out-heading",
+    Severity::Notice,
+    Head::Open,
     args(),
     {.ja = "\nOS: マクロ命令( OUT )による出力 \n", .en = "\nOS: Output by a Macro Instruction of OUT. \n"}};
 constexpr Message unknownService{
-    Severity::Plain,
-    Head::None,
+    "svc-unknown",
+    Severity::Notice,
+    Head::Open,
     args("number"),
     {.ja = "svc {number} は仕様に記述がないので、NOP と同じ動作をするものとした。 ",
      .en = "{number} works as NOP does. "
            "Because there does not exist any description about {number} "
            "in Spec.of CASL2. "}};
 
-constexpr std::size_t kMostBytes = 256;  ///< of a line that is read
-
-constexpr bool isContinuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
-}
-
-/// How many bytes the character that begins with `c` has.
-constexpr std::size_t lengthOfCharacter(char c) {
-  const auto b = static_cast<unsigned char>(c);
-  return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
-}
-
-/// The bytes of a line that count: at most kMostBytes, no part of a character, nothing behind a zero byte.
+/// The bytes of a line that count: at most kMostBytesOfInput, no part of a character, nothing behind a zero byte.
 std::string_view cutToLimit(std::string_view line) {
-  if (line.size() > kMostBytes) {
-    std::size_t lead = kMostBytes - 1;
-    while (lead > kMostBytes - 3 && isContinuation(line[lead])) --lead;
-    const bool isCut = isContinuation(line[kMostBytes]) && lead + lengthOfCharacter(line[lead]) > kMostBytes;
-    line = line.substr(0, isCut ? lead : kMostBytes);
-  }
+  line = firstBytes(line, kMostBytesOfInput);
   return line.substr(0, line.find('\0'));
 }
 
-std::u16string readText(Platform& platform, std::int32_t isEnglish) {
-  const std::string line = platform.readLine().value_or("");
+std::u16string readText(const Services& services) {
+  const std::string line = services.platform.readLine().value_or("");
   std::u16string text;
   if (!utf8ToUtf16(cutToLimit(line), text)) {
-    say<WP, conversionFailed>(platform, isEnglish);
+    services.sink.say(conversionFailed);
     text.clear();
   }
   return text;
-}
-
-constexpr bool isHighSurrogate(char16_t c) {
-  return c >= 0xD800 && c <= 0xDBFF;
 }
 
 std::size_t address(std::int32_t value) {
@@ -79,9 +59,9 @@ std::size_t address(std::int32_t value) {
 
 }  // namespace
 
-int SvcIn(Tcomet2& m, Platform& platform) {
-  say<WP, inputPrompt>(platform, m.IsEnglish);
-  const std::u16string text = readText(platform, m.IsEnglish);
+int SvcIn(Tcomet2& m, const Services& services) {
+  services.sink.say(inputPrompt);
+  const std::u16string text = readText(services);
   const auto length = static_cast<std::int32_t>(text.size());
   m.Memory[address(m.GR[2])] = length;
   for (std::int32_t i = 0; i < length; ++i)
@@ -89,9 +69,9 @@ int SvcIn(Tcomet2& m, Platform& platform) {
   return length;
 }
 
-void SvcOut(const Tcomet2& m, Platform& platform) {
+void SvcOut(const Tcomet2& m, const Services& services) {
   constexpr std::size_t kBlock = 4096;
-  say<WP, outputHeading>(platform, m.IsEnglish);
+  services.sink.say(outputHeading);
   const std::int32_t length = m.Memory[address(m.GR[2])];
   std::u16string block;
   for (std::int32_t i = 0; i < length; ++i) {
@@ -99,22 +79,22 @@ void SvcOut(const Tcomet2& m, Platform& platform) {
     const auto at = static_cast<std::uint32_t>(m.GR[1]) + static_cast<std::uint32_t>(i);
     block += static_cast<char16_t>(unsignedWord(m.Memory[at & 0xFFFFu]));
     if (block.size() < kBlock || isHighSurrogate(block.back())) continue;
-    platform.print(toUtf8(block));
+    services.platform.print(toUtf8(block));
     block.clear();
   }
-  platform.print(toUtf8(block) + "\n");
-  platform.flush();
+  services.platform.print(toUtf8(block) + "\n");
+  services.platform.flush();
 }
 
-int SvcCall(Tcomet2& m, Platform& platform, std::int32_t number) {
+int SvcCall(Tcomet2& m, const Services& services, std::int32_t number) {
   switch (number) {
     case kSvcIn:
-      return SvcIn(m, platform);
+      return SvcIn(m, services);
     case kSvcOut:
-      SvcOut(m, platform);
+      SvcOut(m, services);
       return 0;
     default:
-      say<WP, unknownService>(platform, m.IsEnglish, number);
+      services.sink.say(unknownService, number);
       return 0;
   }
 }

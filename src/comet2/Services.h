@@ -2,6 +2,7 @@
 #pragma once
 
 #include "comet2/Comet2.h"
+#include "diag/Diagnostic.h"
 #include "platform/Platform.h"
 
 namespace zelvaro {
@@ -9,15 +10,21 @@ namespace zelvaro {
 inline constexpr std::int32_t kSvcIn = 1;
 inline constexpr std::int32_t kSvcOut = 2;
 
+/// What the services work with.
+struct Services {
+  Platform& platform;  ///< where IN reads and OUT writes
+  DiagSink& sink;      ///< takes the words round them
+};
+
 /// Answers an SVC: 1 is SvcIn, 2 SvcOut, any other number prints a note.  No service changes a register, a
 /// flag, PR or SP.  Returns how many characters SvcIn has stored, 0 otherwise.
-int SvcCall(Tcomet2& m, Platform& platform, std::int32_t number);
+int SvcCall(Tcomet2& m, const Services& services, std::int32_t number);
 
 /// Reads one line into `Memory`: its length goes to the address in GR2, its characters, a UTF-16 unit a word,
 /// from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of characters.
-int SvcIn(Tcomet2& m, Platform& platform);
+int SvcIn(Tcomet2& m, const Services& services);
 
 /// Prints as many words from the address in GR1 as the cell at the address in GR2 says, as UTF-16.
-void SvcOut(const Tcomet2& m, Platform& platform);
+void SvcOut(const Tcomet2& m, const Services& services);
 
 }  // namespace zelvaro

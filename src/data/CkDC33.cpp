@@ -14,6 +14,7 @@ constexpr Words kConstHead{.ja = "エラー： {line} 行目： {nr} 番目の�
                            .en = "Error : line {line}:  Constant Nr={nr}: "};
 
 constexpr Message noConst{
+    "dc-no-constant",
     Severity::Error,
     Head::BreakLine,
     args("quote"),
@@ -21,6 +22,7 @@ constexpr Message noConst{
      .en = "A non-alphanumeric character is found in '{quote}'. It is not allowed in CASL2.  "}};
 
 constexpr Message strConstQuotes{
+    "dc-string-quotes",
     Severity::Error,
     Head::None,
     args(),
@@ -28,7 +30,8 @@ constexpr Message strConstQuotes{
      .en = "A string constant, also called a literal string constant, is a sequence of characters surrounded "
            "by single quotes, as in 'ABC'. The literal string constant is not correctly closed. "}};
 
-constexpr Message hexMozi = Message{Severity::Error,
+constexpr Message hexMozi = Message{"dc-hex-digit",
+                                    Severity::Error,
                                     Head::Line,
                                     args("nr", "quote"),
                                     {.ja = "{quote} 16進数は 0-9 の数字と A-F の英大文字で記述する。",
@@ -37,7 +40,8 @@ constexpr Message hexMozi = Message{Severity::Error,
                                 .withHead(kConstHead);
 
 constexpr Message hexTooLong =
-    Message{Severity::Error,
+    Message{"dc-hex-long",
+            Severity::Error,
             Head::Line,
             args("nr", "quote", "count"),
             {.ja = "{quote}\n16進数は4桁で記述する。\n{count} 文字ある。",
@@ -46,6 +50,7 @@ constexpr Message hexTooLong =
         .withHead({.ja = kConstHead.ja, .en = "Error : line {line}:  Constant Nr={nr} "});
 
 constexpr Message hexTooShort = Message{
+    "dc-hex-short",
     Severity::Error,
     Head::Line,
     args("nr", "quote", "count"),
@@ -55,6 +60,7 @@ constexpr Message hexTooShort = Message{
          "It has {count} digits. "}}.withHead(kConstHead);
 
 constexpr Message hexOneDigit = Message{
+    "dc-hex-one-digit",
     Severity::Error,
     Head::Line,
     args("nr", "quote", "count"),
@@ -63,6 +69,7 @@ constexpr Message hexOneDigit = Message{
            "It only has 1 digit. "}}.withHead(kConstHead);
 
 constexpr Message decMozi = Message{
+    "dc-decimal-digit",
     Severity::Error,
     Head::Line,
     args("nr", "quote"),
@@ -71,7 +78,8 @@ constexpr Message decMozi = Message{
            "constant. "}}.withHead(kConstHead);
 
 constexpr Message decOrLabel =
-    Message{Severity::Error,
+    Message{"dc-decimal-or-label",
+            Severity::Error,
             Head::Line,
             args("nr", "quote"),
             {.ja = "ラベルの先頭文字に数字は使えない。10進定数の中に数字以外の文字がある。  ",
@@ -81,7 +89,8 @@ constexpr Message decOrLabel =
                    .en = "Error : {quote}line {line}:  Constant Nr={nr}: "});
 
 constexpr Message labelMozi =
-    Message{Severity::Error,
+    Message{"dc-label-character",
+            Severity::Error,
             Head::Line,
             args("nr", "quote"),
             {.ja = "{quote} ＊アドレス定数に使えるのは英大文字と数字。 ",
@@ -89,7 +98,8 @@ constexpr Message labelMozi =
         .withHead(kConstHead);
 
 constexpr Message labelTooLong =
-    Message{Severity::Error,
+    Message{"dc-label-length",
+            Severity::Error,
             Head::Line,
             args("nr", "quote", "count"),
             {.ja = "{quote} アドレス定数は８文字まで。 {count} 文字ある。 ",
@@ -98,14 +108,15 @@ constexpr Message labelTooLong =
         .withHead(kConstHead);
 
 constexpr Message labelUndefined =
-    Message{Severity::Error,
+    Message{"dc-label-undefined",
+            Severity::Error,
             Head::Line,
             args("nr", "quote"),
             {.ja = "{quote}  と一致するラベル又はプログラム名が存在しない。\nスペリングは正しいですか？ ",
              .en = "{quote}: Undefined address constant \n"
                    "{quote} No label or program name matches {quote}. \n"
                    "Make sure of your spelling of {quote}. "},
-            {{families(FamilyId::AP),
+            {{kAP,
               {.ja = "{quote}  と一致するラベル又はプログラム名が存在しない。\n"
                      "アドレス定数としては同じプログラム内のラベルのみが使える。スペリングは正しいですか？ ",
                .en = "{quote}: Undefined address constant {quote} It is neither label nor program name. "
@@ -114,7 +125,8 @@ constexpr Message labelUndefined =
         .withHead({.ja = kConstHead.ja, .en = "Error : line {line}:  Constant Nr={nr}"});
 
 constexpr Message strConstNotClosed =
-    Message{Severity::Error,
+    Message{"dc-string-open",
+            Severity::Error,
             Head::Line,
             args("nr", "quote"),
             {.ja = "{quote}  文字定数が閉じた直後にさらに文字がある。 "
@@ -132,103 +144,98 @@ constexpr Message strConstNotClosed =
         .withHead({.ja = "エラー： {line} 行目： {nr} 番目の定数：   ",
                    .en = "Error : line {line}:  Constant Nr={nr}:   "});
 
-template <class Family>
-void ckHex(Assembly& a, int line, int nr, ViewOf<Family> text) {
-  const ViewOf<Family> digits = text.substr(1);
+template <class Char>
+void ckHex(Assembly& a, int line, int nr, ViewOf<Char> text) {
+  const ViewOf<Char> digits = text.substr(1);
   const bool clean = std::all_of(digits.begin(), digits.end(), [](auto c) { return isHexDigit(c); });
-  if (!clean) a.cs.report<Family, hexMozi>(line, nr, quote(text));
+  if (!clean) a.cs.report(hexMozi, line, nr, quote(text));
   if (digits.size() > 4) {
-    a.cs.report<Family, hexTooLong>(line, nr, quote(text), digits.size());
+    a.cs.report(hexTooLong, line, nr, quote(text), digits.size());
   } else if (digits.size() == 1) {
-    a.cs.report<Family, hexOneDigit>(line, nr, quote(text), digits.size());
+    a.cs.report(hexOneDigit, line, nr, quote(text), digits.size());
   } else if (digits.size() == 2 || digits.size() == 3) {
-    a.cs.report<Family, hexTooShort>(line, nr, quote(text), digits.size());
+    a.cs.report(hexTooShort, line, nr, quote(text), digits.size());
   }
 }
 
-template <class Family>
-void ckDec(Assembly& a, int line, int nr, ViewOf<Family> text) {
-  const ViewOf<Family> number = isDigit(text[0]) ? text : text.substr(1);
+template <class Char>
+void ckDec(Assembly& a, int line, int nr, ViewOf<Char> text) {
+  const ViewOf<Char> number = isDigit(text[0]) ? text : text.substr(1);
   const auto digits = std::count_if(number.begin(), number.end(), [](auto c) { return isDigit(c); });
   const auto others = std::ssize(number) - digits;
   if (others == 0) return;
   if (others < digits) {
-    a.cs.report<Family, decMozi>(line, nr, quote(text));
+    a.cs.report(decMozi, line, nr, quote(text));
   } else {
     // as many others as digits: this looks like a name that begins with a digit
-    a.cs.report<Family, decOrLabel>(line, nr, quote(text));
+    a.cs.report(decOrLabel, line, nr, quote(text));
   }
 }
 
 /// False after a fault, as the two below: the walk over the line ends then.
-template <class Family>
-bool ckAdrConst(Assembly& a, SrcOf<Family>& line, int nr, ViewOf<Family> text) {
+template <class Char>
+bool ckAdrConst(Assembly& a, SrcData<Char>& line, int nr, ViewOf<Char> text) {
   if (!std::all_of(text.begin(), text.end(), [](auto c) { return isLabelMozi(c); })) {
-    a.cs.report<Family, labelMozi>(line.Line, nr, quote(text));
+    a.cs.report(labelMozi, line.Line, nr, quote(text));
     return false;
   }
-  if (text.size() > TCorrectScode::kLabelLength) {
-    a.cs.report<Family, labelTooLong>(line.Line, nr, quote(text), text.size());
+  if (text.size() > kLabelLength) {
+    a.cs.report(labelTooLong, line.Line, nr, quote(text), text.size());
     return false;
   }
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  if constexpr (Family::prgNameInDC) {
-    const int prg = store.findPrg(text, line.PrgNr);
-    if (prg >= 0) {
-      line.IsLabelInUse = true;
-      a.program<Family>(prg).IsPrgNameInUse = true;
-      return true;
-    }
+  LineStore<Char>& store = a.store<Char>();
+  if (const int prg = store.findPrg(text, line.PrgNr); prg >= 0 && a.family.prgNameInDC) {
+    line.IsLabelInUse = true;
+    a.program<Char>(prg).IsPrgNameInUse = true;
+    return true;
   }
-  const int label = a.program<Family>(line.PrgNr).findLabel(text);
+  const int label = a.program<Char>(line.PrgNr).findLabel(text);
   if (label < 0) {
-    a.cs.report<Family, labelUndefined>(line.Line, nr, quote(text));
+    a.cs.report(labelUndefined, line.Line, nr, quote(text));
     return false;
   }
   store[label].IsLabelInUse = true;
   return true;
 }
 
-template <class Family>
-bool ckStrConst(Assembly& a, int line, int nr, ViewOf<Family> text) {
+template <class Char>
+bool ckStrConst(Assembly& a, int line, int nr, ViewOf<Char> text) {
   if (DetStrConstGL10(text, 0) + 1 == text.size()) return true;
-  a.cs.report<Family, strConstNotClosed>(line, nr, quote(text));
+  a.cs.report(strConstNotClosed, line, nr, quote(text));
   return false;
 }
 
-template <class Family>
-bool ckOprnd(Assembly& a, SrcOf<Family>& line, int nr, ViewOf<Family> text) {
-  using Char = CharOf<Family>;
+template <class Char>
+bool ckOprnd(Assembly& a, SrcData<Char>& line, int nr, ViewOf<Char> text) {
   if (text.empty()) return true;  // the word count tells it
   const Char c = text[0];
-  if (c == Char('\'')) return ckStrConst<Family>(a, line.Line, nr, text);
-  if (isCapital(c)) return ckAdrConst<Family>(a, line, nr, text);
+  if (c == Char('\'')) return ckStrConst(a, line.Line, nr, text);
+  if (isCapital(c)) return ckAdrConst(a, line, nr, text);
   if (c == Char('#')) {
-    ckHex<Family>(a, line.Line, nr, text);
+    ckHex(a, line.Line, nr, text);
     return true;
   }
-  if (isDigit(c) || c == Char('+') || c == Char('-')) {
-    ckDec<Family>(a, line.Line, nr, text);
+  if (isDigit(c) || isSign(c)) {
+    ckDec(a, line.Line, nr, text);
     return true;
   }
-  a.cs.report<Family, noConst>(line.Line, quote(text));
-  if (c == Char('"')) a.cs.report<Family, strConstQuotes>(line.Line);
+  a.cs.report(noConst, line.Line, quote(text));
+  if (c == Char('"')) a.cs.report(strConstQuotes, line.Line);
   return false;
 }
 
 }  // namespace
 
-template <class Family>
-int CkDC33(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+int CkDC33(Assembly& a, SrcData<Char>& line) {
   const int before = a.cs.ErrorKazu;
   int nr = 0;
-  for (const auto& oprnd : a.store<Family>().oprndsAtDC(line))
-    if (!ckOprnd<Family>(a, line, ++nr, oprnd.ConstStr)) break;
+  for (const auto& oprnd : a.store<Char>().oprndsAtDC(line))
+    if (!ckOprnd(a, line, ++nr, oprnd.ConstStr)) break;
   return a.cs.ErrorKazu - before;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkDC33<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template int CkDC33<char16_t>(Assembly&, SrcData<char16_t>&);
+template int CkDC33<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -9,6 +9,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message noLiteral{
+    "literal-missing",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -23,19 +24,22 @@ constexpr Message noLiteral{
            "(Spec.of CASL2 　2.5 Machine Language Instructions)"
            "So a label is excluded from a literal."}};
 
-constexpr Message decMozi{Severity::Error,
+constexpr Message decMozi{"literal-decimal-digit",
+                          Severity::Error,
                           Head::Line,
                           args(),
                           {.ja = "リテラル10進定数に 数字以外の文字がある。",
                            .en = "A non-numeral letter is found in the literal decimal constant. "}};
 
-constexpr Message hexMozi{Severity::Error,
+constexpr Message hexMozi{"literal-hex-digit",
+                          Severity::Error,
                           Head::Line,
                           args(),
                           {.ja = "リテラル16進定数は 0 - 9 の数字 と  A - F の英大文字を使う。",
                            .en = "A hexadecimal number is written in 0-9 and A-F. "}};
 
 constexpr Message hexDigits{
+    "literal-hex-digits",
     Severity::Error,
     Head::Line,
     args("count"),
@@ -43,6 +47,7 @@ constexpr Message hexDigits{
      .en = "\nA hexadecimal number should be written as four digits. \nIt has {count} digits. "}};
 
 constexpr Message strConstOpen{
+    "literal-string-open",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -52,14 +57,15 @@ constexpr Message strConstOpen{
            "A string constant starts with an apostrophe and end with another apostrophe. "
            "Two consecutive apostrophes('') is used as one apostrophe(') in a string constant."
            "Spec. 2.3 (4): Apostrophes(') must be written twice consecutively."},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = "リテラル文字定数が正しく閉じていない。 文字定数は文字列の両側をアポストロフィで囲む。"
              "たとえば、　='ABC' ",
        .en = "A literal string constant is not correctly closed. "
              "The both ends of a literal string should be enclosed by an apostrophe. "
              "For example, ='ABC' "}}}};
 
-constexpr Message strConstEmpty{Severity::Error,
+constexpr Message strConstEmpty{"literal-string-empty",
+                                Severity::Error,
                                 Head::Line,
                                 args(),
                                 {.ja = "リテラルの文字数は１個以上必要です。０個は不可。",
@@ -75,9 +81,8 @@ constexpr bool endsNumber(Char c) {
 
 /// A number that an equal sign and a digit begin.  A signed one is no such number: it is looked at when
 /// the address pass converts it.
-template <class Family>
-void ckDec(Assembly& a, int line, ViewOf<Family> literal) {
-  using Char = CharOf<Family>;
+template <class Char>
+void ckDec(Assembly& a, int line, ViewOf<Char> literal) {
   std::size_t i = 0;
   if (!isDigit(literal[0])) {
     do {
@@ -87,55 +92,53 @@ void ckDec(Assembly& a, int line, ViewOf<Family> literal) {
   }
   for (; i < literal.size() && !endsNumber(literal[i]); ++i) {
     if (isDigit(literal[i])) continue;
-    a.cs.report<Family, decMozi>(line);
+    a.cs.report(decMozi, line);
     return;
   }
 }
 
-template <class Family>
-void ckHex(Assembly& a, int line, ViewOf<Family> literal) {
+template <class Char>
+void ckHex(Assembly& a, int line, ViewOf<Char> literal) {
   int count = 0;
   for (std::size_t i = 1; i < literal.size() && !endsNumber(literal[i]); ++i, ++count) {
     if (isHexDigit(literal[i])) continue;
-    a.cs.report<Family, hexMozi>(line);
+    a.cs.report(hexMozi, line);
     break;
   }
-  if (count != 4) a.cs.report<Family, hexDigits>(line, count);
+  if (count != 4) a.cs.report(hexDigits, line, count);
 }
 
-template <class Family>
-Next ckStrConst(Assembly& a, const SrcOf<Family>& line, ViewOf<Family> literal) {
-  using Char = CharOf<Family>;
+template <class Char>
+Next ckStrConst(Assembly& a, const SrcData<Char>& line, ViewOf<Char> literal) {
   const std::size_t end = DetStrConstGL10(literal, 0);
   const bool isClosed = end < literal.size() && (end + 1 == literal.size() || endsNumber(literal[end + 1]) ||
                                                  literal[end + 1] == Char(';'));
   if (!isClosed) {
-    a.cs.report<Family, strConstOpen>(line.Line, quote(line.OprndComStr));
+    a.cs.report(strConstOpen, line.Line, quote(line.OprndComStr));
     return Next::End;
   }
   if (end > 1) return Next::Line;
-  a.cs.report<Family, strConstEmpty>(line.Line);
+  a.cs.report(strConstEmpty, line.Line);
   return Next::End;
 }
 
-template <class Family>
-Next ckLine(Assembly& a, const SrcOf<Family>& line) {
-  using Char = CharOf<Family>;
+template <class Char>
+Next ckLine(Assembly& a, const SrcData<Char>& line) {
   const std::size_t equal = line.OprndComStr.find(Char('='));
   if (equal == line.OprndComStr.npos) return Next::Line;
-  const ViewOf<Family> literal = trimLeft(line.OprndComStr.substr(equal + 1));
+  const ViewOf<Char> literal = trimLeft(line.OprndComStr.substr(equal + 1));
   const Char first = literal.empty() ? Char(0) : literal[0];
   const Char second = literal.size() < 2 ? Char(0) : literal[1];
-  if (first == Char('\'')) return ckStrConst<Family>(a, line, literal);
-  if (isDigit(first) || ((first == Char('+') || first == Char('-')) && isDigit(second))) {
-    ckDec<Family>(a, line.Line, literal);
+  if (first == Char('\'')) return ckStrConst(a, line, literal);
+  if (isDigit(first) || (isSign(first) && isDigit(second))) {
+    ckDec(a, line.Line, literal);
     return Next::Line;
   }
   if (first == Char('#') && isHexDigit(second)) {
-    ckHex<Family>(a, line.Line, literal);
+    ckHex(a, line.Line, literal);
     return Next::Line;
   }
-  a.cs.report<Family, noLiteral>(line.Line, quote(line.OprndComStr));
+  a.cs.report(noLiteral, line.Line, quote(line.OprndComStr));
   return Next::End;
 }
 
@@ -159,16 +162,13 @@ bool takesLiteral(Op op) {
 
 }  // namespace
 
-template <class Family>
-int CkLiteral15(Assembly& a, int prg) {
-  const int before = a.cs.ErrorKazu;
-  for (const SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
-    if (takesLiteral(opOf(line)) && ckLine<Family>(a, line) == Next::End) break;
-  return before - a.cs.ErrorKazu;
+template <class Char>
+void CkLiteral15(Assembly& a, int prg) {
+  for (const SrcData<Char>& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
+    if (takesLiteral(opOf(line)) && ckLine(a, line) == Next::End) break;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkLiteral15<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void CkLiteral15<char16_t>(Assembly&, int);
+template void CkLiteral15<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -7,6 +7,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message strConstOpen{
+    "string-not-closed",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -19,25 +20,25 @@ constexpr Message strConstOpen{
            "Note: An apostrophye (') must be written twice consecutively in a character constant. "
            "Spec. of CASL2: 2.3 (4)"}};
 
-constexpr Message literalOpen{Severity::Error,
+constexpr Message literalOpen{"literal-not-closed",
+                              Severity::Error,
                               Head::Line,
                               args("quote"),
                               {.ja = "{quote}: 正例１．：　='Ruby' 正例２．：  ='Ruby '' 123'",
                                .en = "{quote}: A literal charcter constant is not correctly closed."
                                      "Good Example 1.:  ='Ruby' Good Example 2.:  ='Ruby '' 123'"}};
 
-/// `end` is the index of the closing apostrophe, or the length of the text without one.  Negative where
-/// the constant is not closed, or anything but a comma, a semicolon or the end comes next behind it.
-template <class Family>
-int IsStrConstClosedGL10(Assembly& a, const SrcOf<Family>& line, std::size_t end) {
-  using Char = CharOf<Family>;
-  const ViewOf<Family> text = line.OprndComStr;
+/// `end` is the index of the closing apostrophe, or the length of the text without one.  False where the
+/// constant is not closed, or anything but a comma, a semicolon or the end comes next behind it.
+template <class Char>
+bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t end) {
+  const ViewOf<Char> text = line.OprndComStr;
   if (end < text.size()) {
-    const ViewOf<Family> behind = trimLeft(text.substr(end + 1));
-    if (behind.empty() || behind[0] == Char(',') || behind[0] == Char(';')) return 0;
+    const ViewOf<Char> behind = trimLeft(text.substr(end + 1));
+    if (behind.empty() || behind[0] == Char(',') || behind[0] == Char(';')) return true;
   }
-  a.cs.report<Family, strConstOpen>(line.Line, quote(text));
-  return -1;
+  a.cs.report(strConstOpen, line.Line, quote(text));
+  return false;
 }
 
 /// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks behind
@@ -54,33 +55,31 @@ std::size_t nextLiteral(std::basic_string_view<Char> text, std::size_t from) {
   return text.size();
 }
 
-template <class Family>
-int ckLine(Assembly& a, const SrcOf<Family>& line) {
-  const ViewOf<Family> text = line.OprndComStr;
+template <class Char>
+bool ckLine(Assembly& a, const SrcData<Char>& line) {
+  const ViewOf<Char> text = line.OprndComStr;
   for (std::size_t open = nextLiteral(text, 0); open < text.size();) {
     const std::size_t end = DetStrConstGL10(text, open);
-    if (IsStrConstClosedGL10<Family>(a, line, end) < 0) {
-      a.cs.report<Family, literalOpen>(line.Line, quote(text));
-      return -1;
+    if (!IsStrConstClosedGL10(a, line, end)) {
+      a.cs.report(literalOpen, line.Line, quote(text));
+      return false;
     }
     open = nextLiteral(text, end);
   }
-  return 0;
+  return true;
 }
 
 }  // namespace
 
-template <class Family>
-int CkStrConstLiteral(Assembly& a, int prg) {
-  for (const SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg))) {
+template <class Char>
+void CkStrConstLiteral(Assembly& a, int prg) {
+  for (const SrcData<Char>& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg))) {
     if (line.OpStr.empty() || opOf(line) == Op::DC) continue;
-    if (ckLine<Family>(a, line) < 0) return -1;
+    if (!ckLine(a, line)) return;
   }
-  return 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkStrConstLiteral<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void CkStrConstLiteral<char16_t>(Assembly&, int);
+template void CkStrConstLiteral<char>(Assembly&, int);
 
 }  // namespace zelvaro

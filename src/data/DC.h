@@ -2,25 +2,25 @@
 // operand buffer 0 of the line, or on the line's elements in vecOprndAtDC.
 #pragma once
 
+#include "MoziCode/Characters.h"
 #include "data/Data.h"
 
 namespace zelvaro {
 
-/// Makes the line's elements, one an operand, and has CkDC33 check them: 1 after an Error, else 0.
-template <class Family>
-int TakeOutOprndsAtDC10(Assembly& a, SrcOf<Family>& line);
+/// Makes the line's elements, one an operand, and has CkDC33 check them: false after an Error.
+template <class Char>
+bool TakeOutOprndsAtDC10(Assembly& a, SrcData<Char>& line);
 /// The checks by kind: the number of Errors.
-template <class Family>
-int CkDC33(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+int CkDC33(Assembly& a, SrcData<Char>& line);
 /// Kind and number of words of each element; their sum becomes word_kazu.
-template <class Family>
-void SetWordKazuAtDC(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void SetWordKazuAtDC(Assembly& a, SrcData<Char>& line);
 
 /// Whether an operand says nothing: it is empty, or a sign or # alone.
 template <class Char>
 constexpr bool isEmptyConst(std::basic_string_view<Char> text) {
-  return text.empty() ||
-         (text.size() == 1 && (text[0] == Char('+') || text[0] == Char('-') || text[0] == Char('#')));
+  return text.empty() || (text.size() == 1 && isSignOrHash(text[0]));
 }
 
 /// What an operand is by its first character; ConstKind::Const for one that is none of the kinds.
@@ -30,8 +30,8 @@ constexpr ConstKind kindOfConst(std::basic_string_view<Char> text) {
   const Char c = text[0];
   if (c == Char('#')) return ConstKind::Hex;
   if (c == Char('\'')) return ConstKind::CharConst;
-  if ((c >= Char('0') && c <= Char('9')) || c == Char('+') || c == Char('-')) return ConstKind::Dec;
-  if (c >= Char('A') && c <= Char('Z')) return ConstKind::AdrConst;
+  if (isDigit(c) || isSign(c)) return ConstKind::Dec;
+  if (isCapital(c)) return ConstKind::AdrConst;
   return ConstKind::Const;
 }
 

@@ -1,7 +1,6 @@
 // DS: its operand, its number of words.  The words themselves are all 0 and are held as a count only.
 #include "data/Data.h"
 #include "diag/Quote.h"
-#include "source/FixedForm.h"
 #include "structure/ZenKaku.h"
 
 namespace zelvaro {
@@ -11,31 +10,35 @@ constexpr int kMostWords = 65535;        ///< words of a 16-bit machine but one
 constexpr int kMostReservable = 0xFE0B;  ///< the same without the 500 words of the stack
 
 constexpr Message oprndEmpty{
+    "ds-operand-missing",
     Severity::Error,
     Head::Line,
     args(),
     {.ja = "DS 命令 の 右に オペランド（10 進定数）の記述がない。 ",
      .en = "The operand is empty. A constant in decimal number is expected at the right side of DS assembler "
            "instruction. "},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = {},
        .en = "A constant operand in decimal number is expected at the right side of the DS instruction. "}}}};
 
 // The fixed form tells the faults of the number one by one.
 constexpr Message textBehind{
+    "ds-comment",
     Severity::Memo,
     Head::Line,
     args(),
     {.ja = "DS 命令のオペランド（数字）の右に空白があればそれ以降はコメントとみなされる。 ",
      .en = "When there is a space at the right side of DS instruction, the followings in the line are "
            "regarded as a comment. "}};
-constexpr Message hexNumber{Severity::Error,
+constexpr Message hexNumber{"ds-hex",
+                            Severity::Error,
                             Head::Line,
                             args(),
                             {.ja = "DS 命令は 10 進数で指定する。 16 進数は使えない。",
                              .en = "An operand of DS must be specified in decimal. "
                                    "It cannot be specified in hexadecimal. "}};
-constexpr Message minusSign{Severity::Error,
+constexpr Message minusSign{"ds-minus",
+                            Severity::Error,
                             Head::Line,
                             args(),
                             {.ja = "負の符号 は使えない。 DS 命令は 語数を ０ 以上の 10 進定数で指定する。 "
@@ -48,6 +51,7 @@ constexpr Message minusSign{Severity::Error,
                                    "(Spec. 2 2.3.(3)) "}};
 
 constexpr Message nonDigit{
+    "ds-digit",
     Severity::Error,
     Head::Line,
     args("mozi", "quote"),
@@ -59,74 +63,66 @@ constexpr Message nonDigit{
            "And it must be positive or zero.\n"
            " It cannot be specified in hexadecimal.\n"
            " (CASL2 Spec:  2.3 (3) "},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = "DS 命令に数字以外の文字がある。 ",
        .en = "There is non-numeral character in the operand of DS instruction. "}}}};
 
-constexpr Message commaBehind{Severity::Warning,
+constexpr Message commaBehind{"ds-comma",
+                              Severity::Warning,
                               Head::Line,
                               args(),
                               {.ja = "DS 命令のオペランドの場合、数字の右に( ,) は不要。 空白でよい。",
                                .en = "A comma is of no use at the end of the operand of DS assembler "
                                      "instruction. It could be deleted. "},
-                              {{families(FamilyId::NH),
+                              {{kNH,
                                 {.ja = "DS 命令の場合数字の右に , は不要です。 空白でよい。",
                                  .en = "A comma is of no use at the end of the operand of DS instruction. "
                                        "It could be deleted. "}}}};
 
+constexpr Message notANumber =
+    selfCheck("self-ds-number", args("number"), "Prg. Error: Fail to wcstol(); buf={number}");
+constexpr Message notANumberLater =
+    selfCheck("self-ds-number-later", args("number"), "Prg. Error: Fail to strtoL(); buf={number}");
+
 constexpr Message overMachine{
-    Severity::Error, Head::Line, args(),
+    "ds-over-machine", Severity::Error, Head::Line, args(),
     bothLanguages("More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ")};
 
 constexpr Message overStack{
-    Severity::Error, Head::Line, args(),
+    "ds-over-stack", Severity::Error, Head::Line, args(),
     bothLanguages("More than 65035 words cannot be reserved, because 500 words has been "
                   "prereserved for Stack Area in comet2. ")};
 
-/// The character at an index, whole: both bytes or both code units where it has two.
 template <class Char>
-std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text, std::size_t i) {
-  bool isPair = false;
-  if constexpr (sizeof(Char) == 1) {
-    isPair = isCp932Lead(text[i]);
-  } else {
-    isPair = text[i] >= 0xD800 && text[i] <= 0xDBFF;
+void tellNonDigit(Assembly& a, int line, ViewOf<Char> number, std::size_t i) {
+  if (a.family.explainsDsNumber) {
+    if (number[0] == Char('#')) return a.cs.report(hexNumber, line);
+    if (number[0] == Char('-')) return a.cs.report(minusSign, line);
   }
-  return text.substr(i, isPair ? 2 : 1);
-}
-
-template <class Family>
-void tellNonDigit(Assembly& a, int line, ViewOf<Family> number, std::size_t i) {
-  using Char = CharOf<Family>;
-  if constexpr (kIsFixedForm<Family>) {
-    if (number[0] == Char('#')) return a.cs.report<Family, hexNumber>(line);
-    if (number[0] == Char('-')) return a.cs.report<Family, minusSign>(line);
-  }
-  a.cs.report<Family, nonDigit>(line, plain(moziAt(number, i)), quote(number));
+  a.cs.report(nonDigit, line, plain(moziAt(number, i)), quote(number));
 }
 
 /// Splits the operand text into the number, operand 1, and what stands behind it, operand 2.
-template <class Family>
-bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
-  using Char = CharOf<Family>;
-  const ViewOf<Family> text = line.Oprnd[0];
+template <class Char>
+bool OprndAtDS(Assembly& a, SrcData<Char>& line) {
+  const ViewOf<Char> text = line.Oprnd[0];
   if (text.empty()) {
-    a.cs.report<Family, oprndEmpty>(line.Line);
+    a.cs.report(oprndEmpty, line.Line);
     return false;
   }
   std::size_t end = 0;
   // a comma behind the number is no part of it
   while (end < text.size() && !isBlank(text[end]) && (end == 0 || text[end] != Char(','))) ++end;
-  const ViewOf<Family> number = text.substr(0, end);
-  const ViewOf<Family> rest = trim(text.substr(end));
-  if (kIsFixedForm<Family> && end < text.size() && isBlank(text[end]) && !rest.empty())
-    a.cs.report<Family, textBehind>(line.Line);
+  const ViewOf<Char> number = text.substr(0, end);
+  const ViewOf<Char> rest = trim(text.substr(end));
+  if (a.family.explainsDsNumber && end < text.size() && isBlank(text[end]) && !rest.empty())
+    a.cs.report(textBehind, line.Line);
   for (std::size_t i = 0; i < number.size(); ++i) {
     if (number[i] == Char('+') || isDigit(number[i])) continue;
-    tellNonDigit<Family>(a, line.Line, number, i);
+    tellNonDigit(a, line.Line, number, i);
     return false;
   }
-  if (!rest.empty() && rest[0] == Char(',')) a.cs.report<Family, commaBehind>(line.Line);
+  if (!rest.empty() && rest[0] == Char(',')) a.cs.report(commaBehind, line.Line);
   line.Oprnd[1] = number;
   line.Oprnd[2] = rest;
   return true;
@@ -134,49 +130,47 @@ bool OprndAtDS(Assembly& a, SrcOf<Family>& line) {
 
 /// Operand 1 becomes the number of words.  False, with the words of a self-check, where it is none: "+" is
 /// allowed anywhere up to here.
-template <class Family>
-bool convert(Assembly& a, SrcOf<Family>& line, std::string_view fault) {
-  const ViewOf<Family> number = line.Oprnd[1];
-  const ViewOf<Family> digits = number.substr(!number.empty() && number[0] == CharOf<Family>('+') ? 1 : 0);
+template <class Char>
+bool convert(Assembly& a, SrcData<Char>& line, const Message<1>& fault) {
+  const ViewOf<Char> number = line.Oprnd[1];
+  const ViewOf<Char> digits = number.substr(!number.empty() && number[0] == Char('+') ? 1 : 0);
   bool isNumber = !digits.empty();
   for (const auto c : digits) isNumber = isNumber && isDigit(c);
   if (!isNumber) {
-    a.cs.selfCheck(std::string(fault) + plain(number));
+    a.cs.report(fault, line.Line, plain(number));
     return false;
   }
   line.word_kazu = decimalValue(number);
-  line.OprndKazu = 1;
   line.Word1 = 0;
   return true;
 }
 
-template <class Family>
-void SetWordKazuAtDS(Assembly& a, SrcOf<Family>& line) {
-  if (!convert<Family>(a, line, "Prg. Error: Fail to wcstol(); buf=")) return;
+template <class Char>
+void SetWordKazuAtDS(Assembly& a, SrcData<Char>& line) {
+  if (!convert(a, line, notANumber)) return;
   if (line.word_kazu > kMostWords) {
-    a.cs.report<Family, overMachine>(line.Line);
+    a.cs.report(overMachine, line.Line);
   } else if (line.word_kazu > kMostReservable) {
-    a.cs.report<Family, overStack>(line.Line);
+    a.cs.report(overStack, line.Line);
   }
 }
 
 }  // namespace
 
-template <class Family>
-void dispatchDS(Assembly& a, SrcOf<Family>& line) {
-  if (OprndAtDCtoChH<Family>(a, line) && OprndAtDS<Family>(a, line)) SetWordKazuAtDS<Family>(a, line);
+template <class Char>
+void dispatchDS(Assembly& a, SrcData<Char>& line) {
+  if (OprndAtDCtoChH(a, line) && OprndAtDS(a, line)) SetWordKazuAtDS(a, line);
 }
 
-template <class Family>
+template <class Char>
 void SetMryInAtDS(Assembly& a, int prg) {
-  for (SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
-    if (opOf(line) == Op::DS) convert<Family>(a, line, "Prg. Error: Fail to strtoL(); buf=");
+  for (SrcData<Char>& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
+    if (opOf(line) == Op::DS) convert(a, line, notANumberLater);
 }
 
-#define ZELVARO_INSTANTIATE(F)                       \
-  template void dispatchDS<F>(Assembly&, SrcOf<F>&); \
-  template void SetMryInAtDS<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void dispatchDS<char16_t>(Assembly&, SrcData<char16_t>&);
+template void dispatchDS<char>(Assembly&, SrcData<char>&);
+template void SetMryInAtDS<char16_t>(Assembly&, int);
+template void SetMryInAtDS<char>(Assembly&, int);
 
 }  // namespace zelvaro

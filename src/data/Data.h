@@ -7,32 +7,32 @@ namespace zelvaro {
 
 /// Cleans the operand text of a DC or DS line (its operand buffer 0) in place.  False after a fault: no
 /// later step of the line speaks then.
-template <class Family>
-bool OprndAtDCtoChH(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+bool OprndAtDCtoChH(Assembly& a, SrcData<Char>& line);
 
 /// A DC line in the dispatch: OprndAtDCtoChH, OprndAtDC with dc45, TakeOutOprndsAtDC10 and CkDC33, then
 /// SetWordKazuAtDC.
-template <class Family>
-void dispatchDC(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void dispatchDC(Assembly& a, SrcData<Char>& line);
 /// A DS line in the dispatch: OprndAtDCtoChH, OprndAtDS, SetWordKazuAtDS.
-template <class Family>
-void dispatchDS(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void dispatchDS(Assembly& a, SrcData<Char>& line);
 
 /// The words of a program's DS lines.
-template <class Family>
+template <class Char>
 void SetMryInAtDS(Assembly& a, int prg);
-/// The words of a program's DC lines; negative on a fatal fault.
-template <class Family>
-int SetMryInAtDC(Assembly& a, int prg);
+/// The words of a program's DC lines; ends at a constant without characters.
+template <class Char>
+void SetMryInAtDC(Assembly& a, int prg);
 
 /// The fixed form: the number and the place of a program's DC and DS lines.
-template <class Family>
+template <class Char>
 void dcds10(Assembly& a, int prg);
 
-/// Forms of the literals of a program, and the closure of their character constants; negative after a fault.
-template <class Family>
-int CkLiteral15(Assembly& a, int prg);
-template <class Family>
-int CkStrConstLiteral(Assembly& a, int prg);
+/// Forms of the literals of a program, and the closure of their character constants.
+template <class Char>
+void CkLiteral15(Assembly& a, int prg);
+template <class Char>
+void CkStrConstLiteral(Assembly& a, int prg);
 
 }  // namespace zelvaro

@@ -7,7 +7,8 @@
 namespace zelvaro {
 
 inline constexpr Message strConstNoMozi =
-    Message{Severity::Error,
+    Message{"string-without-characters",
+            Severity::Error,
             Head::Line,
             args("nr"),
             {.ja = "の文字列定数: サイズがゼロである。\n"

@@ -9,6 +9,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message strConstEmpty{
+    "dc-string-empty",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -17,17 +18,18 @@ constexpr Message strConstEmpty{
            "* It is not allowed to be zero. \n"
            "This instruction allocates a continuous area for the number of characters(> 0) in the character "
            "string.(Spec. 2.3 (4) Character Constant) "},
-    {{families(FamilyId::NWW),
+    {{kNWW,
       {.ja = "文字定数の文字数は１個以上必要。０個は不可。 仕様 2.3 (4) 文字定数",
        .en = "The length of a literal character constant must be more than zero. "
              "It is not allowed to be zero. (Spec. of CASL2 2.3 (4) Character Constant) "}},
-     {families(FamilyId::NH),
+     {kNH,
       {.ja = "文字定数の文字数は１個以上必要です。０個は不可。 仕様 2.3 (4) 文字定数",
        .en = "One or more characters must be contained in a character constant. "
              "It is not allowed that the length of the character constant is zero. "
              "(Spec. of CASL2: 2.3 (4) Character Constant) "}}}};
 
 constexpr Message strConstOpen{
+    "dc-string-not-closed",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -36,7 +38,7 @@ constexpr Message strConstOpen{
          "{quote}: The character constant is not correctly closed. "
          "Note! Apostrophe.  If you want an apostrophe to appear within a character constant, you must type "
          "two apostrophes such as ('') in a row. (Spec. 2.3 (4) Character Constant) "},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = "文字定数が正しく閉じていない。アポストロフィに着目。 アポストロフィ(')は２個続けて('')書く。 "
              "仕様 2.3 (4) 文字定数",
        .en = "The string constant is not correctly closed. Note! Apostrophe.  If you want an apostrophe to "
@@ -64,18 +66,18 @@ std::basic_string_view<Char> withoutBlanks(TextArena<Char>& arena, std::basic_st
   return {out, static_cast<std::size_t>(next - out)};
 }
 
-template <class Family>
-bool ckStrConsts(Assembly& a, int line, ViewOf<Family> text) {
+template <class Char>
+bool ckStrConsts(Assembly& a, int line, ViewOf<Char> text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != CharOf<Family>('\'')) continue;
+    if (text[i] != Char('\'')) continue;
     const std::size_t open = i;
     i = DetStrConstGL10(text, open);
     if (i == text.size()) {
-      a.cs.report<Family, strConstOpen>(line, quote(text));
+      a.cs.report(strConstOpen, line, quote(text));
       return false;
     }
     if (i == open + 1) {
-      a.cs.report<Family, strConstEmpty>(line, quote(text));
+      a.cs.report(strConstEmpty, line, quote(text));
       return false;
     }
   }
@@ -84,17 +86,16 @@ bool ckStrConsts(Assembly& a, int line, ViewOf<Family> text) {
 
 }  // namespace
 
-template <class Family>
-bool OprndAtDCtoChH(Assembly& a, SrcOf<Family>& line) {
-  using Char = CharOf<Family>;
-  TextArena<Char>& arena = a.store<Family>().arena;
-  ViewOf<Family> text = line.Oprnd[0];
+template <class Char>
+bool OprndAtDCtoChH(Assembly& a, SrcData<Char>& line) {
+  TextArena<Char>& arena = a.store<Char>().arena;
+  ViewOf<Char> text = line.Oprnd[0];
   text =
       trim(text.substr(0, findOutsideStrConst(text, [text](std::size_t i) { return text[i] == Char(';'); })));
   text = withoutBlanks(arena, text,
                        [text](std::size_t i) { return isBlank(text[i]) && i > 0 && isBlank(text[i - 1]); });
   line.Oprnd[0] = text;
-  if (!ckStrConsts<Family>(a, line.Line, text)) return false;
+  if (!ckStrConsts(a, line.Line, text)) return false;
   line.Oprnd[0] = withoutBlanks(arena, text, [text](std::size_t i) {
     if (!isBlank(text[i])) return false;
     return (i > 0 && text[i - 1] == Char(',')) || (i + 1 < text.size() && text[i + 1] == Char(','));
@@ -102,8 +103,7 @@ bool OprndAtDCtoChH(Assembly& a, SrcOf<Family>& line) {
   return true;
 }
 
-#define ZELVARO_INSTANTIATE(F) template bool OprndAtDCtoChH<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template bool OprndAtDCtoChH<char16_t>(Assembly&, SrcData<char16_t>&);
+template bool OprndAtDCtoChH<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -8,7 +8,8 @@ namespace zelvaro {
 namespace {
 
 constexpr Message decOutOfRange =
-    Message{Severity::Note,
+    Message{"dc-range",
+            Severity::Note,
             Head::Line,
             args("nr", "number"),
             {.ja = "\n十進定数 {number} が -32768 から 32767 "
@@ -19,7 +20,8 @@ constexpr Message decOutOfRange =
         .withHead({.ja = "注意： {line} 行目： {nr} 番目の定数： ",
                    .en = "Note : line {line}:  Constant Nr={nr}: "});
 
-constexpr Message labelUnknown{Severity::Error,
+constexpr Message labelUnknown{"dc-label-unknown",
+                               Severity::Error,
                                Head::Line,
                                args("text"),
                                {.ja = ": アドレス定数 {text} と一致する ラベル が存在しない。",
@@ -27,7 +29,7 @@ constexpr Message labelUnknown{Severity::Error,
                                       "No label or program name matches the address constant of '{text}'. "}};
 
 constexpr Message oprndWithoutText{
-    Severity::Error, Head::Line, args("quote", "ordinal"),
+    "dc-operand-empty", Severity::Error, Head::Line, args("quote", "ordinal"),
     bothLanguages("{quote}: The {ordinal} operand at DC is empty in description.")};
 
 /// The number behind "#".
@@ -35,30 +37,29 @@ template <class View>
 int hexValue(View text) {
   unsigned value = 0;
   for (const auto c : text.substr(1)) {
-    const bool isLetter = c >= 'A';
-    value = value << 4 | static_cast<unsigned>(isLetter ? c - 'A' + 10 : c - '0');
+    value = value << 4 | static_cast<unsigned>(digitValue(c));
   }
   return static_cast<int>(value);
 }
 
-template <class Family>
-int decOfDC(Assembly& a, int line, int nr, ViewOf<Family> text) {
+template <class Char>
+int decOfDC(Assembly& a, int line, int nr, ViewOf<Char> text) {
   const int value = decimalValue(text);
-  if (value < -32768 || value > 32767) a.cs.report<Family, decOutOfRange>(line, nr, value);
+  if (value < -32768 || value > 32767) a.cs.report(decOutOfRange, line, nr, value);
   return value;
 }
 
-template <class Family>
-int addressOfLabel(Assembly& a, const SrcOf<Family>& line, ViewOf<Family> text) {
-  const int label = a.program<Family>(line.PrgNr).findLabel(text);
-  if (label >= 0) return a.store<Family>()[label].AbAdr;
-  a.cs.report<Family, labelUnknown>(line.Line, plain(text));
+template <class Char>
+int addressOfLabel(Assembly& a, const SrcData<Char>& line, ViewOf<Char> text) {
+  const int label = a.program<Char>(line.PrgNr).findLabel(text);
+  if (label >= 0) return a.store<Char>()[label].AbAdr;
+  a.cs.report(labelUnknown, line.Line, plain(text));
   return 0;
 }
 
-/// One element: its kind, its words and their addresses.  Negative for a constant without characters.
-template <class Family>
-int setMry(Assembly& a, SrcOf<Family>& line, int nr, OprndAtDC<CharOf<Family>>& oprnd) {
+/// One element: its kind, its words and their addresses.  False for a constant without characters.
+template <class Char>
+bool setMry(Assembly& a, SrcData<Char>& line, int nr, OprndAtDC<Char>& oprnd) {
   oprnd.RelAdr = line.RelAdr + line.word_kazu;
   oprnd.AbAdr = line.AbAdr + line.word_kazu;
   oprnd.DataType = kindOfConst(oprnd.ConstStr);
@@ -68,44 +69,42 @@ int setMry(Assembly& a, SrcOf<Family>& line, int nr, OprndAtDC<CharOf<Family>>& 
       oprnd.Value = hexValue(oprnd.ConstStr);
       break;
     case ConstKind::Dec:
-      oprnd.Value = decOfDC<Family>(a, line.Line, nr, oprnd.ConstStr);
+      oprnd.Value = decOfDC(a, line.Line, nr, oprnd.ConstStr);
       break;
     case ConstKind::AdrConst:
-      oprnd.Value = addressOfLabel<Family>(a, line, oprnd.ConstStr);
+      oprnd.Value = addressOfLabel(a, line, oprnd.ConstStr);
       break;
     case ConstKind::CharConst:
       oprnd.WordKazu = CountWordKazuAtCharConst(oprnd.ConstStr);
       if (oprnd.WordKazu == 0) {
-        a.cs.report<Family, strConstNoMozi>(line.Line, nr);
-        return -1;
+        a.cs.report(strConstNoMozi, line.Line, nr);
+        return false;
       }
       break;
     case ConstKind::Const:
-      a.cs.report<Family, oprndWithoutText>(line.Line, quote(oprnd.ConstStr), ordinal(nr));
+      a.cs.report(oprndWithoutText, line.Line, quote(oprnd.ConstStr), ordinal(nr));
       oprnd.WordKazu = 0;
       break;
   }
   line.word_kazu += oprnd.WordKazu;
-  return 0;
+  return true;
 }
 
 }  // namespace
 
-template <class Family>
-int SetMryInAtDC(Assembly& a, int prg) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  for (SrcOf<Family>& line : store.linesBeforeEnd(a.program<Family>(prg))) {
+template <class Char>
+void SetMryInAtDC(Assembly& a, int prg) {
+  LineStore<Char>& store = a.store<Char>();
+  for (SrcData<Char>& line : store.linesBeforeEnd(a.program<Char>(prg))) {
     if (opOf(line) != Op::DC) continue;
     line.word_kazu = 0;
     int nr = 0;
     for (auto& oprnd : store.oprndsAtDC(line))
-      if (setMry<Family>(a, line, ++nr, oprnd) < 0) return -1;
+      if (!setMry(a, line, ++nr, oprnd)) return;
   }
-  return 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int SetMryInAtDC<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void SetMryInAtDC<char16_t>(Assembly&, int);
+template void SetMryInAtDC<char>(Assembly&, int);
 
 }  // namespace zelvaro

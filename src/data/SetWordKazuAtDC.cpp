@@ -1,28 +1,28 @@
 // Kind and number of words of the operands of a DC.
 #include "data/DC.h"
 #include "diag/Quote.h"
-#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
 
 // The run goes on to SetMryInAtDC, which counts the Error.
 constexpr Message oprndWithoutText =
-    Message{Severity::Error, Head::Line, args("text", "ordinal"),
+    Message{"dc-operand-without-text", Severity::Error, Head::Line, args("text", "ordinal"),
             bothLanguages("\"{text}\": The {ordinal} operand at DC is empty in description.")}
         .uncounted();
 
-constexpr Message notConverted{Severity::Error, Head::None, args(),
+constexpr Message unknownKind = selfCheck("self-dc-kind", args(), "Prg. Error: Unknown error of else. ");
+constexpr Message notConverted{"dc-not-text", Severity::Error, Head::None, args(),
                                bothLanguages("mbsrtowcs_s() has returned Error. MbChToWCs(). ")};
 
 /// The fixed form keeps the bytes of a file as they are: one without a character shows here.  The
 /// characters are counted by bytes then.
-template <class Family>
-int wordsOfCharConst(Assembly& a, int line, ViewOf<Family> text) {
-  if constexpr (kIsFixedForm<Family>) {
+template <class Char>
+int wordsOfCharConst(Assembly& a, int line, ViewOf<Char> text) {
+  if constexpr (std::is_same_v<Char, char>) {
     std::u16string wide;
-    if (!cp932ToUtf16(text, wide)) {
-      a.cs.report<Family, notConverted>(line);
+    if (a.family.loader == Loader::Fixed && !cp932ToUtf16(text, wide)) {
+      a.cs.report(notConverted, line);
       wide.assign(text.begin(), text.end());
       return CountWordKazuAtCharConst(std::u16string_view(wide));
     }
@@ -32,29 +32,28 @@ int wordsOfCharConst(Assembly& a, int line, ViewOf<Family> text) {
 
 }  // namespace
 
-template <class Family>
-void SetWordKazuAtDC(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void SetWordKazuAtDC(Assembly& a, SrcData<Char>& line) {
   int nr = 0;
   line.word_kazu = 0;
-  for (auto& oprnd : a.store<Family>().oprndsAtDC(line)) {
+  for (auto& oprnd : a.store<Char>().oprndsAtDC(line)) {
     ++nr;
     oprnd.DataType = kindOfConst(oprnd.ConstStr);
     if (isEmptyConst(oprnd.ConstStr)) {
-      a.cs.report<Family, oprndWithoutText>(line.Line, plain(oprnd.ConstStr), ordinal(nr));
+      a.cs.report(oprndWithoutText, line.Line, plain(oprnd.ConstStr), ordinal(nr));
       return;
     }
     if (oprnd.DataType == ConstKind::Const) {
-      a.cs.selfCheck("Prg. Error: Unknown error of else. ");
+      a.cs.report(unknownKind, line.Line);
       return;
     }
     oprnd.WordKazu =
-        oprnd.DataType == ConstKind::CharConst ? wordsOfCharConst<Family>(a, line.Line, oprnd.ConstStr) : 1;
+        oprnd.DataType == ConstKind::CharConst ? wordsOfCharConst(a, line.Line, oprnd.ConstStr) : 1;
     line.word_kazu += oprnd.WordKazu;
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void SetWordKazuAtDC<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void SetWordKazuAtDC<char16_t>(Assembly&, SrcData<char16_t>&);
+template void SetWordKazuAtDC<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

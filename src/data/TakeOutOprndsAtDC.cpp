@@ -3,12 +3,13 @@
 
 #include "data/DC.h"
 #include "data/StrConst.h"
-#include "source/FixedForm.h"
+#include "diag/Limits.h"
 
 namespace zelvaro {
 namespace {
 
 constexpr Message tooManyOprnds{
+    "dc-operands-many",
     Severity::Error,
     Head::Line,
     args("count"),
@@ -35,9 +36,9 @@ void append(std::vector<OprndAtDC<Char>>& pool, std::basic_string_view<Char> tex
 
 }  // namespace
 
-template <class Family>
-int TakeOutOprndsAtDC10(Assembly& a, SrcOf<Family>& line) {
-  auto& pool = a.store<Family>().vecOprndAtDC;
+template <class Char>
+bool TakeOutOprndsAtDC10(Assembly& a, SrcData<Char>& line) {
+  auto& pool = a.store<Char>().vecOprndAtDC;
   const auto first = static_cast<std::ptrdiff_t>(pool.size());
   append(pool, line.Oprnd[0]);
   const auto count = static_cast<int>(std::ssize(pool) - first);
@@ -49,16 +50,14 @@ int TakeOutOprndsAtDC10(Assembly& a, SrcOf<Family>& line) {
     line.DcFirst = static_cast<std::int32_t>(first);
     line.DcCount = count;
   }
-  line.OprndKazu = count;
-  if (kIsFixedForm<Family> && count > kFixedDcOprnds) {
-    a.cs.report<Family, tooManyOprnds>(line.Line, count);
-    return 1;
+  if (static_cast<std::size_t>(count) > a.family.mostDcOprnds) {
+    a.cs.report(tooManyOprnds, line.Line, count);
+    return false;
   }
-  return CkDC33<Family>(a, line) > 0 ? 1 : 0;
+  return CkDC33(a, line) == 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int TakeOutOprndsAtDC10<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template bool TakeOutOprndsAtDC10<char16_t>(Assembly&, SrcData<char16_t>&);
+template bool TakeOutOprndsAtDC10<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -1,19 +1,20 @@
 // The fixed form keeps its data behind the code: how many DC and DS lines a program may have, and that
 // nothing else stands behind its last instruction.
 #include "data/Data.h"
-#include "source/FixedForm.h"
+#include "diag/Limits.h"
 
 namespace zelvaro {
 namespace {
 
 constexpr Message tooManyLines{
-    Severity::Error, Head::Bare, args("dc", "ds", "lines"),
+    "data-lines-many", Severity::Error, Head::Bare, args("dc", "ds", "lines"),
     bothLanguages("仕様：DCとDSの行の数の合計は「最大行数の６分の１」=55 行に制限されています。\n"
                   "DC行が {dc} 行あります。 \n"
                   "DS行が {ds} 行あります。 \n"
                   "DCとDSの行の数の合計が {lines} 行あります。 \n"
                   "メモリの節約のため削減をお願いします。 ")};
 constexpr Message noData{
+    "data-missing",
     Severity::Error,
     Head::Line,
     args(),
@@ -35,22 +36,21 @@ std::size_t retLine(std::span<const SrcData<Char>> lines) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void dcds10(Assembly& a, int prg) {
-  const auto lines = std::span<const SrcOf<Family>>(a.store<Family>().linesBeforeEnd(a.program<Family>(prg)));
+  const auto lines = std::span<const SrcData<Char>>(a.store<Char>().linesBeforeEnd(a.program<Char>(prg)));
   int dc = 0;
   int ds = 0;
-  for (const SrcOf<Family>& line : lines) {
+  for (const SrcData<Char>& line : lines) {
     dc += opOf(line) == Op::DC ? 1 : 0;
     ds += opOf(line) == Op::DS ? 1 : 0;
   }
-  if (dc + ds > kFixedDcDsLines) a.cs.report<Family, tooManyLines>(0, dc, ds, dc + ds);
-  for (const SrcOf<Family>& line : lines.subspan(retLine(lines) + 1))
-    if (opOf(line) != Op::Unknown && !isDcOrDs(opOf(line))) a.cs.report<Family, noData>(line.Line);
+  if (dc + ds > kFixedDcDsLines) a.cs.report(tooManyLines, 0, dc, ds, dc + ds);
+  for (const SrcData<Char>& line : lines.subspan(retLine(lines) + 1))
+    if (opOf(line) != Op::Unknown && !isDcOrDs(opOf(line))) a.cs.report(noData, line.Line);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void dcds10<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
-#undef ZELVARO_INSTANTIATE
+template void dcds10<char16_t>(Assembly&, int);
+template void dcds10<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -4,14 +4,22 @@
 
 namespace zelvaro {
 
-void TDiagLog::ReplayLog(Platform& console) const {
-  for (const DiagRec& record : records_) {
+void TDiagLog::take(const Diagnostic& d) {
+  if (writes && d.row->logs) records_.push_back(d);
+}
+
+std::string TDiagLog::ReplayLog(Wording wording) const {
+  std::string out;
+  for (auto record = records_.begin(); record != records_.end();) {
+    std::string text = renderText(*record, wording);
+    for (++record; record != records_.end() && record->row->continues; ++record)
+      text += "\n" + renderText(*record, wording);
     // The lines of a message up to its first empty one, and a last line that no check fills.
-    std::string text = record.Text;
     while (text.ends_with('\n')) text.pop_back();
     text.resize(std::min(text.find("\n\n"), text.size()));
-    console.print(text.empty() ? "\n" : text + "\n\n");
+    out += text.empty() ? "\n" : text + "\n\n";
   }
+  return out;
 }
 
 }  // namespace zelvaro

@@ -2,33 +2,25 @@
 // the end of a run with errors.
 #pragma once
 
-#include <string>
 #include <vector>
 
-#include "diag/Message.h"
-#include "platform/Platform.h"
+#include "diag/Render.h"
 
 namespace zelvaro {
 
-/// One logged message.
-struct DiagRec {
-  int Line = 0;                         ///< 0-based line index
-  Severity severity = Severity::Plain;  ///< what its prefix says
-  std::string Text;                     ///< the lines of the message, UTF-8, without head and leading quote
-};
-
-class TDiagLog {
+class TDiagLog : public DiagSink {
  public:
-  void append(DiagRec record) { records_.push_back(std::move(record)); }
-  /// More lines of the last record.
-  void extend(const std::string& text) { records_.back().Text += "\n" + text; }
-  /// Prints the text of every record, in order, and an empty line behind each.  Empties nothing.
-  void ReplayLog(Platform& console) const;
+  /// Keeps what belongs into the log, while `writes` is set.
+  void take(const Diagnostic& d) override;
+  /// The text of every message, in order, and an empty line after each.  Empties nothing.
+  std::string ReplayLog(Wording wording) const;
   void ClearLog() { records_.clear(); }
-  const std::vector<DiagRec>& records() const { return records_; }
+  const std::vector<Diagnostic>& records() const { return records_; }
+
+  bool writes = true;  ///< whether the pipeline has a log
 
  private:
-  std::vector<DiagRec> records_;
+  std::vector<Diagnostic> records_;
 };
 
 }  // namespace zelvaro

@@ -1,77 +1,142 @@
-// The families of pipelines.  A stage is a template over one of these structs; what differs between the
-// families in a rule is a named trait here, what differs in words only lies in the message.
+// The families: one row for each pipeline name, one column for each difference between the pipelines.  A stage
+// asks the column that its rule depends on.  What differs in words only is in the message (Message.h).
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <span>
 #include <string_view>
 
 namespace zelvaro {
 
-/// Which wording a message takes.  NaW speaks as NWW does.
-enum class FamilyId : std::uint8_t { WP, NWW, AP, NA, NH };
+enum class FamilyId : std::uint8_t { WP, NWW, NwW, NaW, AP, NA, NH };
 
-/// Stands for "as long as the line" where a family has a fixed buffer.
-inline constexpr std::size_t kWholeText = static_cast<std::size_t>(-1);
+/// A set of families.
+struct FamilySet {
+  std::uint8_t bits = 0;
 
-/// Wide text, operand buffers as long as the line.  The reference: the others tell what they do otherwise.
-struct WP {
-  using Char = char16_t;
-  static constexpr FamilyId id = FamilyId::WP;
-  static constexpr bool writesLog = true;               ///< its checks append a record to the log of `dg`
-  static constexpr std::size_t oprndText = kWholeText;  ///< characters of an operand text that are read
-  static constexpr bool warnsOfCutOprndText = false;    ///< the first text of a program that is cut is told
-  static constexpr bool asksForOprndsOfLD = true;       ///< LD without its operands is told ahead of all else
-  static constexpr bool tellsDoubleComma = true;        ///< in place of an index register
-  static constexpr bool prgNameIsEntry = true;          ///< START may name another program
-  static constexpr bool worksOutEntry = false;          ///< START counts the words up to its label by itself
-  static constexpr bool prgNameInDC = true;             ///< a DC may name another program
-  static constexpr bool ownLabelsFirst = false;      ///< an operand is a label first, a program's name second
-  static constexpr bool warnsOfExternalName = true;  ///< outside CALL and LAD
+  constexpr bool contains(FamilyId id) const { return (bits >> static_cast<unsigned>(id) & 1u) != 0; }
+  friend constexpr FamilySet operator|(FamilySet a, FamilySet b) {
+    return {static_cast<std::uint8_t>(a.bits | b.bits)};
+  }
+};
+constexpr FamilySet setOf(FamilyId id) {
+  return {static_cast<std::uint8_t>(1u << static_cast<unsigned>(id))};
+}
+
+inline constexpr FamilySet kWP = setOf(FamilyId::WP);
+inline constexpr FamilySet kNaW = setOf(FamilyId::NaW);
+inline constexpr FamilySet kAP = setOf(FamilyId::AP);
+inline constexpr FamilySet kNA = setOf(FamilyId::NA);
+inline constexpr FamilySet kNH = setOf(FamilyId::NH);  ///< the fixed form
+/// Wide text with operand buffers of a fixed length.
+inline constexpr FamilySet kNWW = setOf(FamilyId::NWW) | setOf(FamilyId::NwW) | kNaW;
+inline constexpr FamilySet kWide = kWP | kNWW;
+/// The encoding of the source is found.
+inline constexpr FamilySet kDetecting = kWP | setOf(FamilyId::NWW) | setOf(FamilyId::NwW);
+inline constexpr FamilySet kNarrow = kAP | kNA;  ///< narrow text, the fixed form apart
+inline constexpr FamilySet kAll = kWide | kNarrow | kNH;
+inline constexpr FamilySet kAllButNH = kWide | kNarrow;
+inline constexpr FamilySet kAllButAP = kWide | kNA | kNH;
+
+/// How the text of a source is held: UTF-16 in char16_t, or CP932 in char.
+enum class TextForm : std::uint8_t { Wide, Narrow };
+
+/// How a source file becomes lines.
+enum class Loader : std::uint8_t {
+  Detecting,  ///< finds the encoding; wide lines
+  Narrow,     ///< narrow lines
+  Widened,    ///< the narrow loader, its lines made wide
+  Fixed       ///< narrow lines of a limited length and number; bytes without a character stay as they are
 };
 
-/// Wide text, fixed buffers.  Serves the pipelines NWW, NwW and NaW.
-struct NWW : WP {
-  static constexpr FamilyId id = FamilyId::NWW;
-  static constexpr std::size_t oprndText = 225;
-  static constexpr bool warnsOfCutOprndText = true;
-  static constexpr bool asksForOprndsOfLD = false;
-  static constexpr bool tellsDoubleComma = false;
+/// How a line is normalised.
+enum class Blanks : std::uint8_t {
+  OneInFront,   ///< of two or more leading blanks one stays
+  FirstTwoRuns  ///< of each of the first two runs of blanks one stays
 };
 
-/// Narrow text in CP932, operand buffers as long as the line.
-struct AP : WP {
-  using Char = char;
-  static constexpr FamilyId id = FamilyId::AP;
-  static constexpr bool writesLog = false;
-  static constexpr bool asksForOprndsOfLD = false;
-  static constexpr bool tellsDoubleComma = false;
-  static constexpr bool prgNameIsEntry = false;
-  static constexpr bool worksOutEntry = true;
-  static constexpr bool prgNameInDC = false;
+/// In which order a name in an operand is looked up.
+enum class NameOrder : std::uint8_t { ProgramsFirst, LabelsFirst };
+
+/// How START finds the address of a label.
+enum class EntryAddress : std::uint8_t { FromAddressPass, CountedAhead };
+
+/// Where DC and DS are in the memory of a program.
+enum class DataPlace : std::uint8_t { InLine, AfterCode };
+
+/// When the link looks at the tallies.
+enum class LinkTest : std::uint8_t { AfterAddresses, AfterEachStep };
+
+/// When the counts of executed instructions become 0: with the reset before the link, or with each run too.
+enum class CountsStart : std::uint8_t { WithReset, WithRun };
+
+/// When a store outside of the image draws a Warning.
+enum class StoreWarning : std::uint8_t { OnceARun, EachNewAddress };
+
+enum class ReportForm : std::uint8_t { Wide, Narrow, Fixed };
+enum class TimeLines : std::uint8_t { General, Fixed };
+/// Which menu a pipeline shows.
+enum class MenuForm : std::uint8_t { Full, Fixed };
+
+/// Means "no limit" in a column that holds one.
+inline constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+
+/// One row of the table.  The groups are those of the table's lines.
+struct Family {
+  FamilyId id;
+  std::string_view name;      ///< as the settings and the mode selector have it
+  std::string_view textKind;  ///< printed in the banner; empty: that of the pipeline before stays
+
+  // --- text and records ---
+  TextForm text;
+  Loader loader;
+  Blanks blanks;
+  std::size_t oprndLength;    ///< characters of an operand text that are read
+  bool warnsOfCutOprnd;       ///< the first text of a program that is cut gets a Warning
+  std::size_t prgNameLength;  ///< characters of a program's name that are read
+  std::size_t mostPrograms;   ///< programs of a file
+  std::size_t mostDcOprnds;   ///< operands of a DC line
+  std::size_t opLength;       ///< characters of the longest word that is looked up as an opcode
+
+  // --- checks ---
+  bool labelAlone;          ///< a line may hold a label and nothing else
+  bool knowsEXIT;           ///< the opcode EXIT exists
+  bool asksForOprndsOfLD;   ///< LD without its operands is reported before all else
+  bool reportsDoubleComma;  ///< two commas where an index register is expected have a message of their own
+  bool explainsDsNumber;   ///< a bad number of DS is explained by its first character; text after it is noted
+  bool notesLiteralRange;  ///< a number of a literal out of range gets a Note; else a Warning
+  bool prgNameIsEntry;     ///< START may name another program
+  bool prgNameInDC;        ///< a DC may name another program
+  bool ownNameIsLabel;     ///< a program's own name is one of its labels; else it is one of the programs
+  bool warnsOfExternalName;  ///< a program's name outside CALL and LAD gets a Warning
+  NameOrder nameOrder;
+  EntryAddress entryAddress;
+
+  // --- memory and run ---
+  DataPlace dataPlace;
+  LinkTest linkTest;
+  bool keepsWords;        ///< the link refuses to overwrite a word
+  bool linksEmptyString;  ///< a character constant without characters links, as no word
+  int mostWords;          ///< of the linked image
+  int runLimit;           ///< the highest address that a run may use
+  CountsStart countsStart;
+  StoreWarning storeWarning;
+  ReportForm report;
+
+  // --- dialogue ---
+  bool keepsLog;       ///< messages of checks are logged, and replayed after a run with Errors
+  bool testsEditor;    ///< the slot of the editor is tested at the start
+  bool testsResults;   ///< a negative result of a stage counts as a fault, not the tallies alone
+  bool savesSettings;  ///< leaving writes the settings
+  TimeLines timeLines;
+  MenuForm menu;
 };
 
-/// Narrow text, fixed buffers: the 250 bytes of a buffer hold its terminator too.
-struct NA : AP {
-  static constexpr FamilyId id = FamilyId::NA;
-  static constexpr std::size_t oprndText = 249;
-  static constexpr bool prgNameInDC = true;
-};
-
-/// The fixed form: narrow text with limits on lines, programs and memory.
-struct NH : NA {
-  static constexpr FamilyId id = FamilyId::NH;
-  static constexpr bool worksOutEntry = false;  // DC and DS lie elsewhere: the address pass alone knows
-  static constexpr bool ownLabelsFirst = true;
-  static constexpr bool warnsOfExternalName = false;
-};
-
-/// The families that are compiled: ZELVARO_FAMILIES(M) expands M once for each.
-#define ZELVARO_FAMILIES(M) M(WP) M(NWW) M(AP) M(NA) M(NH)
-
-template <class Family>
-using CharOf = typename Family::Char;
-template <class Family>
-using ViewOf = std::basic_string_view<typename Family::Char>;
+std::span<const Family> families();
+/// The family of that name, or null.
+const Family* findFamily(std::string_view name);
+const Family& family(FamilyId id);
 
 }  // namespace zelvaro

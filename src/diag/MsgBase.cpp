@@ -2,25 +2,10 @@
 
 namespace zelvaro {
 
-void TMsgBase::issue(Catalogue::Entry& entry, FamilyId family, bool writesLog, int line,
-                     std::initializer_list<MsgArg> values) {
-  const Message& row = *entry.row;
-  entry.fired[Lang == kJapanese ? kJapanese : kEnglish] = true;
-  Filled filled = fill(row, family, Lang, line, values);
-  std::string printed = std::move(filled.head);
-  if (filled.breakAfterHead) printed += '\n';
-  printed += filled.text;
-  printed += '\n';
-  console_.print(printed);
-  if (writesLog && row.logs) {
-    if (row.continues) {
-      log_.extend(filled.text);
-    } else {
-      log_.append({line, row.severity, std::move(filled.text)});
-    }
-  }
-  if (!row.counts) return;
-  switch (row.severity) {
+void TMsgBase::issue(const Diagnostic& d) {
+  sink_.take(d);
+  if (!d.row->counts) return;
+  switch (d.row->severity) {
     case Severity::Error:
       ++ErrorKazu;
       break;
@@ -33,7 +18,7 @@ void TMsgBase::issue(Catalogue::Entry& entry, FamilyId family, bool writesLog, i
     case Severity::Memo:
       ++MemoKazu;
       break;
-    case Severity::Plain:
+    case Severity::Notice:
       break;
   }
 }

@@ -1,4 +1,4 @@
-// How a text of the source stands in a message: as UTF-8, and quoted.
+// A text of the source as an argument of a message: as UTF-8, and quoted.
 #pragma once
 
 #include <string>
@@ -6,6 +6,7 @@
 
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
+#include "diag/Diagnostic.h"
 
 namespace zelvaro {
 
@@ -17,17 +18,17 @@ inline std::string plain(std::string_view text) {
   return cp932ToUtf8(text);
 }
 
-/// The text as messages quote it: a blank, a double quote, the text, a double quote, a blank.
-inline std::string QuoteStrW(std::u16string_view text) {
-  return " \"" + plain(text) + "\" ";
+/// The text as messages quote it.
+inline Quoted QuoteStrW(std::u16string_view text) {
+  return {plain(text)};
 }
-inline std::string QuoteStrA(std::string_view text) {
-  return " \"" + plain(text) + "\" ";
+inline Quoted QuoteStrA(std::string_view text) {
+  return {plain(text)};
 }
-inline std::string quote(std::u16string_view text) {
+inline Quoted quote(std::u16string_view text) {
   return QuoteStrW(text);
 }
-inline std::string quote(std::string_view text) {
+inline Quoted quote(std::string_view text) {
   return QuoteStrA(text);
 }
 

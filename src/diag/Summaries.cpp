@@ -1,36 +1,33 @@
 #include "diag/Summaries.h"
 
-#include <string>
-
 namespace zelvaro {
+namespace {
 
-int SumUpErrors(const TMsgBase& game, std::string_view text, char mode) {
-  const bool english = game.Lang != kJapanese;
-  const std::string errors = std::to_string(game.ErrorKazu);
-  if (mode == 'h' && game.ErrorKazu > 0) {
-    game.print("\n\n");
-    if (english) {
-      game.print(game.ErrorKazu == 1 ? "There is 1 error to be corrected. "
-                                     : "There are " + errors + " errors to be corrected. ");
-      game.print("\n\nCorrect the codes and assemble them again.\n");
-    } else {
-      game.print(" " + errors + std::string(text) + "\n");
-    }
-    return game.ErrorKazu;
-  }
-  if (mode == 'f' && english && game.ErrorKazu == 0 && game.WarningKazu > 0)
-    game.print(std::to_string(game.WarningKazu) + (game.WarningKazu == 1 ? " warning: " : " warnings: ") +
-               "\n");
-  return 0;
+constexpr Message oneError = notice("sum-one-error", args("count"),
+                                    {.ja = "\n\n {count} 個の エラー があるので修正が必要です。 \n",
+                                     .en = "\n\nThere is {count} error to be corrected. \n\n"
+                                           "Correct the codes and assemble them again.\n"});
+constexpr Message errors = notice("sum-errors", args("count"),
+                                  {.ja = "\n\n {count} 個の エラー があるので修正が必要です。 \n",
+                                   .en = "\n\nThere are {count} errors to be corrected. \n\n"
+                                         "Correct the codes and assemble them again.\n"});
+constexpr Message oneWarning = notice("sum-one-warning", args("count"),
+                                      {.ja = "{count} 個の 警告 がある。 \n", .en = "{count} warning: \n"});
+constexpr Message warnings = notice("sum-warnings", args("count"),
+                                    {.ja = "{count} 個の 警告 がある。 \n", .en = "{count} warnings: \n"});
+constexpr Message notesOrMemos = notice("sum-notes", args(), {.ja = "\n", .en = kNoWords});
+
+}  // namespace
+
+void SumUpErrors(TMsgBase& game) {
+  if (game.ErrorKazu > 0) game.say(game.ErrorKazu == 1 ? oneError : errors, game.ErrorKazu);
 }
 
-int SumUpWarningsJ(const TMsgBase& game, std::string_view text, char mode) {
-  if (mode != 'f' || game.Lang != kJapanese || game.ErrorKazu != 0) return 0;
-  game.print(text);
-  if (game.WarningKazu > 0) game.print(std::to_string(game.WarningKazu) + " 個の 警告 がある。 \n");
-  if (game.NoteKazu > 0) game.print("\n");
-  if (game.MemoKazu > 0) game.print("\n");
-  return 0;
+void SumUpWarnings(TMsgBase& game) {
+  if (game.ErrorKazu > 0) return;
+  if (game.WarningKazu > 0) game.say(game.WarningKazu == 1 ? oneWarning : warnings, game.WarningKazu);
+  if (game.NoteKazu > 0) game.say(notesOrMemos);
+  if (game.MemoKazu > 0) game.say(notesOrMemos);
 }
 
 }  // namespace zelvaro

@@ -9,21 +9,23 @@ constexpr std::size_t kHexDigits = 4;
 constexpr int kLeast = -32768;
 constexpr int kGreatest = 65535;
 
-constexpr Message badHexDigit{Severity::Error,
+constexpr Message badHexDigit{"address-hex-digit",
+                              Severity::Error,
                               Head::Line,
                               args("quote"),
                               {.ja = "\n{quote}:  16進数字に0-9又はA-F以外の文字がある。 ",
                                .en = "{quote}\nA hexadecimal number is written in 0-9 and A-F. \n"
                                      "Hexadecimal notation uses 0 through 9 and A through F."}};
 constexpr Message hashAlone{
+    "address-hash-alone",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = "\n# の右に記述がない。", .en = "{quote} \nMissing a value after '#'. "},
-    {{families(FamilyId::NWW),
-      {.ja = {}, .en = "{quote} \nNo description is found at the right side of #. "}},
-     {families(FamilyId::AP), {.ja = {}, .en = "{quote} \nMissing a hex value after '#'."}}}};
+    {{kNWW, {.ja = {}, .en = "{quote} \nNo description is found at the right side of #. "}},
+     {kAP, {.ja = {}, .en = "{quote} \nMissing a hex value after '#'."}}}};
 constexpr Message manyHexDigits{
+    "address-hex-long",
     Severity::Error,
     Head::Line,
     args("quote", "count"),
@@ -31,6 +33,7 @@ constexpr Message manyHexDigits{
      .en = "{quote}: \nA hexadecimal nmuber should be written as four digits. (Spec. of CASL2: 2.3 (4)) \n"
            "It has {count} digits. "}};
 constexpr Message oneHexDigit{
+    "address-hex-one-digit",
     Severity::Error,
     Head::Line,
     args("quote", "count"),
@@ -38,13 +41,15 @@ constexpr Message oneHexDigit{
      .en = ": \nA hexadecimal number should be written as four digits. \n(Spec. of CASL2: 2.3 (4)) {quote}\n"
            "It has only {count} digit. "}};
 constexpr Message fewHexDigits{
+    "address-hex-short",
     Severity::Error,
     Head::Line,
     args("quote", "count"),
     {.ja = " １６ 進数は ４ 桁で記述する。(仕様2･3 (4)) : {quote}\n{count} 桁しかない。",
      .en = ": \nA hexadecimal number should be written as four digits. \n(Spec. of CASL2: 2.3 (4)) {quote}\n"
            "It has only {count} digits. "}};
-constexpr Message nonDigit{Severity::Error,
+constexpr Message nonDigit{"address-decimal-digit",
+                           Severity::Error,
                            Head::Line,
                            args("quote"),
                            {.ja = "{quote}\n１０進数の中に数字以外の文字がある。",
@@ -56,17 +61,20 @@ constexpr std::string_view kOutOfRangeJa =
     "10 進数の記述が -32768 から 32767 のとき、\n"
     "16ビットの2進数データ（最上位ビットを符号ビットとする ）として格納する。 \n"
     "その範囲外にあるとき、その下位 16 ビットが格納される。（独自仕様）  ";
-constexpr Message outOfRange{Severity::Note,
-                             Head::QuoteLine,
-                             args("quote"),
-                             {.ja = kOutOfRangeJa,
-                              .en = "\nThe decimal number is out of range. \n"
-                                    "The valid range for an unsigned decimal number is from 0 to 65535.\n"
-                                    "The valid range for an signed decimal number is -32768 to +32767.\n"
-                                    "When a decimal number exceeds this range, its lower 16 bits are \n"
-                                    "saved in memory. \n(CASL2 Spec: 2.3 (4)) \n"
-                                    "The 15th bit is the sign bit. (Zelvaro Spec.) "}};
-constexpr Message signedOutOfRange{Severity::Note,
+constexpr Message unsignedOutOfRange{
+    "address-range",
+    Severity::Note,
+    Head::QuoteLine,
+    args("quote"),
+    {.ja = kOutOfRangeJa,
+     .en = "\nThe decimal number is out of range. \n"
+           "The valid range for an unsigned decimal number is from 0 to 65535.\n"
+           "The valid range for an signed decimal number is -32768 to +32767.\n"
+           "When a decimal number exceeds this range, its lower 16 bits are \n"
+           "saved in memory. \n(CASL2 Spec: 2.3 (4)) \n"
+           "The 15th bit is the sign bit. (Zelvaro Spec.) "}};
+constexpr Message signedOutOfRange{"address-signed-range",
+                                   Severity::Note,
                                    Head::QuoteLine,
                                    args("quote"),
                                    {.ja = kOutOfRangeJa,
@@ -78,62 +86,60 @@ constexpr Message signedOutOfRange{Severity::Note,
                                           "it is saved in memory as binary data in 16 bits. \n"
                                           "The 15th bit is the sign bit. (Spec. of Zelvaro) "}};
 
-template <class Family, const Message& OutOfRange>
-int decimal(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, std::size_t signs) {
-  for (const CharOf<Family> c : p.substr(signs)) {
+template <class Char>
+bool decimal(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, std::size_t signs,
+             const Message<1>& outOfRange) {
+  for (const Char c : p.substr(signs)) {
     if (isDigit(c)) continue;
-    a.cs.report<Family, nonDigit>(line.Line, quote(p));
-    AnalystZenKSpace20<Family>(a.cs, p, line.Line);
-    return kAdrBadDecimal;
+    a.cs.report(nonDigit, line.Line, quote(p));
+    AnalystZenKSpace20(a.cs, line.Line, p);
+    return false;
   }
   const int value = decimalValue(p);
-  if (value < kLeast || value > kGreatest) a.cs.report<Family, OutOfRange>(line.Line, quote(p));
+  if (value < kLeast || value > kGreatest) a.cs.report(outOfRange, line.Line, quote(p));
   line.Word2 = value & 0xFFFF;
-  return 0;
+  return true;
 }
 
 }  // namespace
 
-template <class Family>
-int CkAdrHex(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, int n) {
-  const ViewOf<Family> digits = p.substr(1);
-  for (const CharOf<Family> c : digits) {
+template <class Char>
+bool CkAdrHex(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n) {
+  const ViewOf<Char> digits = p.substr(1);
+  for (const Char c : digits) {
     if (isHexDigit(c)) continue;
-    a.cs.report<Family, badHexDigit>(line.Line, quote(p));
+    a.cs.report(badHexDigit, line.Line, quote(p));
     break;
   }
   if (digits.empty()) {
-    a.cs.report<Family, hashAlone>(line.Line, quote(p));
-    return kAdrNoHexDigit;
+    a.cs.report(hashAlone, line.Line, quote(p));
+    return false;
   }
   if (digits.size() < kHexDigits) {
-    if (digits.size() == 1) {
-      a.cs.report<Family, oneHexDigit>(line.Line, quote(p), digits.size());
-    } else {
-      a.cs.report<Family, fewHexDigits>(line.Line, quote(p), digits.size());
-    }
-    return kAdrFewHexDigits;
+    a.cs.report(digits.size() == 1 ? oneHexDigit : fewHexDigits, line.Line, quote(p), digits.size());
+    return false;
   }
   // Too many digits keep their value; the Error has stopped the run anyway.
-  if (digits.size() > kHexDigits) a.cs.report<Family, manyHexDigits>(line.Line, quote(p), digits.size());
-  line.Word2 = HexStrToIntG<Family>(a.cs, line.Line, n, p) & 0xFFFF;
-  return 0;
+  if (digits.size() > kHexDigits) a.cs.report(manyHexDigits, line.Line, quote(p), digits.size());
+  line.Word2 = HexStrToIntG(a, line.Line, n, p) & 0xFFFF;
+  return true;
 }
 
-template <class Family>
-int CkAdrDec(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {
-  return decimal<Family, outOfRange>(a, line, p, 0);
+template <class Char>
+bool CkAdrDec(Assembly& a, SrcData<Char>& line, ViewOf<Char> p) {
+  return decimal(a, line, p, 0, unsignedOutOfRange);
 }
 
-template <class Family>
-int CkAdrSignedDec(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p) {
-  return decimal<Family, signedOutOfRange>(a, line, p, 1);
+template <class Char>
+bool CkAdrSignedDec(Assembly& a, SrcData<Char>& line, ViewOf<Char> p) {
+  return decimal(a, line, p, 1, signedOutOfRange);
 }
 
-#define ZELVARO_INSTANTIATE(F)                                    \
-  template int CkAdrHex<F>(Assembly&, SrcOf<F>&, ViewOf<F>, int); \
-  template int CkAdrDec<F>(Assembly&, SrcOf<F>&, ViewOf<F>);      \
-  template int CkAdrSignedDec<F>(Assembly&, SrcOf<F>&, ViewOf<F>);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool CkAdrHex<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>, int);
+template bool CkAdrHex<char>(Assembly&, SrcData<char>&, ViewOf<char>, int);
+template bool CkAdrDec<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
+template bool CkAdrDec<char>(Assembly&, SrcData<char>&, ViewOf<char>);
+template bool CkAdrSignedDec<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
+template bool CkAdrSignedDec<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 
 }  // namespace zelvaro

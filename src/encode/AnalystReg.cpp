@@ -9,7 +9,8 @@ namespace {
 // --- a bad first operand ---
 // The fault has been counted by the message in front of this one.
 constexpr Message firstIsGR89 =
-    Message{Severity::Error,
+    Message{"register-gr89",
+            Severity::Error,
             Head::Line,
             args(),
             {.ja = " レジスタは GR0-GR7 の8個だけです。 GR8-GR9 はレジスタではない。 ",
@@ -17,6 +18,7 @@ constexpr Message firstIsGR89 =
                    "Neither GR8 nor GR9 a general register is. \n"}}
         .uncounted();
 constexpr Message firstBeginsWithDigit{
+    "register-digit-first",
     Severity::Error,
     Head::Line,
     args("opnd"),
@@ -24,6 +26,7 @@ constexpr Message firstBeginsWithDigit{
      .en = "The first character must be an alphabetical letter. \n"
            "A numerical is not allowed to be used as the 1st letter of a label of {opnd}. "}};
 constexpr Message firstHoldsSmall{
+    "register-lower-case",
     Severity::Error,
     Head::Line,
     args("opnd"),
@@ -31,7 +34,8 @@ constexpr Message firstHoldsSmall{
      .en = "{opnd}: A half-width letter is found in it. It cannot be used in casl2."}};
 
 // --- a bad index register ---
-constexpr Message indexIsGR89{Severity::Error,
+constexpr Message indexIsGR89{"index-gr89",
+                              Severity::Error,
                               Head::Line,
                               args(),
                               {.ja = " 指標レジスタに使えるのは GR1-GR7 の7個だけです。\n"
@@ -40,13 +44,15 @@ constexpr Message indexIsGR89{Severity::Error,
                                      "Each of the GR1-GR7 can be used as an index register. \n"
                                      "GR0 is not allowed to be an index register. "}};
 constexpr Message indexBeginsWithDigit{
+    "index-digit-first",
     Severity::Error,
     Head::Line,
     args("opnd"),
     {.ja = "{opnd}: レジスタ名（やラベル）の先頭文字に数字は使えない。",
      .en = "{opnd}: The 1st character of a label must be a capital alphabetical letter. \n"
            "A numeral cannot be used as the 1st letter of a label. "}};
-constexpr Message indexHoldsSmall{Severity::Error,
+constexpr Message indexHoldsSmall{"index-lower-case",
+                                  Severity::Error,
                                   Head::Line,
                                   args("opnd"),
                                   {.ja = "{opnd}: 小文字がある。 小文字は CASL2 では使えない。",
@@ -55,6 +61,7 @@ constexpr Message indexHoldsSmall{Severity::Error,
 
 // --- LAD with a label that looks like a register ---
 constexpr Message labelGR89{
+    "label-gr89",
     Severity::Warning,
     Head::Line,
     args("opnd"),
@@ -75,34 +82,34 @@ constexpr bool isGR89(View s) {
 
 }  // namespace
 
-template <class Family>
-void AnalystNW(Assembly& a, const SrcOf<Family>& line, ViewOf<Family> text) {
-  if (beginsLikeGR89(text)) a.cs.report<Family, firstIsGR89>(line.Line);
-  if (!text.empty() && isDigit(text.front()))
-    a.cs.report<Family, firstBeginsWithDigit>(line.Line, plain(text));
-  if (findSmall(text) != text.npos) a.cs.report<Family, firstHoldsSmall>(line.Line, plain(text));
+template <class Char>
+void AnalystNW(Assembly& a, const SrcData<Char>& line, ViewOf<Char> text) {
+  if (beginsLikeGR89(text)) a.cs.report(firstIsGR89, line.Line);
+  if (!text.empty() && isDigit(text.front())) a.cs.report(firstBeginsWithDigit, line.Line, plain(text));
+  if (findSmall(text) != text.npos) a.cs.report(firstHoldsSmall, line.Line, plain(text));
 }
 
-template <class Family>
-void AnalystIndexReg(Assembly& a, const SrcOf<Family>& line, int n) {
-  const ViewOf<Family> text = line.Oprnd[static_cast<std::size_t>(n)];
+template <class Char>
+void AnalystIndexReg(Assembly& a, const SrcData<Char>& line, int n) {
+  const ViewOf<Char> text = line.Oprnd[static_cast<std::size_t>(n)];
   if (isGR89(text)) {
-    a.cs.report<Family, indexIsGR89>(line.Line);
+    a.cs.report(indexIsGR89, line.Line);
   } else if (!text.empty() && isDigit(text.front())) {
-    a.cs.report<Family, indexBeginsWithDigit>(line.Line, plain(text));
+    a.cs.report(indexBeginsWithDigit, line.Line, plain(text));
   }
-  if (findSmall(text) != text.npos) a.cs.report<Family, indexHoldsSmall>(line.Line, plain(text));
+  if (findSmall(text) != text.npos) a.cs.report(indexHoldsSmall, line.Line, plain(text));
 }
 
-template <class Family>
-void AnalystGR89(Assembly& a, SrcOf<Family>& line) {
-  if (isGR89(line.Oprnd[2])) a.cs.report<Family, labelGR89>(line.Line, plain(line.Oprnd[2]));
+template <class Char>
+void AnalystGR89(Assembly& a, SrcData<Char>& line) {
+  if (isGR89(line.Oprnd[2])) a.cs.report(labelGR89, line.Line, plain(line.Oprnd[2]));
 }
 
-#define ZELVARO_INSTANTIATE(F)                                       \
-  template void AnalystNW<F>(Assembly&, const SrcOf<F>&, ViewOf<F>); \
-  template void AnalystIndexReg<F>(Assembly&, const SrcOf<F>&, int); \
-  template void AnalystGR89<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void AnalystNW<char16_t>(Assembly&, const SrcData<char16_t>&, ViewOf<char16_t>);
+template void AnalystNW<char>(Assembly&, const SrcData<char>&, ViewOf<char>);
+template void AnalystIndexReg<char16_t>(Assembly&, const SrcData<char16_t>&, int);
+template void AnalystIndexReg<char>(Assembly&, const SrcData<char>&, int);
+template void AnalystGR89<char16_t>(Assembly&, SrcData<char16_t>&);
+template void AnalystGR89<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -6,21 +6,25 @@ namespace zelvaro {
 namespace {
 
 constexpr Message firstExpected{
+    "operand-first-expected",
     Severity::Error,
     Head::Line,
     args("count"),
     {.ja = "{count} つ目のオペランドが必要。", .en = "The 1st operand is expected. "}};
 constexpr Message secondExpected{
+    "operand-second-expected",
     Severity::Error,
     Head::Line,
     args("count"),
     {.ja = "{count} つ目のオペランドが必要。", .en = "The 2nd operand is expected. "}};
 constexpr Message anotherExpected{
+    "operand-expected",
     Severity::Error,
     Head::Line,
     args("count"),
     {.ja = "{count} つ目のオペランドが必要。", .en = "Another operand is expected. "}};
 constexpr Message commaAlone{
+    "address-comma-alone",
     Severity::Error,
     Head::Line,
     args(),
@@ -28,6 +32,7 @@ constexpr Message commaAlone{
      .en = "Dupulication of comma. Or an operand is expected at the left side of the "
            "comma. "}};
 constexpr Message commaMissing{
+    "address-comma-missing",
     Severity::Error,
     Head::Line,
     args("quote", "second", "third", "quotedSecond"),
@@ -36,6 +41,7 @@ constexpr Message commaMissing{
      .en = "{quote}: A comma is expected between the 2nd operand and the 3rd one. 2nd operand={second}   3rd "
            "operand={third}  "}};
 constexpr Message commaOfNoUse{
+    "address-comma-of-no-use",
     Severity::Warning,
     Head::Line,
     args("count"),
@@ -44,51 +50,50 @@ constexpr Message commaOfNoUse{
      .en =
          "A comma is found at the right side of the operand. This comma is of no use. Or an index register is "
          "expected at the right side of the comma. "},
-    {{families(FamilyId::NWW, FamilyId::AP),
+    {{kNWW | kAP,
       {.ja = {},
        .en =
            "A comma is found at the right side of the operand. This comma is of no use. Or an index register "
            "is expected at the left side of the comma. "}}}};
 
-template <class Family>
+template <class Char>
 void reportMissing(Assembly& a, int line, int n) {
   if (n == 1) {
-    a.cs.report<Family, firstExpected>(line, n);
+    a.cs.report(firstExpected, line, n);
   } else if (n == 2) {
-    a.cs.report<Family, secondExpected>(line, n);
+    a.cs.report(secondExpected, line, n);
   } else {
-    a.cs.report<Family, anotherExpected>(line, n);
+    a.cs.report(anotherExpected, line, n);
   }
 }
 
 }  // namespace
 
-template <class Family>
-void CkAdrOperand(Assembly& a, SrcOf<Family>& line, int n) {
-  using Char = CharOf<Family>;
-  ViewOf<Family>& p = line.Oprnd[static_cast<std::size_t>(n)];
-  const ViewOf<Family> q = line.Oprnd[static_cast<std::size_t>(n) + 1];
+template <class Char>
+void CkAdrOperand(Assembly& a, SrcData<Char>& line, int n) {
+  ViewOf<Char>& p = line.Oprnd[static_cast<std::size_t>(n)];
+  const ViewOf<Char> q = line.Oprnd[static_cast<std::size_t>(n) + 1];
 
-  if (p.empty()) return reportMissing<Family>(a, line.Line, n);
+  if (p.empty()) return reportMissing<Char>(a, line.Line, n);
   const bool comma = p.back() == Char(',');
   if (comma && (p.size() == 1 || (p.size() == 2 && isBlank(p.front())))) {
-    a.cs.report<Family, commaAlone>(line.Line);
+    a.cs.report(commaAlone, line.Line);
     return;
   }
   a.cs.CommaAriFlag = comma;
   if (!comma && !q.empty()) {
-    a.cs.report<Family, commaMissing>(line.Line, quote(q), plain(p), plain(q), quote(p));
+    a.cs.report(commaMissing, line.Line, quote(q), plain(p), plain(q), quote(p));
     return;
   }
   if (comma) {
-    if (q.empty()) a.cs.report<Family, commaOfNoUse>(line.Line, n);
+    if (q.empty()) a.cs.report(commaOfNoUse, line.Line, n);
     p.remove_suffix(1);
   }
   line.word_kazu = 2;
   line.Word2 = 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CkAdrOperand<F>(Assembly&, SrcOf<F>&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkAdrOperand<char16_t>(Assembly&, SrcData<char16_t>&, int);
+template void CkAdrOperand<char>(Assembly&, SrcData<char>&, int);
 
 }  // namespace zelvaro

@@ -6,6 +6,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message noRegisterForm = Message{
+    "register-form-refused",
     Severity::Error,
     Head::Line,
     args("op"),
@@ -17,12 +18,12 @@ constexpr Message noRegisterForm = Message{
 
 }  // namespace
 
-template <class Family>
-void DspSyntaxErrorMsg(Assembly& a, const SrcOf<Family>& line) {
-  a.cs.report<Family, noRegisterForm>(line.Line, mnemonicOf(line));
+template <class Char>
+void DspSyntaxErrorMsg(Assembly& a, const SrcData<Char>& line) {
+  a.cs.report(noRegisterForm, line.Line, mnemonicOf(line));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void DspSyntaxErrorMsg<F>(Assembly&, const SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void DspSyntaxErrorMsg<char16_t>(Assembly&, const SrcData<char16_t>&);
+template void DspSyntaxErrorMsg<char>(Assembly&, const SrcData<char>&);
 
 }  // namespace zelvaro

@@ -1,24 +1,25 @@
 // The encoders, one function a form.  The encoder of a mnemonic (adda2NWPCS, adda2APCS ... xor2APCS) is that
 // of its form, on the codes and rules of its row of the instruction table.
 //
-// An encoder stops where CkOpTypeOprndOne* gives a value above 0.  That value is the tally of `cs`, not a
-// count for the line, so behind the first Error of a program every line is checked up to its first operand.
+// An encoder stops where CkOpTypeOprndOne* gives false.  It looks at the tally of `cs`, not at a count for the
+// line, so behind the first Error of a program every line is checked up to its first operand.
 #include "encode/Encoders.h"
 
 namespace zelvaro {
 namespace {
 
-constexpr Message registerRefused{Severity::Error,
+constexpr Message registerRefused{"sra-register-form",
+                                  Severity::Error,
                                   Head::Line,
                                   args(),
                                   {.ja = ": SRA 命令は SRA r1,r2 形式をとらない。Format1: SRA r1,adr\n"
                                          "Format2: SRA r1,adr,r2\n",
                                    .en = "SRA does not take a format of SRA r1, r2. Format1: SRA r1,adr\n"
                                          "Format2: SRA r1,adr,r2\n"}};
-constexpr Message addressNotBuilt =
-    Message{Severity::Plain, Head::None, args(), bothLanguages("some error about word_kazu[i]; !")}
-        .unlogged();
+constexpr Message addressNotBuilt{"address-not-built", Severity::Notice, Head::None, args(),
+                                  bothLanguages("some error about word_kazu[i]; !")};
 constexpr Message serviceInSource{
+    "svc-in-source",
     Severity::Warning,
     Head::Line,
     args(),
@@ -29,17 +30,17 @@ constexpr Message serviceInSource{
      .en = "Do not write SVC 1 in the source code, or the comet2 will run out of control. "
            "SVC 1 in Macro IN and OUT does not cause this problem. "
            "There does not exist any exact definition about SVC in the Spec. of CASL2 at present. "},
-    {{families(FamilyId::NWW),
+    {{kNWW,
       {.ja = {},
        .en = "Do not write SVC 1 in the source code, or the comet2 will run out of control. "
              "SVC 1 expanded by Macro IN and OUT does not cause this problem. "
              "A fine definition about SVC does not exist in the Spec. of CASL2 at present. "}},
-     {families(FamilyId::AP, FamilyId::NA),
+     {kNarrow,
       {.ja = {},
        .en = "Do not write SVC 1 in the source code, or the comet2 will run out of control. "
              "SVC 1 expanded in Macro IN and OUT instructions does not cause this problem. "
              "There is not any exact definition about SVC in the casl2 specification at present. "}},
-     {families(FamilyId::NH),
+     {kNH,
       {.ja = {},
        .en = "Do not write SVC 1 in the source code, or the comet2 will run out of control. "
              "SVC 1 expanded in Macro IN and OUT instructions does not cause this problem. "
@@ -57,77 +58,77 @@ constexpr bool isRefused(SecondOprnd rule, View second) {
 }
 
 /// Puts the register of operand 1 into field r and takes the comma off.  False: the line stops here.
-template <class Family>
-bool firstRegister(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+bool firstRegister(Assembly& a, SrcData<Char>& line) {
   line.Word1 = 0;
-  if (CkOpTypeOprndOneRegister<Family>(a, line) > 0) return false;
+  if (!CkOpTypeOprndOneRegister(a, line)) return false;
   line.Word1 |= firstWord(0, registerNumber(line.Oprnd[1]));
   line.Oprnd[1] = line.Oprnd[1].substr(0, 3);
   return true;
 }
 
 /// r,adr[,x]
-template <class Family>
-void addressWay(Assembly& a, SrcOf<Family>& line) {
-  CkAdrOperand<Family>(a, line, 2);
+template <class Char>
+void addressWay(Assembly& a, SrcData<Char>& line) {
+  CkAdrOperand(a, line, 2);
   if (line.word_kazu == 2) line.Word1 |= firstWord(instruction(opOf(line)).adrCode);
-  RegX<Family>(a, line, 3);
+  RegX(a, line, 3);
 }
 
 /// r,adr[,x] in two words, or r1,r2 in one.
-template <class Family>
-void encodeBoth(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void encodeBoth(Assembly& a, SrcData<Char>& line) {
   const Instruction& row = instruction(opOf(line));
-  if (Family::asksForOprndsOfLD && row.extra == OpExtra::TellsMissing) {
-    if (line.Oprnd[1].empty()) return MissingFirstOprnd<Family>(a, line);
-    if (line.Oprnd[2].empty()) return MissingSecondOprnd<Family>(a, line);
+  if (a.family.asksForOprndsOfLD && row.extra == OpExtra::TellsMissing) {
+    if (line.Oprnd[1].empty()) return MissingFirstOprnd(a, line.Line);
+    if (line.Oprnd[2].empty()) return MissingSecondOprnd(a, row.op, line.Line);
   }
-  if (!firstRegister<Family>(a, line)) return;
-  if (line.Oprnd[2].empty()) MissingSecondOprnd<Family>(a, line);
-  if (!isRegisterForm(row.second, line.Oprnd[2])) return addressWay<Family>(a, line);
+  if (!firstRegister(a, line)) return;
+  if (line.Oprnd[2].empty()) MissingSecondOprnd(a, row.op, line.Line);
+  if (!isRegisterForm(row.second, line.Oprnd[2])) return addressWay(a, line);
   line.Word1 |= firstWord(0, 0, registerNumber(line.Oprnd[2]));
-  if (r2<Family>(a, line) != 0) return;
+  if (!r2(a, line)) return;
   line.word_kazu = 1;
   line.Word1 |= firstWord(row.regCode);
 }
 
 /// r,adr[,x] only.
-template <class Family>
-void encodeMemory(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void encodeMemory(Assembly& a, SrcData<Char>& line) {
   const Instruction& row = instruction(opOf(line));
-  if (!firstRegister<Family>(a, line)) return;
-  if (line.Oprnd[2].empty()) MissingSecondOprnd<Family>(a, line);
-  if (row.extra == OpExtra::WarnsGR89) AnalystGR89<Family>(a, line);
-  if (!isRefused(row.second, line.Oprnd[2])) return addressWay<Family>(a, line);
+  if (!firstRegister(a, line)) return;
+  if (line.Oprnd[2].empty()) MissingSecondOprnd(a, row.op, line.Line);
+  if (row.extra == OpExtra::WarnsGR89) AnalystGR89(a, line);
+  if (!isRefused(row.second, line.Oprnd[2])) return addressWay(a, line);
   if (row.extra == OpExtra::OwnRefusal) {
-    a.cs.report<Family, registerRefused>(line.Line);
+    a.cs.report(registerRefused, line.Line);
   } else {
-    DspSyntaxErrorMsg<Family>(a, line);
+    DspSyntaxErrorMsg(a, line);
     a.cs.countError();
   }
 }
 
 /// adr[,x]
-template <class Family>
-void encodeBranch(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void encodeBranch(Assembly& a, SrcData<Char>& line) {
   const Instruction& row = instruction(opOf(line));
   line.Word1 = 0;
-  if (CkOpTypeOprndOneAddress<Family>(a, line) > 0) return;
-  CkAdrOperand<Family>(a, line, 1);
+  if (!CkOpTypeOprndOneAddress(a, line)) return;
+  CkAdrOperand(a, line, 1);
   if (line.word_kazu == 2) {
     line.Word1 |= firstWord(row.adrCode);
   } else {
-    a.cs.report<Family, addressNotBuilt>(line.Line);
+    a.cs.report(addressNotBuilt, line.Line);
   }
-  if (row.extra == OpExtra::WarnsAlways) a.cs.report<Family, serviceInSource>(line.Line);
-  RegX<Family>(a, line, 2);
+  if (row.extra == OpExtra::WarnsAlways) a.cs.report(serviceInSource, line.Line);
+  RegX(a, line, 2);
 }
 
 /// r only.  What stands behind the register is dropped.
-template <class Family>
-void encodeSingle(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void encodeSingle(Assembly& a, SrcData<Char>& line) {
   line.Word1 = firstWord(instruction(opOf(line)).adrCode);
-  if (CkOpTypeOprndOnePop<Family>(a, line) > 0) return;
+  if (!CkOpTypeOprndOnePop(a, line)) return;
   line.Word1 |= firstWord(0, registerNumber(line.Oprnd[1]));
   line.Word2 = 0;
   line.word_kazu = 1;
@@ -137,24 +138,24 @@ void encodeSingle(Assembly& a, SrcOf<Family>& line) {
 
 }  // namespace
 
-template <class Family>
-void encode(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void encode(Assembly& a, SrcData<Char>& line) {
   a.cs.CommaAriFlag = false;
   switch (instruction(opOf(line)).form) {
     case OpForm::Both:
-      return encodeBoth<Family>(a, line);
+      return encodeBoth(a, line);
     case OpForm::Memory:
-      return encodeMemory<Family>(a, line);
+      return encodeMemory(a, line);
     case OpForm::Branch:
-      return encodeBranch<Family>(a, line);
+      return encodeBranch(a, line);
     case OpForm::Single:
-      return encodeSingle<Family>(a, line);
+      return encodeSingle(a, line);
     default:
       return;
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void encode<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void encode<char16_t>(Assembly&, SrcData<char16_t>&);
+template void encode<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -20,7 +20,7 @@ constexpr bool beginsLikeGR89(View s) {
 /// The number of a text that begins like a register.
 template <class View>
 constexpr int registerNumber(View s) {
-  return static_cast<int>(s[2]) - '0';
+  return digitValue(s[2]);
 }
 /// The same buffer without text.  "No buffer" would be another thing.
 template <class View>
@@ -40,26 +40,24 @@ constexpr std::string_view mnemonicOf(const SrcData<Char>& line) {
 /// Whether operand 1 is exactly a register, with or without a comma behind it.  The first form, for
 /// instructions with a register there, reports a missing comma; the second one, for addresses and POP, what
 /// is wrong with a register or its comma.
-template <class Family>
-bool GRxLabelAll(Assembly& a, const SrcOf<Family>& line);
-template <class Family>
-bool GRxLabelAll(Assembly& a, const SrcOf<Family>& line, Op op);
+template <class Char>
+bool GRxLabelAll(Assembly& a, const SrcData<Char>& line);
+template <class Char>
+bool GRxLabelAll(Assembly& a, const SrcData<Char>& line, Op op);
 
 /// Explains a bad first operand.
-template <class Family>
-void AnalystNW(Assembly& a, const SrcOf<Family>& line, ViewOf<Family> text);
+template <class Char>
+void AnalystNW(Assembly& a, const SrcData<Char>& line, ViewOf<Char> text);
 /// Explains a bad index register in operand n.
-template <class Family>
-void AnalystIndexReg(Assembly& a, const SrcOf<Family>& line, int n);
+template <class Char>
+void AnalystIndexReg(Assembly& a, const SrcData<Char>& line, int n);
 
 /// The instruction does not take r1,r2.  Counts nothing: the caller does.
-template <class Family>
-void DspSyntaxErrorMsg(Assembly& a, const SrcOf<Family>& line);
+template <class Char>
+void DspSyntaxErrorMsg(Assembly& a, const SrcData<Char>& line);
 
 /// A missing operand, in the words of the mnemonic.
-template <class Family>
-void MissingFirstOprnd(Assembly& a, const SrcOf<Family>& line);
-template <class Family>
-void MissingSecondOprnd(Assembly& a, const SrcOf<Family>& line);
+void MissingFirstOprnd(Assembly& a, int line);
+void MissingSecondOprnd(Assembly& a, Op op, int line);
 
 }  // namespace zelvaro

@@ -5,19 +5,20 @@
 namespace zelvaro {
 namespace {
 
-constexpr std::uint8_t kOthers = families(FamilyId::NWW, FamilyId::AP, FamilyId::NA);
-
 constexpr Message commaBehindRegister{
+    "comma-missing",
     Severity::Error,
     Head::Line,
     args("GRn"),
     {.ja = "{GRn} の右にコンマが必要！", .en = "A comma is expected at the right side of {GRn}. "}};
 constexpr Message commaBehindPop{
+    "pop-comma",
     Severity::Warning,
     Head::Line,
     args("GRn"),
     {.ja = "{GRn} の右にコンマは不要です。", .en = "A comma at the right side of {GRn} is of no use. "}};
 constexpr Message registerForAddress{
+    "register-for-address",
     Severity::Error,
     Head::Line,
     args("op"),
@@ -25,7 +26,7 @@ constexpr Message registerForAddress{
            "アドレス定数を第一オペランドとする。（COMET2の仕様 1.2）",
      .en = "\nThe 1st operand of {op} is an address constant. (Spec. of COMET2  1.2)\n"
            "The opcode {op} does not take a general register as the 1st operand."},
-    {{kOthers,
+    {{kNWW | kNarrow,
       {.ja = "{op} は一つめオペランドとしてレジスタ名をとらない。\nアドレス定数をオペランドとする。",
        .en = "\nThe opcode {op} does not take a general register "
              "but an address constant as the first operand.  "}}}};
@@ -41,25 +42,25 @@ std::basic_string_view<Char> registerInOprndOne(const SrcData<Char>& line) {
 
 }  // namespace
 
-template <class Family>
-bool GRxLabelAll(Assembly& a, const SrcOf<Family>& line) {
-  const ViewOf<Family> GRn = registerInOprndOne(line);
+template <class Char>
+bool GRxLabelAll(Assembly& a, const SrcData<Char>& line) {
+  const ViewOf<Char> GRn = registerInOprndOne(line);
   if (GRn.empty()) return false;
-  if (!endsInComma(line.Oprnd[1])) a.cs.report<Family, commaBehindRegister>(line.Line, plain(GRn));
+  if (!endsInComma(line.Oprnd[1])) a.cs.report(commaBehindRegister, line.Line, plain(GRn));
   return true;
 }
 
-template <class Family>
-bool GRxLabelAll(Assembly& a, const SrcOf<Family>& line, Op op) {
-  const ViewOf<Family> GRn = registerInOprndOne(line);
+template <class Char>
+bool GRxLabelAll(Assembly& a, const SrcData<Char>& line, Op op) {
+  const ViewOf<Char> GRn = registerInOprndOne(line);
   if (GRn.empty()) return false;
   switch (instruction(op).form) {
     case OpForm::Single:
-      if (endsInComma(line.Oprnd[1])) a.cs.report<Family, commaBehindPop>(line.Line, plain(GRn));
+      if (endsInComma(line.Oprnd[1])) a.cs.report(commaBehindPop, line.Line, plain(GRn));
       break;
     case OpForm::Branch:
     case OpForm::InOut:
-      a.cs.report<Family, registerForAddress>(line.Line, instruction(op).mnemonic);
+      a.cs.report(registerForAddress, line.Line, instruction(op).mnemonic);
       break;
     default:
       break;
@@ -67,9 +68,9 @@ bool GRxLabelAll(Assembly& a, const SrcOf<Family>& line, Op op) {
   return true;
 }
 
-#define ZELVARO_INSTANTIATE(F)                              \
-  template bool GRxLabelAll<F>(Assembly&, const SrcOf<F>&); \
-  template bool GRxLabelAll<F>(Assembly&, const SrcOf<F>&, Op);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool GRxLabelAll<char16_t>(Assembly&, const SrcData<char16_t>&);
+template bool GRxLabelAll<char>(Assembly&, const SrcData<char>&);
+template bool GRxLabelAll<char16_t>(Assembly&, const SrcData<char16_t>&, Op);
+template bool GRxLabelAll<char>(Assembly&, const SrcData<char>&, Op);
 
 }  // namespace zelvaro

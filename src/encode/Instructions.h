@@ -5,9 +5,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "source/LineStore.h"
-#include "source/SrcData.h"
-
 namespace zelvaro {
 
 enum class Op : std::int16_t {
@@ -50,12 +47,6 @@ constexpr const Instruction& instruction(Op op) {
 /// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only where `exitKnown`.
 template <class Char>
 Op findOp(std::basic_string_view<Char> word, bool exitKnown = false);
-
-/// The instruction of a line; Op::Unknown before recognition and on a line without an opcode.
-template <class Char>
-Op opOf(const SrcData<Char>& line) {
-  return static_cast<Op>(line.OpNr);
-}
 
 /// DC or DS.
 constexpr bool isDcOrDs(Op op) {

@@ -5,9 +5,12 @@
 namespace zelvaro {
 namespace {
 
-template <class Family>
-void setNumber(Assembly& a, SrcOf<Family>& line, ViewOf<Family> text, ConstKind kind, int value) {
-  AdrConst<CharOf<Family>>& literal = literalOf(a.store<Family>(), line);
+constexpr Message notBuilt =
+    selfCheck("self-literal-string", args(), "Prg. Error: SetLiteCharConstMryIn() line={line}");
+
+template <class Char>
+void setNumber(Assembly& a, SrcData<Char>& line, ViewOf<Char> text, ConstKind kind, int value) {
+  AdrConst<Char>& literal = literalOf(a.store<Char>(), line);
   literal.ConstStr = text;
   literal.DataType = kind;
   literal.WordKazu = 1;
@@ -17,47 +20,48 @@ void setNumber(Assembly& a, SrcOf<Family>& line, ViewOf<Family> text, ConstKind 
 
 }  // namespace
 
-template <class Family>
-int CkAdrLiteralHex(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, int n) {
-  const ViewOf<Family> text = p.substr(1);
-  if (CkHexConstG<Family>(a.cs, line.Line, n, text) < 0) {
+template <class Char>
+bool CkAdrLiteralHex(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n) {
+  const ViewOf<Char> text = p.substr(1);
+  if (!CkHexConstG(a, line.Line, n, text)) {
     a.cs.countError();
-    return kAdrBadLiteral;
+    return false;
   }
-  setNumber<Family>(a, line, text, ConstKind::Hex, HexStrToIntG<Family>(a.cs, line.Line, n, text));
-  return 0;
+  setNumber(a, line, text, ConstKind::Hex, HexStrToIntG(a, line.Line, n, text));
+  return true;
 }
 
-template <class Family>
-int CkAdrLiteralDec(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, int n) {
-  const ViewOf<Family> text = p.substr(1);
-  if (CkDecConstG<Family>(a.cs, line.Line, n, text) < 0) {
+template <class Char>
+bool CkAdrLiteralDec(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n) {
+  const ViewOf<Char> text = p.substr(1);
+  if (!CkDecConstG(a, line.Line, n, text)) {
     a.cs.countError();
-    return kAdrBadLiteral;
+    return false;
   }
-  setNumber<Family>(a, line, text, ConstKind::Dec, DecStrToIntG<Family>(a.cs, line.Line, n, text));
-  return 0;
+  setNumber(a, line, text, ConstKind::Dec, DecStrToIntG(a, line.Line, n, text));
+  return true;
 }
 
-template <class Family>
-int SetLiteCharConstMryIn(Assembly& a, SrcOf<Family>& line, ViewOf<Family> oprnd) {
+template <class Char>
+bool SetLiteCharConstMryIn(Assembly& a, SrcData<Char>& line, ViewOf<Char> oprnd) {
   constexpr std::size_t kShortest = 3;
   if (oprnd.size() < kShortest) {
-    a.cs.selfCheck("Prg. Error: SetLiteCharConstMryIn() line=" + std::to_string(line.Line + 1));
-    return -1;
+    a.cs.report(notBuilt, line.Line);
+    return false;
   }
-  AdrConst<CharOf<Family>>& literal = literalOf(a.store<Family>(), line);
+  AdrConst<Char>& literal = literalOf(a.store<Char>(), line);
   literal.ConstStr = oprnd.substr(1);
   literal.DataType = ConstKind::CharConst;
   literal.WordKazu = CountWordKazuAtCharConst(literal.ConstStr);
   literal.Value = 0;
-  return 0;
+  return true;
 }
 
-#define ZELVARO_INSTANTIATE(F)                                           \
-  template int CkAdrLiteralHex<F>(Assembly&, SrcOf<F>&, ViewOf<F>, int); \
-  template int CkAdrLiteralDec<F>(Assembly&, SrcOf<F>&, ViewOf<F>, int); \
-  template int SetLiteCharConstMryIn<F>(Assembly&, SrcOf<F>&, ViewOf<F>);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool CkAdrLiteralHex<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>, int);
+template bool CkAdrLiteralHex<char>(Assembly&, SrcData<char>&, ViewOf<char>, int);
+template bool CkAdrLiteralDec<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>, int);
+template bool CkAdrLiteralDec<char>(Assembly&, SrcData<char>&, ViewOf<char>, int);
+template bool SetLiteCharConstMryIn<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
+template bool SetLiteCharConstMryIn<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 
 }  // namespace zelvaro

@@ -6,7 +6,8 @@ namespace zelvaro {
 namespace {
 
 constexpr Message takesNoOperand =
-    Message{Severity::Error,
+    Message{"no-operand-taken",
+            Severity::Error,
             Head::Line,
             args("quote"),
             {.ja = "{quote}オペランドをとらない命令（NOP, RET, END）の右のコメントには\n"
@@ -18,14 +19,14 @@ constexpr Message takesNoOperand =
 
 }  // namespace
 
-template <class Family>
-bool OpNoOperand(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+bool OpNoOperand(Assembly& a, SrcData<Char>& line) {
   if (line.Oprnd[1].empty()) return false;
-  a.cs.report<Family, takesNoOperand>(line.Line, quote(line.Oprnd[1]));
+  a.cs.report(takesNoOperand, line.Line, quote(line.Oprnd[1]));
   return true;
 }
 
-#define ZELVARO_INSTANTIATE(F) template bool OpNoOperand<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool OpNoOperand<char16_t>(Assembly&, SrcData<char16_t>&);
+template bool OpNoOperand<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

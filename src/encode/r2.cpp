@@ -7,6 +7,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message commaBehindSecond{
+    "second-register-comma",
     Severity::Warning,
     Head::Line,
     args(),
@@ -16,6 +17,7 @@ constexpr Message commaBehindSecond{
      .en = "A comma is of no use at the right side of the 2nd operand register. \n"
            "The comma should be deleted or replaced a space or a semicolon."}};
 constexpr Message moreBehindSecond{
+    "second-register-more",
     Severity::Warning,
     Head::Line,
     args(),
@@ -24,6 +26,7 @@ constexpr Message moreBehindSecond{
      .en = "The comma is of no use at the right side of the 2nd operand register. \n"
            "The comma should be deleted or replaced with a space or semicolon."}};
 constexpr Message badSecondRegister{
+    "second-register",
     Severity::Error,
     Head::QuoteLine,
     args("quote"),
@@ -31,29 +34,29 @@ constexpr Message badSecondRegister{
 
 }  // namespace
 
-template <class Family>
-int r2(Assembly& a, SrcOf<Family>& line) {
-  const ViewOf<Family> second = line.Oprnd[2];
+template <class Char>
+bool r2(Assembly& a, SrcData<Char>& line) {
+  const ViewOf<Char> second = line.Oprnd[2];
   if (second.size() == 3) {
     line.Oprnd[4] = emptied(line.Oprnd[4]);
-    return 0;
+    return true;
   }
   if (second.size() == 4 && endsInComma(second)) {
     if (line.Oprnd[3].empty()) {
-      a.cs.report<Family, commaBehindSecond>(line.Line);
-      return 0;
+      a.cs.report(commaBehindSecond, line.Line);
+      return true;
     }
     line.Oprnd[2] = second.substr(0, 3);
     line.Oprnd[3] = emptied(line.Oprnd[3]);
-    a.cs.report<Family, moreBehindSecond>(line.Line);
-    return 0;
+    a.cs.report(moreBehindSecond, line.Line);
+    return true;
   }
-  a.cs.report<Family, badSecondRegister>(line.Line, quote(second));
-  AnalystZenKSpace20NW<Family>(a.cs, line.Line, second);
-  return 1;
+  a.cs.report(badSecondRegister, line.Line, quote(second));
+  AnalystZenKSpace20NW(a.cs, line.Line, second);
+  return false;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int r2<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool r2<char16_t>(Assembly&, SrcData<char16_t>&);
+template bool r2<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -13,7 +13,8 @@ namespace {
 
 // A guard: no line that has passed the opcode check gets here.
 constexpr Message unknownOp =
-    Message{Severity::Error,
+    Message{"self-opcode-unknown",
+            Severity::Error,
             Head::None,
             args("op", "count"),
             {.ja = "{line} 行目： {op} に該当する命令がない。\nword_kazu[{line}]={count}",
@@ -34,25 +35,25 @@ struct Counters {
 };
 
 /// A line takes the addresses at hand and the words that it has.
-template <class Family>
-void place(SrcOf<Family>& line, Counters& at) {
+template <class Char>
+void place(SrcData<Char>& line, Counters& at) {
   line.RelAdr = at.rel;
   line.AbAdr = at.abs;
   at.advance(line.word_kazu);
 }
 
-template <class Family>
-void placeOneWord(SrcOf<Family>& line, Counters& at, int word) {
+template <class Char>
+void placeOneWord(SrcData<Char>& line, Counters& at, int word) {
   line.Word1 = word;
   line.word_kazu = 1;
-  place<Family>(line, at);
+  place(line, at);
 }
 
-template <class Family>
-bool placeMachine(Assembly& a, SrcOf<Family>& line, const Instruction& i, Counters& at) {
+template <class Char>
+bool placeMachine(Assembly& a, SrcData<Char>& line, const Instruction& i, Counters& at) {
   switch (i.form) {
     case OpForm::None:
-      placeOneWord<Family>(line, at, firstWord(i.adrCode));
+      placeOneWord(line, at, firstWord(i.adrCode));
       return true;
     case OpForm::Both:
     case OpForm::Memory:
@@ -66,79 +67,77 @@ bool placeMachine(Assembly& a, SrcOf<Family>& line, const Instruction& i, Counte
     line.RelAdr = at.rel;
     line.AbAdr = at.abs;
     // After a fault the line gets no words: the counters stay.
-    if (CkAdrConst22<Family>(a, line, addressOprnd(i)) == 0) at.advance(line.word_kazu);
+    if (CkAdrConst22(a, line, addressOprnd(i))) at.advance(line.word_kazu);
     return true;
   }
   if (line.word_kazu != 1) return false;
-  place<Family>(line, at);
+  place(line, at);
   return true;
 }
 
-template <class Family>
-void placeStart(Assembly& a, int prg, SrcOf<Family>& line, Counters& at) {
+template <class Char>
+void placeStart(Assembly& a, int prg, SrcData<Char>& line, Counters& at) {
   if (line.word_kazu == 2) {
-    if (CkStartAdrOperand<Family>(a, prg, line) == 0) place<Family>(line, at);
+    if (CkStartAdrOperand(a, prg, line)) place(line, at);
   } else {
-    placeOneWord<Family>(line, at, 0);
+    placeOneWord(line, at, 0);
   }
 }
 
-template <class Family>
-bool placeMacro(Assembly& a, SrcOf<Family>& line, Op op, Counters& at) {
+template <class Char>
+bool placeMacro(Assembly& a, SrcData<Char>& line, Op op, Counters& at) {
   switch (op) {
     case Op::IN:
     case Op::OUT:
       if (line.word_kazu != kInOutWords) return false;
-      address3_ck<Family>(a, line, 1);
-      address3_ck<Family>(a, line, 2);
-      InOut1<Family>(a, line);
+      address3_ck(a, line, 1);
+      address3_ck(a, line, 2);
+      InOut1(a, line);
       break;
     case Op::RPUSH:
       if (line.word_kazu != kRpushWords) return false;
-      line.OprndKazu = 0;
       break;
     case Op::RPOP:
       if (line.word_kazu != kRpopWords) return false;
-      line.OprndKazu = 0;
       break;
     default:
       return false;
   }
-  place<Family>(line, at);
+  place(line, at);
   return true;
 }
 
 /// False for a line that no case takes.
-template <class Family>
-bool placeLine(Assembly& a, int prg, SrcOf<Family>& line, Counters& at) {
+template <class Char>
+bool placeLine(Assembly& a, int prg, SrcData<Char>& line, Counters& at) {
   const Op op = opOf(line);
   if (op == Op::Unknown) return false;
   const Instruction& i = instruction(op);
   switch (i.opClass) {
     case OpClass::Machine:
-      return placeMachine<Family>(a, line, i, at);
+      return placeMachine(a, line, i, at);
     case OpClass::Macro:
-      return placeMacro<Family>(a, line, op, at);
+      return placeMacro(a, line, op, at);
     case OpClass::Assembler:
       break;
     case OpClass::NhOnly:
-      return kIsFixedForm<Family> && placeMachine<Family>(a, line, i, at);
+      return a.family.knowsEXIT && placeMachine(a, line, i, at);
   }
   if (op == Op::END) return false;
   if (op == Op::START) {
-    placeStart<Family>(a, prg, line, at);
+    placeStart(a, prg, line, at);
   } else {
-    place<Family>(line, at);  // DC and DS, where they stand
+    place(line, at);  // DC and DS, where they stand
   }
   return true;
 }
 
 /// The literals stand behind the lines, in the order of the lines that use them.
-template <class Family>
-void placeLiterals(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family>>& program, Counters& at) {
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+template <class Char>
+void placeLiterals(LineStore<Char>& store, const PrgData<Char>& program, Counters& at) {
+  for (SrcData<Char>& line : store.linesBeforeEnd(program)) {
     if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
-    AdrConst<CharOf<Family>>& literal = *store.literal(line);
+    AdrConst<Char>& literal = *store.literal(line);
     literal.RelAdr = at.rel;
     literal.AbAdr = at.abs;
     line.Word2 = at.abs;
@@ -148,18 +147,17 @@ void placeLiterals(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void AdrCk53(Assembly& a, int prg) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  PrgData<CharOf<Family>>& program = a.program<Family>(prg);
+  LineStore<Char>& store = a.store<Char>();
+  PrgData<Char>& program = a.program<Char>(prg);
   Counters at{0, program.AbAdrAtStart};
-  forEachInMemory<Family>(store.linesBeforeEnd(program), [&](SrcOf<Family>& line) {
-    if (!placeLine<Family>(a, prg, line, at))
-      a.cs.report<Family, unknownOp>(line.Line, plain(line.OpStr), line.word_kazu);
+  forEachInMemory(store.linesBeforeEnd(program), a.family.dataPlace, [&](SrcData<Char>& line) {
+    if (!placeLine(a, prg, line, at)) a.cs.report(unknownOp, line.Line, plain(line.OpStr), line.word_kazu);
     return true;
   });
   program.AbAdrAfterCode = at.abs;
-  placeLiterals<Family>(store, program, at);
+  placeLiterals(store, program, at);
   program.PrgSize = at.rel;
   program.AbAdrAtEnd = at.abs - 1;
   const auto next = static_cast<std::size_t>(prg) + 1;
@@ -170,7 +168,7 @@ void AdrCk53(Assembly& a, int prg) {
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void AdrCk53<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void AdrCk53<char16_t>(Assembly&, int);
+template void AdrCk53<char>(Assembly&, int);
 
 }  // namespace zelvaro

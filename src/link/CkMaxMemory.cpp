@@ -5,13 +5,14 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message overDCDS{Severity::Error, Head::None, args("excess"),
+constexpr Message overDCDS{"memory-data", Severity::Error, Head::None, args("excess"),
                            bothLanguages("Prg Error: MaxMemoryDCDS < max_rl_memory_d\n"
                                          "Reduce your reserved DC and DS memory size　by {excess}. ")};
-constexpr Message overLiteral{Severity::Error, Head::None, args("excess"),
+constexpr Message overLiteral{"memory-literals", Severity::Error, Head::None, args("excess"),
                               bothLanguages("Prg Error: MaxMemoryLiteral < max_rl_memory_l\n"
                                             "Reduce Your litereal word size by {excess}. ")};
-constexpr Message overMachine{Severity::Error,
+constexpr Message overMachine{"memory-machine",
+                              Severity::Error,
                               Head::Line,
                               args("words"),
                               {.ja = "必要な全メモリ数は {words} 個です。 "
@@ -21,6 +22,7 @@ constexpr Message overMachine{Severity::Error,
                                      "So it has 65536 words in all. "
                                      "More than 65537 words cannot be reserved. "}};
 constexpr Message overMemory{
+    "memory-program",
     Severity::Error,
     Head::Line,
     args("words"),
@@ -35,28 +37,25 @@ constexpr Message overMemory{
 
 }  // namespace
 
-template <class Family>
 void ckMaxMemory(Assembly& a, int line, const FixedWords& words) {
   if (words.max_rl_memory_d > MaxMemoryDCDS)
-    a.cs.report<Family, overDCDS>(line, words.max_rl_memory_d - MaxMemoryDCDS);
+    a.cs.report(overDCDS, line, words.max_rl_memory_d - MaxMemoryDCDS);
   if (words.max_rl_memory_l > MaxMemoryLiteral)
-    a.cs.report<Family, overLiteral>(line, words.max_rl_memory_l - MaxMemoryLiteral);
+    a.cs.report(overLiteral, line, words.max_rl_memory_l - MaxMemoryLiteral);
   if (words.total() > kAddressSpace) {
-    a.cs.report<Family, overMachine>(line, words.total());
+    a.cs.report(overMachine, line, words.total());
   } else if (words.total() > MaxMemory) {
-    a.cs.report<Family, overMemory>(line, words.total());
+    a.cs.report(overMemory, line, words.total());
   }
 }
 
-template <class Family>
+template <class Char>
 void CkMaxMemory(Assembly& a, int prg) {
-  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
-  ckMaxMemory<Family>(a, program.StartLine, fixedWords<Family>(a.store<Family>(), program));
+  const PrgData<Char>& program = a.program<Char>(prg);
+  ckMaxMemory(a, program.StartLine, fixedWords(a.store<Char>(), program));
 }
 
-#define ZELVARO_INSTANTIATE(F)                                     \
-  template void ckMaxMemory<F>(Assembly&, int, const FixedWords&); \
-  template void CkMaxMemory<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkMaxMemory<char16_t>(Assembly&, int);
+template void CkMaxMemory<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -1,19 +1,19 @@
 // CkMaxMrySize: whether the image of all programs fits into the machine, the stack's words left free.
 #include <cstdint>
 
+#include "diag/Limits.h"
 #include "link/Link.h"
-#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
 
 // Both are told in English whatever the language.
 constexpr Message overAddressSpace{
-    Severity::Error, Head::Prefix, args("words"),
+    "image-over-addresses", Severity::Error, Head::Prefix, args("words"),
     bothLanguages(": Your program needs {words} words in memory. \n"
                   "More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ")};
 constexpr Message overStack{
-    Severity::Error, Head::Prefix, args("words"),
+    "image-over-stack", Severity::Error, Head::Prefix, args("words"),
     bothLanguages(
         ": Your program needs {words} words in memory. \n"
         "The comet2 is a 16-bit machine. So it has 65536 words in all. \n"
@@ -22,6 +22,7 @@ constexpr Message overStack{
 
 // The fixed form has a smaller memory.
 constexpr Message overMemory{
+    "image-over-memory",
     Severity::Error,
     Head::Prefix,
     args("words"),
@@ -34,22 +35,21 @@ constexpr Message overMemory{
 
 }  // namespace
 
-template <class Family>
-int CkMaxMrySize(Assembly& a) {
+template <class Char>
+void CkMaxMrySize(Assembly& a) {
   std::int64_t words = 0;
-  for (const PrgData<CharOf<Family>>& program : a.store<Family>().vecPrg) words += program.PrgSize;
-  if (words <= (kIsFixedForm<Family> ? MaxMemory : kGreatestImage)) return 0;
-  if constexpr (kIsFixedForm<Family>) {
-    a.b.report<Family, overMemory>(0, words);
+  for (const PrgData<Char>& program : a.store<Char>().vecPrg) words += program.PrgSize;
+  if (words <= a.family.mostWords) return;
+  if (a.family.mostWords < kGreatestImage) {
+    a.b.report(overMemory, 0, words);
   } else if (words >= kAddressSpace) {
-    a.b.report<Family, overAddressSpace>(0, words);
+    a.b.report(overAddressSpace, 0, words);
   } else {
-    a.b.report<Family, overStack>(0, words);
+    a.b.report(overStack, 0, words);
   }
-  return -2;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkMaxMrySize<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkMaxMrySize<char16_t>(Assembly&);
+template void CkMaxMrySize<char>(Assembly&);
 
 }  // namespace zelvaro

@@ -3,23 +3,21 @@
 
 #include <span>
 
+#include "diag/Limits.h"
 #include "encode/Encode.h"
-#include "source/FixedForm.h"
 
 namespace zelvaro {
 
-/// Calls each(line) for all lines with an opcode until it returns false: as the lines stand, but in the
-/// fixed form the DC and DS lines behind all others.  Returns false where `each` did.
-template <class Family, class Each>
-bool forEachInMemory(std::span<SrcOf<Family>> lines, Each each) {
-  for (SrcOf<Family>& line : lines) {
-    if (line.OpStr.empty() || (kIsFixedForm<Family> && isDcOrDs(opOf(line)))) continue;
-    if (!each(line)) return false;
-  }
-  if constexpr (kIsFixedForm<Family>) {
-    for (SrcOf<Family>& line : lines)
-      if (isDcOrDs(opOf(line)) && !each(line)) return false;
-  }
+/// Calls each(line) for all lines with an opcode until it returns false: in the order of the lines, or with the
+/// DC and DS lines after all others.  Returns false where `each` did.
+template <class Char, class Each>
+bool forEachInMemory(std::span<SrcData<Char>> lines, DataPlace dataPlace, Each each) {
+  const bool dataLater = dataPlace == DataPlace::AfterCode;
+  for (SrcData<Char>& line : lines)
+    if (!line.OpStr.empty() && !(dataLater && isDcOrDs(opOf(line))) && !each(line)) return false;
+  if (!dataLater) return true;
+  for (SrcData<Char>& line : lines)
+    if (isDcOrDs(opOf(line)) && !each(line)) return false;
   return true;
 }
 
@@ -36,10 +34,10 @@ struct FixedWords {
   std::int32_t total() const { return code + max_rl_memory_d + max_rl_memory_l; }
 };
 
-template <class Family>
-FixedWords fixedWords(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family>>& program) {
+template <class Char>
+FixedWords fixedWords(LineStore<Char>& store, const PrgData<Char>& program) {
   FixedWords words;
-  for (const SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+  for (const SrcData<Char>& line : store.linesBeforeEnd(program)) {
     (isDcOrDs(opOf(line)) ? words.max_rl_memory_d : words.code) += line.word_kazu;
     if (const auto* literal = store.literal(line)) words.max_rl_memory_l += literal->WordKazu;
   }
@@ -47,7 +45,6 @@ FixedWords fixedWords(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Fam
 }
 
 /// CkMaxMemory on a number of words; `line` stands in the head.  Counts an Error for each limit exceeded.
-template <class Family>
 void ckMaxMemory(Assembly& a, int line, const FixedWords& words);
 
 }  // namespace zelvaro

@@ -7,19 +7,19 @@
 namespace zelvaro {
 
 /// The address pass over one program; runs once behind its checks and once in the link.
-template <class Family>
+template <class Char>
 void AdrCk53(Assembly& a, int prg);
 /// The fixed form: addresses for the lines of a program ahead of its constants and its address pass, and
 /// whether its words fit into the memory.
-template <class Family>
+template <class Char>
 void dcdsWordKazu40(Assembly& a, int prg);
-template <class Family>
+template <class Char>
 void CkMaxMemory(Assembly& a, int prg);
-/// 0, or -2 when the image is too large.
-template <class Family>
-int CkMaxMrySize(Assembly& a);
-/// Links all programs into the memory of `m`: 0; -1 - index of the program that gave errors; -2.
-template <class Family>
-int Link31(Assembly& a, Tcomet2& m);
+/// Whether the words of all programs fit.
+template <class Char>
+void CkMaxMrySize(Assembly& a);
+/// Links all programs into the memory of `m`, and gives `b` the first program's name.
+template <class Char>
+void Link31(Assembly& a, Tcomet2& m);
 
 }  // namespace zelvaro

@@ -1,5 +1,6 @@
 // Link31: the link of all programs of the file, and the filling of the machine.
 #include "data/Data.h"
+#include "diag/Quote.h"
 #include "link/Layout.h"
 #include "link/Link.h"
 #include "link/SetMemory10.h"
@@ -7,67 +8,69 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message overMemory{Severity::Error, Head::None, args(),
+constexpr Message overMemory{"linker-memory", Severity::Error, Head::None, args(),
                              bothLanguages("Linker Error: Your reserved memory size"
                                            "has exceeded MaxMemory(=3500).\n"
                                            "Rewrite your casl2 program a little "
                                            "and reduce the reserved memory size. ")};
 
-/// Pipeline WP looks at the tallies behind every step, the others behind the address pass only.
-template <class Family>
-constexpr bool kTestsEveryStep = Family::id == FamilyId::WP;
+bool stopsAfterStep(const Assembly& a) {
+  return a.family.linkTest == LinkTest::AfterEachStep && a.errors() > 0;
+}
 
-/// Constants and addresses once more, now that every label is known: 0, or the result of the link.
-template <class Family>
-int settleAddresses(Assembly& a, int programs) {
+/// Constants and addresses once more, now that every label is known.  False after an Error.
+template <class Char>
+bool settleAddresses(Assembly& a, int programs) {
   for (int prg = 0; prg < programs; ++prg) {
-    if (SetMryInAtDC<Family>(a, prg) < 0) return -1 - prg;
-    if (kTestsEveryStep<Family> && a.errors() > 0) return -1 - prg;
+    SetMryInAtDC<Char>(a, prg);
+    if (stopsAfterStep(a)) return false;
   }
   for (int prg = 0; prg < programs; ++prg) {
-    AdrCk53<Family>(a, prg);
-    if (a.errors() > 0) return -1 - prg;
+    AdrCk53<Char>(a, prg);
+    if (a.errors() > 0) return false;
   }
-  if (programs > 0) a.program<Family>(0).AbAdrAtStart = 0;
-  return CkMaxMrySize<Family>(a) < 0 ? -2 : 0;
+  if (programs > 0) a.program<Char>(0).AbAdrAtStart = 0;
+  CkMaxMrySize<Char>(a);
+  return a.errors() == 0;
 }
 
 /// The fixed form has all addresses but those of programs that stood behind the line that names them.
-template <class Family>
+template <class Char>
 void settlePrgNames(Assembly& a, int prg) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+  LineStore<Char>& store = a.store<Char>();
+  const PrgData<Char>& program = a.program<Char>(prg);
+  for (SrcData<Char>& line : store.linesBeforeEnd(program)) {
     const Op op = opOf(line);
     if (op == Op::Unknown || instruction(op).opClass != OpClass::Machine || line.word_kazu != 2) continue;
-    const ViewOf<Family> name = line.Oprnd[static_cast<std::size_t>(addressOprnd(instruction(op)))];
+    const ViewOf<Char> name = line.Oprnd[static_cast<std::size_t>(addressOprnd(instruction(op)))];
     const int later = store.findPrg(name, prg);
-    if (later > prg && program.findLabel(name) < 0) line.Word2 = a.program<Family>(later).AbAdrAtStart;
+    if (later > prg && program.findLabel(name) < 0) line.Word2 = a.program<Char>(later).AbAdrAtStart;
   }
 }
 
 }  // namespace
 
-template <class Family>
-int Link31(Assembly& a, Tcomet2& m) {
-  const int programs = static_cast<int>(a.store<Family>().vecPrg.size());
-  if constexpr (kIsFixedForm<Family>) {
-    for (int prg = 0; prg < programs; ++prg) settlePrgNames<Family>(a, prg);
-  } else if (const int failed = settleAddresses<Family>(a, programs); failed < 0) {
-    return failed;
+template <class Char>
+void Link31(Assembly& a, Tcomet2& m) {
+  const auto& prgs = a.store<Char>().vecPrg;
+  const int programs = static_cast<int>(prgs.size());
+  if (a.family.dataPlace == DataPlace::AfterCode) {
+    for (int prg = 0; prg < programs; ++prg) settlePrgNames<Char>(a, prg);
+  } else if (!settleAddresses<Char>(a, programs)) {
+    return;
   }
-  SetLineOfAddress<Family>(a, m);
+  SetLineOfAddress<Char>(a, m);
   for (int prg = 0; prg < programs; ++prg) {
-    if (SetMemory10<Family>(a, m, prg) < 0) {
-      if constexpr (kIsFixedForm<Family>) a.cs.report<Family, overMemory>(0);
-      return -1 - prg;
+    if (!SetMemory10<Char>(a, m, prg)) {
+      if (a.family.dataPlace == DataPlace::AfterCode) a.cs.report(overMemory, 0);
+      return;
     }
-    if (kTestsEveryStep<Family> && a.errors() > 0) return -1 - prg;
+    if (stopsAfterStep(a)) return;
   }
-  return 0;
+  if (!prgs.empty()) a.b.FirstPrgName = plain(prgs.front().PrgName);
 }
 
-#define ZELVARO_INSTANTIATE(F) template int Link31<F>(Assembly&, Tcomet2&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void Link31<char16_t>(Assembly&, Tcomet2&);
+template void Link31<char>(Assembly&, Tcomet2&);
 
 }  // namespace zelvaro

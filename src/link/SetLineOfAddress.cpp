@@ -15,11 +15,11 @@ void enter(Tcomet2& m, std::int64_t& adr, std::int32_t words, std::int32_t line)
   adr = end;
 }
 
-/// The fixed form enters each line where its words are, and no literal.
-template <class Family>
-void enterLinesOnly(LineStore<CharOf<Family>>& store, Tcomet2& m) {
-  for (const PrgData<CharOf<Family>>& program : store.vecPrg) {
-    forEachInMemory<Family>(store.linesBeforeEnd(program), [&m](const SrcOf<Family>& line) {
+/// With the data after the code each line is entered where its words are, and no literal.
+template <class Char>
+void enterLinesOnly(LineStore<Char>& store, Tcomet2& m) {
+  for (const PrgData<Char>& program : store.vecPrg) {
+    forEachInMemory(store.linesBeforeEnd(program), DataPlace::AfterCode, [&m](const SrcData<Char>& line) {
       std::int64_t adr = line.AbAdr;
       enter(m, adr, line.word_kazu, line.Line);
       return true;
@@ -29,21 +29,20 @@ void enterLinesOnly(LineStore<CharOf<Family>>& store, Tcomet2& m) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void SetLineOfAddress(Assembly& a, Tcomet2& m) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  if constexpr (kIsFixedForm<Family>) return enterLinesOnly<Family>(store, m);
+  LineStore<Char>& store = a.store<Char>();
+  if (a.family.dataPlace == DataPlace::AfterCode) return enterLinesOnly(store, m);
   std::int64_t adr = 0;
-  for (const PrgData<CharOf<Family>>& program : store.vecPrg) {
-    for (const SrcOf<Family>& line : store.linesBeforeEnd(program))
+  for (const PrgData<Char>& program : store.vecPrg) {
+    for (const SrcData<Char>& line : store.linesBeforeEnd(program))
       if (!line.OpStr.empty() && line.AbAdr == adr) enter(m, adr, line.word_kazu, line.Line);
-    for (const SrcOf<Family>& line : store.linesBeforeEnd(program))
-      if (const AdrConst<CharOf<Family>>* literal = store.literal(line))
-        enter(m, adr, literal->WordKazu, line.Line);
+    for (const SrcData<Char>& line : store.linesBeforeEnd(program))
+      if (const AdrConst<Char>* literal = store.literal(line)) enter(m, adr, literal->WordKazu, line.Line);
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void SetLineOfAddress<F>(Assembly&, Tcomet2&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void SetLineOfAddress<char16_t>(Assembly&, Tcomet2&);
+template void SetLineOfAddress<char>(Assembly&, Tcomet2&);
 
 }  // namespace zelvaro

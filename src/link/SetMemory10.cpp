@@ -12,8 +12,15 @@
 namespace zelvaro {
 namespace {
 
-/// Writes words one behind the other.  Nothing is written outside the memory.
-template <class Family>
+constexpr Message wordOverwritten =
+    selfCheck("self-word-overwritten", args("address", "cell", "word"),
+              "(adr, Mry[adr], iVal)=({address}, {cell}, {word}) 2BAC3F64 at SetMemoryNA();");
+constexpr Message constWithoutKind = selfCheck("self-constant-kind", args("index"),
+                                               "Prg. Error of else: Const line={line}\n"
+                                               "a strange DataTypeStrFlag of vecOprndAtDC[{index}] = Const");
+
+/// Writes words one after the other.  Nothing is written outside the memory.
+template <class Char>
 class Writer {
  public:
   Writer(Assembly& a, Tcomet2& m, std::int32_t adr) : a_(a), m_(m), adr_(adr) {}
@@ -24,9 +31,7 @@ class Writer {
     const auto at = static_cast<std::size_t>(adr_++);
     if (at >= m_.Memory.size()) return;
     std::int32_t& cell = m_.Memory[at];
-    if constexpr (sizeof(CharOf<Family>) == 1) {
-      if (cell != 0 && cell != word) return refuse(at, word);
-    }
+    if (a_.family.keepsWords && cell != 0 && cell != word) return refuse(at, word);
     cell = word;
   }
   /// Words of 0.  Cells that nobody has touched since the reset are 0 already.
@@ -36,7 +41,7 @@ class Writer {
     for (std::size_t at = begin; at < end; ++at) m_.Memory[at] = 0;
     adr_ += words;
   }
-  int putChars(ViewOf<Family> text) {
+  int putChars(ViewOf<Char> text) {
     const std::int32_t start = adr_;
     forEachCharConstWord(text, [this](int word) { put(word); });
     return adr_ - start;
@@ -44,20 +49,17 @@ class Writer {
 
  private:
   // The narrow pipelines do not overwrite a word.
-  void refuse(std::size_t at, std::int32_t word) {
-    a_.b.selfCheck("(adr, Mry[adr], iVal)=(" + std::to_string(at) + ", " + std::to_string(m_.Memory[at]) +
-                   ", " + std::to_string(word) + ") 2BAC3F64 at SetMemoryNA();");
-  }
+  void refuse(std::size_t at, std::int32_t word) { a_.b.say(wordOverwritten, at, m_.Memory[at], word); }
 
   Assembly& a_;
   Tcomet2& m_;
   std::int32_t adr_;
 };
 
-template <class Family>
-bool putDC(Assembly& a, const SrcOf<Family>& line, Writer<Family>& out) {
+template <class Char>
+bool putDC(Assembly& a, const SrcData<Char>& line, Writer<Char>& out) {
   int place = 0;
-  for (OprndAtDC<CharOf<Family>>& constant : a.store<Family>().oprndsAtDC(line)) {
+  for (OprndAtDC<Char>& constant : a.store<Char>().oprndsAtDC(line)) {
     ++place;
     constant.AbAdr = out.adr();
     switch (constant.DataType) {
@@ -67,23 +69,21 @@ bool putDC(Assembly& a, const SrcOf<Family>& line, Writer<Family>& out) {
         out.put(constant.Value);
         break;
       case ConstKind::CharConst:
-        if (out.putChars(constant.ConstStr) == 0 && sizeof(CharOf<Family>) > 1) {
-          a.b.report<Family, strConstNoMozi>(line.Line, place);
+        if (out.putChars(constant.ConstStr) == 0 && !a.family.linksEmptyString) {
+          a.b.report(strConstNoMozi, line.Line, place);
           return false;
         }
         break;
       case ConstKind::Const:
-        a.b.selfCheck("Prg. Error of else: Const line=" + std::to_string(line.Line + 1) +
-                      "\na strange DataTypeStrFlag of vecOprndAtDC[" + std::to_string(place - 1) +
-                      "] = Const");
+        a.b.report(constWithoutKind, line.Line, place - 1);
         return false;
     }
   }
   return true;
 }
 
-template <class Family>
-void putMacro(const SrcOf<Family>& line, Writer<Family>& out) {
+template <class Char>
+void putMacro(const SrcData<Char>& line, Writer<Char>& out) {
   std::array<std::int32_t, kRpushWords> words{};
   const auto count = std::min(static_cast<std::size_t>(line.word_kazu), words.size());
   macroWords(opOf(line), line.Word1, line.Word2, std::span(words).first(count));
@@ -91,16 +91,16 @@ void putMacro(const SrcOf<Family>& line, Writer<Family>& out) {
 }
 
 /// False after an Error, which ends the copy of the program.
-template <class Family>
-bool putLine(Assembly& a, SrcOf<Family>& line, Writer<Family>& out) {
+template <class Char>
+bool putLine(Assembly& a, SrcData<Char>& line, Writer<Char>& out) {
   if (line.OpStr.empty()) return true;
   const Op op = opOf(line);
-  if (op == Op::DC) return putDC<Family>(a, line, out);
+  if (op == Op::DC) return putDC(a, line, out);
   if (op == Op::DS) {
     line.AbAdr = out.adr();
     out.putZeros(line.word_kazu);
   } else if (op != Op::Unknown && instruction(op).opClass == OpClass::Macro) {
-    putMacro<Family>(line, out);
+    putMacro(line, out);
   } else if (line.word_kazu == 1 || line.word_kazu == 2) {
     out.put(line.Word1);
     if (line.word_kazu == 2) out.put(line.Word2);
@@ -108,8 +108,8 @@ bool putLine(Assembly& a, SrcOf<Family>& line, Writer<Family>& out) {
   return true;
 }
 
-template <class Family>
-void putLiteral(SrcOf<Family>& line, AdrConst<CharOf<Family>>& literal, Writer<Family>& out) {
+template <class Char>
+void putLiteral(SrcData<Char>& line, AdrConst<Char>& literal, Writer<Char>& out) {
   literal.AbAdr = out.adr();
   line.Word2 = out.adr();
   if (literal.DataType == ConstKind::CharConst) {
@@ -120,38 +120,42 @@ void putLiteral(SrcOf<Family>& line, AdrConst<CharOf<Family>>& literal, Writer<F
 }
 
 /// The literals of a program, behind its lines.
-template <class Family>
-void putLiterals(LineStore<CharOf<Family>>& store, const PrgData<CharOf<Family>>& program,
-                 Writer<Family>& out) {
-  for (SrcOf<Family>& line : store.linesBeforeEnd(program)) {
+template <class Char>
+void putLiterals(LineStore<Char>& store, const PrgData<Char>& program, Writer<Char>& out) {
+  for (SrcData<Char>& line : store.linesBeforeEnd(program)) {
     if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
-    putLiteral<Family>(line, *store.literal(line), out);
+    putLiteral(line, *store.literal(line), out);
   }
 }
 
 // --- the fixed form ---
 
 // Guards: the checks of the size have refused such programs.
-constexpr Message linkerError{Severity::Plain, Head::None, args(), bothLanguages("Linker Error: ")};
+constexpr Message linkerError{"linker-error", Severity::Notice, Head::None, args(),
+                              bothLanguages("Linker Error: ")};
+constexpr Message areaOfData =
+    notice("linker-area-data", args(), bothLanguages("u+cs->Get_max_rl_memory_d()\n"));
+constexpr Message areaOfLiterals =
+    notice("linker-area-literals", args(), bothLanguages("u+cs->Get_max_rl_memory_l()\n"));
+constexpr Message endOfMemory = selfCheck("self-end-of-memory", args(), "Prg. Error: MaxMemory < maxAdr");
 
-/// Whether the areas of a program fit behind what stands in memory: 0, or the words that are missing,
-/// negative, after an Error.
-template <class Family>
-int ckAreas(Assembly& a, int prg) {
-  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
-  FixedWords words = fixedWords<Family>(a.store<Family>(), program);
+/// Whether the areas of a program fit after what is in memory; reported if not.
+template <class Char>
+bool ckAreas(Assembly& a, int prg) {
+  const PrgData<Char>& program = a.program<Char>(prg);
+  FixedWords words = fixedWords(a.store<Char>(), program);
   words.code += program.AbAdrAtStart;
-  if (words.total() <= MaxMemory) return 0;
+  if (words.total() <= MaxMemory) return true;
   const bool isData = words.code + words.max_rl_memory_d > MaxMemory;
-  a.b.report<Family, linkerError>(program.StartLine);
-  ckMaxMemory<Family>(a, program.StartLine, words);
-  a.b.print(isData ? "u+cs->Get_max_rl_memory_d()\n" : "u+cs->Get_max_rl_memory_l()\n");
-  return MaxMemory - words.total();
+  a.b.report(linkerError, program.StartLine);
+  ckMaxMemory(a, program.StartLine, words);
+  a.b.say(isData ? areaOfData : areaOfLiterals);
+  return false;
 }
 
 /// A DS of no words stands for the next DC or DS that has some, or for the end of the memory.
-template <class Family>
-void placeEmptyDS(std::span<SrcOf<Family>> lines) {
+template <class Char>
+void placeEmptyDS(std::span<SrcData<Char>> lines) {
   std::int32_t next = MaxMemory;
   for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
     if (!isDcOrDs(opOf(*line))) continue;
@@ -161,41 +165,39 @@ void placeEmptyDS(std::span<SrcOf<Family>> lines) {
 }
 
 /// What SetMemory25 does behind the words: LastAdr is the word behind the image, which stays 0.
-template <class Family>
 void setLastAdr(Assembly& a, Tcomet2& m, std::int32_t adr) {
   if (adr < MaxMemory) {
     m.LastAdr = adr;
   } else {
-    a.b.selfCheck("Prg. Error: MaxMemory < maxAdr");
+    a.b.say(endOfMemory);
   }
 }
 
 }  // namespace
 
-template <class Family>
-int SetMemory10(Assembly& a, Tcomet2& m, int prg) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
-  Writer<Family> out(a, m, program.AbAdrAtStart);
+template <class Char>
+bool SetMemory10(Assembly& a, Tcomet2& m, int prg) {
+  LineStore<Char>& store = a.store<Char>();
+  const PrgData<Char>& program = a.program<Char>(prg);
+  const DataPlace dataPlace = a.family.dataPlace;
+  Writer<Char> out(a, m, program.AbAdrAtStart);
   const int errors = a.errors();
-  if constexpr (kIsFixedForm<Family>) {
-    if (const int missing = ckAreas<Family>(a, prg); missing < 0) return missing;
-  }
-  if (!forEachInMemory<Family>(store.linesBeforeEnd(program),
-                               [&](SrcOf<Family>& line) { return putLine<Family>(a, line, out); }))
-    return -1;
-  putLiterals<Family>(store, program, out);
-  if constexpr (kIsFixedForm<Family>) {
-    placeEmptyDS<Family>(store.linesBeforeEnd(program));
-    setLastAdr<Family>(a, m, out.adr());
-    return 0;
+  if (dataPlace == DataPlace::AfterCode && !ckAreas<Char>(a, prg)) return false;
+  if (!forEachInMemory(store.linesBeforeEnd(program), dataPlace,
+                       [&](SrcData<Char>& line) { return putLine(a, line, out); }))
+    return false;
+  putLiterals(store, program, out);
+  if (dataPlace == DataPlace::AfterCode) {
+    placeEmptyDS(store.linesBeforeEnd(program));
+    setLastAdr(a, m, out.adr());
+    return true;
   }
   const auto next = static_cast<std::size_t>(prg) + 1;
   if (next < store.vecPrg.size()) store.vecPrg[next].AbAdrAtStart = out.adr();
-  return a.errors() > errors ? -1 : 0;
+  return a.errors() == errors;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int SetMemory10<F>(Assembly&, Tcomet2&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool SetMemory10<char16_t>(Assembly&, Tcomet2&, int);
+template bool SetMemory10<char>(Assembly&, Tcomet2&, int);
 
 }  // namespace zelvaro

@@ -6,10 +6,10 @@
 namespace zelvaro {
 
 /// Fills LineOfAddress of `m` over all programs.  The address pass has given every line its address.
-template <class Family>
+template <class Char>
 void SetLineOfAddress(Assembly& a, Tcomet2& m);
-/// Copies the words of one program into the memory of `m`: 0, or negative after an Error.
-template <class Family>
-int SetMemory10(Assembly& a, Tcomet2& m, int prg);
+/// Copies the words of one program into the memory of `m`: false where an Error has ended the copy.
+template <class Char>
+bool SetMemory10(Assembly& a, Tcomet2& m, int prg);
 
 }  // namespace zelvaro

@@ -5,13 +5,13 @@
 
 namespace zelvaro {
 
-template <class Family>
+template <class Char>
 void dcdsWordKazu40(Assembly& a, int prg) {
-  const PrgData<CharOf<Family>>& program = a.program<Family>(prg);
-  const auto lines = a.store<Family>().linesBeforeEnd(program);
+  const PrgData<Char>& program = a.program<Char>(prg);
+  const auto lines = a.store<Char>().linesBeforeEnd(program);
   std::int32_t rel = 0;
   for (const bool data : {false, true}) {
-    for (SrcOf<Family>& line : lines) {
+    for (SrcData<Char>& line : lines) {
       if (isDcOrDs(opOf(line)) != data) continue;
       line.RelAdr = rel;
       line.AbAdr = program.AbAdrAtStart + rel;
@@ -20,7 +20,7 @@ void dcdsWordKazu40(Assembly& a, int prg) {
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void dcdsWordKazu40<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void dcdsWordKazu40<char16_t>(Assembly&, int);
+template void dcdsWordKazu40<char>(Assembly&, int);
 
 }  // namespace zelvaro

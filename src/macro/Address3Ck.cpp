@@ -11,29 +11,31 @@ namespace zelvaro {
 namespace {
 
 constexpr Message badMozi{
+    "macro-address-character",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = "{quote}: \nアドレス定数に英大文字と数字以外の文字がある。",
      .en =
          "{quote}: \nThe address constant contains characters other than uppercase alphanumeric characters. "},
-    {{families(FamilyId::AP),
+    {{kAP,
       {.ja = {},
        .en =
            "{quote}: \nThe address constant contains characers other than uppercase alphanumeric characters. "}},
-     {families(FamilyId::NA),
+     {kNA,
       {.ja = {},
        .en = "{quote}: \nThere is non-capital and non-alphanumeric character in the address constant. "}}}};
 constexpr Message tooLong{
+    "macro-address-length",
     Severity::Error,
     Head::Line,
     args("quote", "count"),
     {.ja = "{quote}\nアドレス定数は８文字以内の制限がある。\n{count} 文字ある。",
      .en = "\nAn address constant(or a label) must be written in eight letters or less. \n"
            "There are {count} characters in {quote}. "},
-    {{families(FamilyId::NWW),
-      {.ja = "{quote}\n アドレス定数は８文字以内。\n{count} 文字ある。", .en = {}}}}};
+    {{kNWW, {.ja = "{quote}\n アドレス定数は８文字以内。\n{count} 文字ある。", .en = {}}}}};
 constexpr Message reservedWord{
+    "macro-register",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -42,7 +44,7 @@ constexpr Message reservedWord{
      .en =
          "{quote}\nGR0-GR7 are reserved words.  They cannot be used as an operand of the macro instruction. \n"
          "Every operand of macro instructions must be a label in the program. (Spec. of CASL2  2-4) "},
-    {{families(FamilyId::NWW),
+    {{kNWW,
       {.ja = "{quote}\n マクロ命令のオペランドに予約語( GR0 - GR7 )は使えない。\n"
              "マクロ命令のオペランドはラベル で指定する。（仕様2-4）",
        .en =
@@ -50,18 +52,20 @@ constexpr Message reservedWord{
            "An operand of a macro must be a label in the program. (Spec. 2-4) "}}}};
 
 constexpr OtherWords kLabelOnlyNH{
-    families(FamilyId::NH),
+    kNH,
     {.ja = "IN と OUT のオペランドはラベルで指定する。(CASl2 の仕様: ２・４)",
      .en = "An operand of IN must be a label in the program. (Spec. of CASL2: 2-4) "
            "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) "}};
-constexpr Message hexOrSigned{Severity::Error,
+constexpr Message hexOrSigned{"macro-number",
+                              Severity::Error,
                               Head::Line,
                               args(),
                               {.ja = "IN と OUT のオペランドはラベルで指定する。（仕様２・４）",
                                .en = "An operand of IN must be a label in the program. (Spec. 2-4) "
                                      "An operand of OUT must be a label in the program. (Spec. 2-4) "},
                               {kLabelOnlyNH}};
-constexpr Message decimal{Severity::Error,
+constexpr Message decimal{"macro-decimal",
+                          Severity::Error,
                           Head::Line,
                           args(),
                           {.ja = "IN と OUT のオペランドはラベルで指定する。（仕様２・４）",
@@ -69,6 +73,7 @@ constexpr Message decimal{Severity::Error,
                                  "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) "},
                           {kLabelOnlyNH}};
 constexpr Message hexOrSignedLiteral{
+    "macro-literal-number",
     Severity::Error,
     Head::Line,
     args(),
@@ -77,6 +82,7 @@ constexpr Message hexOrSignedLiteral{
            "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) "},
     {kLabelOnlyNH}};
 constexpr Message decimalLiteral{
+    "macro-literal-decimal",
     Severity::Error,
     Head::Line,
     args(),
@@ -85,6 +91,7 @@ constexpr Message decimalLiteral{
            "An operand of OUT must be a label in the program. (Spec. of CASL2: 2-4) "},
     {kLabelOnlyNH}};
 constexpr Message charLiteral{
+    "macro-literal-string",
     Severity::Error,
     Head::Line,
     args(),
@@ -92,61 +99,60 @@ constexpr Message charLiteral{
      .en = "An operand of IN must be a label in the program. (Spec. 2-4) "
            "An operand of OUT must be a label in the program. (Spec. of CASl2: 2-4) "},
     {kLabelOnlyNH}};
-constexpr Message missing{Severity::Error,
+constexpr Message missing{"macro-address-missing",
+                          Severity::Error,
                           Head::Line,
                           args("op"),
                           {.ja = "{op} はオペランドを二つ必要とする。  ", .en = "{op} takes two operands. "}};
 
-template <class Family>
-void ckName(Assembly& a, int line, ViewOf<Family> p) {
-  if (!std::all_of(p.begin(), p.end(), isLabelMozi<CharOf<Family>>)) {
-    a.cs.report<Family, badMozi>(line, quote(p));
-  } else if (p.size() > TCorrectScode::kLabelLength) {
-    a.cs.report<Family, tooLong>(line, quote(p), p.size());
+template <class Char>
+void ckName(Assembly& a, int line, ViewOf<Char> p) {
+  if (!std::all_of(p.begin(), p.end(), isLabelMozi<Char>)) {
+    a.cs.report(badMozi, line, quote(p));
+  } else if (p.size() > kLabelLength) {
+    a.cs.report(tooLong, line, quote(p), p.size());
   } else if (isRegisterOprnd(p)) {
-    a.cs.report<Family, reservedWord>(line, quote(p));
+    a.cs.report(reservedWord, line, quote(p));
   }
 }
 
 /// A number or a literal; `at(i)` of a place behind the end is no character at all.
-template <class Family>
-void ckNumber(Assembly& a, int line, ViewOf<Family> p) {
-  using Char = CharOf<Family>;
+template <class Char>
+void ckNumber(Assembly& a, int line, ViewOf<Char> p) {
   const auto at = [p](std::size_t i) { return i < p.size() ? p[i] : Char(0); };
-  const auto isSign = [](Char c) { return c == Char('+') || c == Char('-'); };
   if (at(0) == Char('#') || (isSign(at(0)) && isDigit(at(1)))) {
-    a.cs.report<Family, hexOrSigned>(line);
+    a.cs.report(hexOrSigned, line);
   } else if (isDigit(at(0))) {
-    a.cs.report<Family, decimal>(line);
+    a.cs.report(decimal, line);
   } else if (at(0) != Char('=')) {
     return;
   } else if (at(1) == Char('#') || (isSign(at(1)) && isDigit(at(2)))) {
-    a.cs.report<Family, hexOrSignedLiteral>(line);
+    a.cs.report(hexOrSignedLiteral, line);
   } else if (isDigit(at(1))) {
-    a.cs.report<Family, decimalLiteral>(line);
+    a.cs.report(decimalLiteral, line);
   } else if (at(1) == Char('\'')) {
-    a.cs.report<Family, charLiteral>(line);
+    a.cs.report(charLiteral, line);
   }
 }
 
 }  // namespace
 
-template <class Family>
-void address3_ck(Assembly& a, SrcOf<Family>& line, int n) {
+template <class Char>
+void address3_ck(Assembly& a, SrcData<Char>& line, int n) {
   const auto oprnd = static_cast<std::size_t>(n);
   if (!line.hasOprnd(0) || !line.hasOprnd(oprnd)) return;
-  const ViewOf<Family> p = line.Oprnd[oprnd];
+  const ViewOf<Char> p = line.Oprnd[oprnd];
   if (p.empty()) {
     // Behind an Error the missing operand has been told, or will be once that is mended.
-    if (a.cs.ErrorKazu == 0) a.cs.report<Family, missing>(line.Line, plain(line.OpStr));
+    if (a.cs.ErrorKazu == 0) a.cs.report(missing, line.Line, plain(line.OpStr));
   } else if (isCapital(p.front())) {
-    ckName<Family>(a, line.Line, p);
+    ckName(a, line.Line, p);
   } else {
-    ckNumber<Family>(a, line.Line, p);
+    ckNumber(a, line.Line, p);
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void address3_ck<F>(Assembly&, SrcOf<F>&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void address3_ck<char16_t>(Assembly&, SrcData<char16_t>&, int);
+template void address3_ck<char>(Assembly&, SrcData<char>&, int);
 
 }  // namespace zelvaro

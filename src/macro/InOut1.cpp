@@ -8,6 +8,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message undefinedFirst{
+    "macro-first-undefined",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -15,73 +16,76 @@ constexpr Message undefinedFirst{
      .en =
          "{quote} is an undefined address constant. \nNo label or program name matches the address constant. \n"
          "Make sure of your spelling of {quote}. "},
-    {{families(FamilyId::NWW),
+    {{kNWW,
       {.ja = {},
        .en = "{quote} is an undefined address contant. \n"
              "The address constant does not match any existing label or program name. \n"
              "Make sure of your spelling of {quote}. "}},
-     {families(FamilyId::AP),
+     {kAP,
       {.ja = {},
        .en = "{quote} : Undefined address contant. \n"
              "An address constant does not match any existing label or program name. "}},
-     {families(FamilyId::NA),
+     {kNA,
       {.ja = {},
        .en = "{quote} : Undefined address contant. \n"
              "The address constant does not mache any existing label or program name. "}}}};
 constexpr Message undefinedSecond{
+    "macro-second-undefined",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = "アドレス定数 {quote} と一致するラベルが存在しない。",
      .en = "{quote} is an undefined address constant. \n"
            "No label or program name matches the address constant. "},
-    {{families(FamilyId::NWW),
+    {{kNWW,
       {.ja = {},
        .en = "{quote} is an undefined address contant. \n"
              "The address constant does not match any existing label or program name. "}},
-     {families(FamilyId::AP),
+     {kAP,
       {.ja = {},
        .en = "{quote}Undefined address constant. \n"
              "An address constant does not match any existing label or program name. "}},
-     {families(FamilyId::NA),
+     {kNA,
       {.ja = {},
        .en = "{quote}Undefined address constant. \n"
              "The address constant does not mache any existing label or program name. "}}}};
-constexpr Message missing{Severity::Error,
+constexpr Message missing{"macro-operand-missing",
+                          Severity::Error,
                           Head::Line,
                           args("op"),
                           {.ja = "{op} はオペランドを二つ必要とする。　", .en = "{op} takes two operands. "}};
 constexpr Message noAddress{
+    "macro-no-address",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = "{quote} はアドレス定数ではない。", .en = "{quote} is not an address constant. "}};
 
 /// Tells what an operand is that no label matches.
-template <class Family>
-void tellUnmatched(Assembly& a, SrcOf<Family>& line, int n) {
-  const ViewOf<Family> p = line.Oprnd[static_cast<std::size_t>(n)];
+template <class Char>
+void tellUnmatched(Assembly& a, SrcData<Char>& line, int n) {
+  const ViewOf<Char> p = line.Oprnd[static_cast<std::size_t>(n)];
   if (isRegisterOprnd(p)) return;  // address3_ck has told it
   if (p.empty()) {
-    if (a.cs.ErrorKazu == 0) a.cs.report<Family, missing>(line.Line, plain(line.OpStr));
+    if (a.cs.ErrorKazu == 0) a.cs.report(missing, line.Line, plain(line.OpStr));
   } else if (!isCapital(p.front())) {
-    a.cs.report<Family, noAddress>(line.Line, quote(p));
+    a.cs.report(noAddress, line.Line, quote(p));
   } else if (n == 1) {
-    a.cs.report<Family, undefinedFirst>(line.Line, quote(p));
+    a.cs.report(undefinedFirst, line.Line, quote(p));
   } else {
-    a.cs.report<Family, undefinedSecond>(line.Line, quote(p));
+    a.cs.report(undefinedSecond, line.Line, quote(p));
   }
 }
 
 /// The address of the label that operand n names goes to `adr`.  False after a fault.
-template <class Family>
-bool findOprnd(Assembly& a, SrcOf<Family>& line, int n, std::int32_t& adr) {
-  const int label = a.program<Family>(line.PrgNr).findLabel(line.Oprnd[static_cast<std::size_t>(n)]);
+template <class Char>
+bool findOprnd(Assembly& a, SrcData<Char>& line, int n, std::int32_t& adr) {
+  const int label = a.program<Char>(line.PrgNr).findLabel(line.Oprnd[static_cast<std::size_t>(n)]);
   if (label < 0) {
-    tellUnmatched<Family>(a, line, n);
+    tellUnmatched(a, line, n);
     return false;
   }
-  SrcOf<Family>& target = a.store<Family>()[label];
+  SrcData<Char>& target = a.store<Char>()[label];
   target.IsLabelInUse = true;
   adr = target.AbAdr;
   return true;
@@ -89,16 +93,13 @@ bool findOprnd(Assembly& a, SrcOf<Family>& line, int n, std::int32_t& adr) {
 
 }  // namespace
 
-template <class Family>
-void InOut1(Assembly& a, SrcOf<Family>& line) {
-  line.IsWordsComplete = false;
-  if (!line.hasOprnd(0)) return;
-  if (!findOprnd<Family>(a, line, 1, line.Word1)) return;
-  if (!line.hasOprnd(2)) return;
-  line.IsWordsComplete = findOprnd<Family>(a, line, 2, line.Word2);
+template <class Char>
+void InOut1(Assembly& a, SrcData<Char>& line) {
+  if (!line.hasOprnd(0) || !findOprnd(a, line, 1, line.Word1)) return;
+  if (line.hasOprnd(2)) findOprnd(a, line, 2, line.Word2);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void InOut1<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void InOut1<char16_t>(Assembly&, SrcData<char16_t>&);
+template void InOut1<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

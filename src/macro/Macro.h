@@ -8,17 +8,17 @@
 namespace zelvaro {
 
 /// IN and OUT: cleans the operand buffers, sets word_kazu to 12.
-template <class Family>
-void macro2(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void macro2(Assembly& a, SrcData<Char>& line);
 /// RPUSH and RPOP: no operand; sets word_kazu to 14 or 7.
-template <class Family>
-void macroR2(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void macroR2(Assembly& a, SrcData<Char>& line);
 /// Checks the form of operand n, 1 or 2, of an IN or OUT in the address pass.
-template <class Family>
-void address3_ck(Assembly& a, SrcOf<Family>& line, int n);
+template <class Char>
+void address3_ck(Assembly& a, SrcData<Char>& line, int n);
 /// Finds the two labels of an IN or OUT: Word1 and Word2 of the line become their addresses.
-template <class Family>
-void InOut1(Assembly& a, SrcOf<Family>& line);
+template <class Char>
+void InOut1(Assembly& a, SrcData<Char>& line);
 
 inline constexpr int kInOutWords = 12;
 inline constexpr int kRpushWords = 14;

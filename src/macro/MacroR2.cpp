@@ -7,7 +7,8 @@ namespace {
 
 // A guard: the dispatcher sends RPUSH and RPOP only.
 constexpr Message noMacro =
-    Message{Severity::Error,
+    Message{"self-macro-registers",
+            Severity::Error,
             Head::Line,
             args("op"),
             {.ja = "該当するマクロ命令がない。", .en = "{op} is not a macro instruction. "}}
@@ -15,21 +16,20 @@ constexpr Message noMacro =
 
 }  // namespace
 
-template <class Family>
-void macroR2(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void macroR2(Assembly& a, SrcData<Char>& line) {
   if (!line.hasOprnd(0) || !line.hasOprnd(1) || !line.hasOprnd(2)) return;
   const Op op = opOf(line);
   if (op != Op::RPUSH && op != Op::RPOP) {
-    a.cs.report<Family, noMacro>(line.Line, plain(line.OpStr));
+    a.cs.report(noMacro, line.Line, plain(line.OpStr));
     return;
   }
   line.word_kazu = op == Op::RPUSH ? kRpushWords : kRpopWords;
-  if (OpNoOperand<Family>(a, line)) return;
+  if (OpNoOperand(a, line)) return;
   for (std::size_t n = 1; n <= 3; ++n) line.Oprnd[n] = line.Oprnd[n].substr(0, 0);
-  line.OprndKazu = 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template void macroR2<F>(Assembly&, SrcOf<F>&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void macroR2<char16_t>(Assembly&, SrcData<char16_t>&);
+template void macroR2<char>(Assembly&, SrcData<char>&);
 
 }  // namespace zelvaro

@@ -1,11 +1,10 @@
 // DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
 #include <fmt/format.h>
 
-#include "diag/MsgBase.h"
+#include "diag/Limits.h"
 #include "report/LabelColumn.h"
 #include "report/Report.h"
 #include "report/ReportText.h"
-#include "source/FixedForm.h"
 
 namespace zelvaro {
 namespace {
@@ -15,10 +14,14 @@ using namespace std::string_view_literals;
 constexpr int kRowsBehindImage = 10;
 constexpr int kZerosThatEndTheStack = 4;
 constexpr int kSeparatorWidth = 35;
+constexpr Words kRunTime{" = 実行時間 ", " = Running Time of the COMET2"};
 constexpr std::string_view kViewHead = "Char  Hex    UD     SD       Binary Code\n";
 
+constexpr Message notOpened = notice("report-not-opened", args("file", "reason"),
+                                     bothLanguages("{file} does not open.\nMsg:: {reason}\n"));
+
 /// What differs between the reports of the wide, the narrow and the fixed pipelines.
-struct ReportForm {
+struct Layout {
   std::string_view nameLine;
   std::string_view flagOvf, flagSign, flagZero;
   std::string_view tableLine;    ///< the line above the table
@@ -27,40 +30,41 @@ struct ReportForm {
   int leastLabelColumn;          ///< the label column is that wide or LabelWidth + 1
 };
 
-constexpr ReportForm wideForm{"Src. File: ",
-                              "f_Ovf=",
-                              ", f_Sign=",
-                              "f_Zero=",
-                              "//----------------------------------------"
-                              "--------------------------------------------\n",
-                              "Literal Const. in (",
-                              5,
-                              0};
-constexpr ReportForm narrowForm{"Src. File: ",
-                                "Fovf=",
-                                ", Fsign=",
-                                "Fzero=",
-                                "//------------------------------------------------------------\n",
-                                "Literal Const:(",
-                                8,
-                                11};
+constexpr Layout wideForm{"Src. File: ",
+                          "f_Ovf=",
+                          ", f_Sign=",
+                          "f_Zero=",
+                          "//----------------------------------------"
+                          "--------------------------------------------\n",
+                          "Literal Const. in (",
+                          5,
+                          0};
+constexpr Layout narrowForm{"Src. File: ",
+                            "Fovf=",
+                            ", Fsign=",
+                            "Fzero=",
+                            "//------------------------------------------------------------\n",
+                            "Literal Const:(",
+                            8,
+                            11};
 
-constexpr ReportForm fixedForm = [] {
-  ReportForm form = narrowForm;
+constexpr Layout fixedForm = [] {
+  Layout form = narrowForm;
   form.nameLine = "Src File: ";
   return form;
 }();
 
-template <class Family>
-constexpr bool isWide = sizeof(CharOf<Family>) == 2;
+const Layout& layoutOf(ReportForm form) {
+  return form == ReportForm::Wide ? wideForm : form == ReportForm::Narrow ? narrowForm : fixedForm;
+}
 
-std::string dateText(const std::tm& t, int lang) {
+std::string dateText(const std::tm& t, Language language) {
   static constexpr std::array days{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                    "Thursday", "Friday", "Saturday"};
   static constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
                                      "July",    "August",   "September", "October", "November", "December"};
   const int year = t.tm_year + 1900;
-  if (lang == kJapanese)
+  if (language == Language::Japanese)
     return fmt::format("作成日時：{}年{}月{}日 {}時{}分{}秒", year, t.tm_mon + 1, t.tm_mday, t.tm_hour,
                        t.tm_min, t.tm_sec);
   return fmt::format("{} {} {}, {}(R{})  {}:{}:{}s", days[static_cast<std::size_t>(t.tm_wday)],
@@ -81,31 +85,31 @@ int decimalDigits(std::int32_t value) {
 }
 
 /// One report.  Its members write the parts of the file in their order.
-template <class Family>
+template <class Char>
 class RegMryReport {
  public:
-  using Char = CharOf<Family>;
   using Store = LineStore<Char>;
 
-  RegMryReport(const Tcomet2& m, const TBasicData& b, const Store& store)
-      : m_(m),
+  RegMryReport(const ReportFile& file, const Tcomet2& m, const TBasicData& b, const Store& store)
+      : file_(file),
+        form_(layoutOf(file.family.report)),
+        m_(m),
         b_(b),
         store_(store),
-        endAdr_(kIsFixedForm<Family> ? m.LastAdr : b.PrgEndAdr),
-        labels_(store.lines(), kIsFixedForm<Family>),
-        labelWidth_(labels_.longest(endAdr_, form.firstLabelWidth)),
-        column_(labelWidth_ > form.leastLabelColumn ? labelWidth_ + 1 : form.leastLabelColumn),
+        endAdr_(isFixed() ? m.LastAdr : b.PrgEndAdr),
+        labels_(store.lines(), isFixed()),
+        labelWidth_(labels_.longest(endAdr_, form_.firstLabelWidth)),
+        column_(labelWidth_ > form_.leastLabelColumn ? labelWidth_ + 1 : form_.leastLabelColumn),
         countWidth_(decimalDigits(m.MaxExecCount) + 1) {}
 
-  void head(ReportText& out, std::string_view filename, const TimeData& time, Platform& platform) const;
+  void head(ReportText& out) const;
   void registers(ReportText& out) const;
   void memory(ReportText& out);
   void stack(ReportText& out) const;
 
  private:
-  static constexpr const ReportForm& form = isWide<Family>         ? wideForm
-                                            : kIsFixedForm<Family> ? fixedForm
-                                                                   : narrowForm;
+  bool isWide() const { return file_.family.report == ReportForm::Wide; }
+  bool isFixed() const { return file_.family.report == ReportForm::Fixed; }
 
   void flags(ReportText& out) const;
   void tableHead(ReportText& out) const;
@@ -114,6 +118,8 @@ class RegMryReport {
   void sourceRow(ReportText& out, std::basic_string_view<Char> row) const;
   const SrcData<Char>* recordOf(int line);
 
+  const ReportFile& file_;
+  const Layout& form_;
   const Tcomet2& m_;
   const TBasicData& b_;
   const Store& store_;
@@ -126,9 +132,9 @@ class RegMryReport {
   std::size_t record_ = 0;  ///< where recordOf found its last line
 };
 
-template <class Family>
-void RegMryReport<Family>::head(ReportText& out, std::string_view filename, const TimeData& time,
-                                Platform& platform) const {
+template <class Char>
+void RegMryReport<Char>::head(ReportText& out) const {
+  Platform& platform = file_.platform;
   if (platform.randomNumber() % 3 != 0) {
     out.text("Open this file using a monospaced font such as MS Gothic.\n")
         .text("This will make the tabular results easier to read.\n")
@@ -137,18 +143,18 @@ void RegMryReport<Family>::head(ReportText& out, std::string_view filename, cons
         .text("Press Ctrl+W or Ctrl+Shift+W.\n");
     SeparatorLine(out, kSeparatorWidth);
   }
-  out.text(form.nameLine).text(b_.SrcFilename).blanks(4);
-  out.text(dateText(platform.localTime(), b_.Lang)).text("\n\n");
-  out.text(timeLineOfReport(time, platform, isWide<Family>));
-  if (filename != AssembledRegFile) {
-    out.blanks(13).text(DetTimeDiff_General(time, platform, "RunTime"));
-    out.text(inLanguage(m_.IsEnglish, " = 実行時間 ", " = Running Time of the COMET2")).text("\n");
+  out.text(form_.nameLine).text(b_.SrcFilename).blanks(4);
+  out.text(dateText(platform.localTime(), file_.language)).text("\n\n");
+  out.text(timeLineOfReport(file_.time, platform, file_.family.report));
+  if (file_.name != AssembledRegFile) {
+    out.blanks(13).text(DetTimeDiff_General(file_.time, platform, "RunTime"));
+    out.text(kRunTime.in(file_.language)).text("\n");
   }
-  out.text("\nVM COMET2: ").text(filename).text("\n");
+  out.text("\nVM COMET2: ").text(file_.name).text("\n");
 }
 
-template <class Family>
-void RegMryReport<Family>::registers(ReportText& out) const {
+template <class Char>
+void RegMryReport<Char>::registers(ReportText& out) const {
   out.text("//-------------------------------------------------\n").blanks(6).text(kViewHead);
   out.text("   PR:").word(m_.PR).text("\n");
   for (std::size_t i = 0; i < m_.GR.size(); ++i)
@@ -157,31 +163,31 @@ void RegMryReport<Family>::registers(ReportText& out) const {
   out.text("   SP:").word(m_.SP).text("\n\n");
 }
 
-template <class Family>
-void RegMryReport<Family>::flags(ReportText& out) const {
+template <class Char>
+void RegMryReport<Char>::flags(ReportText& out) const {
   const auto meaning = [](std::int32_t flag, std::string_view off, std::string_view on,
                           std::string_view other) {
     return flag == 0 ? off : flag == 1 ? on : other;
   };
-  out.text("Flags:    ").text(form.flagOvf).number(m_.Fovf);
-  out.text(form.flagSign).number(m_.Fsign).text("(");
+  out.text("Flags:    ").text(form_.flagOvf).number(m_.Fovf);
+  out.text(form_.flagSign).number(m_.Fsign).text("(");
   out.text(meaning(m_.Fsign, "plus), ", "minus), ", "Error of else: at Fsign ! in comet2.cpp.),"));
-  out.text(form.flagZero).number(m_.Fzero).text("(");
+  out.text(form_.flagZero).number(m_.Fzero).text("(");
   out.text(meaning(m_.Fzero, "non zero).", "zero).", "Error of else: at Fzero ! in comet2.cpp.)."));
   out.text("\n");
 }
 
-template <class Family>
-void RegMryReport<Family>::tableHead(ReportText& out) const {
+template <class Char>
+void RegMryReport<Char>::tableHead(ReportText& out) const {
   const auto rightAligned = [&out](std::string_view s, int columns) {
     out.blanks(columns - static_cast<int>(s.size())).text(s);
   };
-  out.text(form.tableLine).text("  Address   ");
-  if constexpr (isWide<Family>) {
+  out.text(form_.tableLine).text("  Address   ");
+  if (isWide()) {
     const int s = column_ / 2;
     rightAligned("Lab", s + 2);
     out.text("el").blanks(s - 2 - 2);
-  } else if (labelWidth_ > form.leastLabelColumn) {
+  } else if (labelWidth_ > form_.leastLabelColumn) {
     rightAligned("Label  ", labelWidth_ - 5);
   } else {
     out.text("Label");
@@ -189,13 +195,13 @@ void RegMryReport<Family>::tableHead(ReportText& out) const {
   out.text(" ").text(kViewHead);
 }
 
-template <class Family>
-void RegMryReport<Family>::memory(ReportText& out) {
+template <class Char>
+void RegMryReport<Char>::memory(ReportText& out) {
   tableHead(out);
   const bool isBoundaryKnown =
-      kIsFixedForm<Family> || (!store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1);
+      isFixed() || (!store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1);
   int rows = endAdr_ + kRowsBehindImage;
-  if constexpr (kIsFixedForm<Family>) rows = std::min(rows, MaxMemoryDCDS);
+  if (isFixed()) rows = std::min(rows, MaxMemoryDCDS);
   for (int adr = 0; adr < rows; ++adr) {
     row(out, adr);
     if (adr == endAdr_ - 1 && isBoundaryKnown) SeparatorLine(out, kSeparatorWidth);
@@ -206,8 +212,8 @@ void RegMryReport<Family>::memory(ReportText& out) {
       .text("and the non-reserved area.\n\n");
 }
 
-template <class Family>
-void RegMryReport<Family>::row(ReportText& out, int adr) {
+template <class Char>
+void RegMryReport<Char>::row(ReportText& out, int adr) {
   const auto i = static_cast<std::size_t>(adr);
   out.address(adr);
   const auto labels = labels_.at(adr);
@@ -222,16 +228,16 @@ void RegMryReport<Family>::row(ReportText& out, int adr) {
 }
 
 /// The statement, on the row of its first word and on that of its literal.
-template <class Family>
-void RegMryReport<Family>::echo(ReportText& out, int adr) {
+template <class Char>
+void RegMryReport<Char>::echo(ReportText& out, int adr) {
   const int line = adr < kLinesKnown ? m_.LineOfAddress[static_cast<std::size_t>(adr)] : -1;
   if (line < 0 || line == echoedLine_) return;
   const SrcData<Char>* s = recordOf(line);
   if (s == nullptr || s->OpStr.empty()) return;
   echoedLine_ = line;
-  if constexpr (kIsFixedForm<Family>) return sourceRow(out, s->SrcStr);
+  if (isFixed()) return sourceRow(out, s->SrcStr);
   if (store_.literal(*s) != nullptr && adr > s->AbAdr) {
-    out.text(form.literalHead).source(s->LabelStr);
+    out.text(form_.literalHead).source(s->LabelStr);
     if (!s->LabelStr.empty()) out.text(" ");
     out.source(s->OpStr).text(" ").source(s->OprndComStr).text(")");
     return;
@@ -241,8 +247,8 @@ void RegMryReport<Family>::echo(ReportText& out, int adr) {
 }
 
 /// The row as line normalisation leaves it: its first two runs of blanks are one blank each.
-template <class Family>
-void RegMryReport<Family>::sourceRow(ReportText& out, std::basic_string_view<Char> row) const {
+template <class Char>
+void RegMryReport<Char>::sourceRow(ReportText& out, std::basic_string_view<Char> row) const {
   if (isBlank(row.front())) out.blanks(12);
   for (int run = 0; run < 2 && !row.empty(); ++run) {
     std::size_t end = 0;
@@ -255,8 +261,8 @@ void RegMryReport<Family>::sourceRow(ReportText& out, std::basic_string_view<Cha
 }
 
 /// The record of a line.  Addresses rise with the lines, so it mostly is the one behind the last.
-template <class Family>
-const SrcData<CharOf<Family>>* RegMryReport<Family>::recordOf(int line) {
+template <class Char>
+const SrcData<Char>* RegMryReport<Char>::recordOf(int line) {
   const auto records = store_.lines();
   if (++record_ < records.size() && records[record_].Line == line) return &records[record_];
   const SrcData<Char>* found = store_.atLine(line);
@@ -264,8 +270,8 @@ const SrcData<CharOf<Family>>* RegMryReport<Family>::recordOf(int line) {
   return found;
 }
 
-template <class Family>
-void RegMryReport<Family>::stack(ReportText& out) const {
+template <class Char>
+void RegMryReport<Char>::stack(ReportText& out) const {
   out.blanks(11).text("Stack Area in Main Memory\n");
   out.text("The Stack Pointer(SP) has pointed at ").hex(static_cast<std::uint32_t>(m_.SP));
   out.text(" at present. \n");
@@ -279,34 +285,25 @@ void RegMryReport<Family>::stack(ReportText& out) const {
   SeparatorLine(out, kSeparatorWidth);
 }
 
-void tellFailure(Platform& platform, const std::string& filename, const std::string& reason) {
-  platform.print(filename + " does not open.\nMsg:: " + reason + "\n");
-}
-
 }  // namespace
 
-template <class Family>
-void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, const TimeData& time,
-               Platform& platform) {
+template <class Char>
+void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b) {
   FileFailure failure;
-  const std::unique_ptr<OutputFile> file = platform.createFile(filename, &failure);
-  if (file == nullptr) {
-    tellFailure(platform, filename, failure.reason);
-    return;
-  }
-  if constexpr (!isWide<Family> && !kIsFixedForm<Family>) m.LastAdr = b.PrgEndAdr;
-  RegMryReport<Family> report(m, b, b.store<CharOf<Family>>());
-  ReportText out(*file);
-  report.head(out, filename, time, platform);
+  const std::unique_ptr<OutputFile> output = file.platform.createFile(std::string(file.name), &failure);
+  if (output == nullptr) return file.sink.say(notOpened, file.name, failure.reason);
+  if (file.family.report == ReportForm::Narrow) m.LastAdr = b.PrgEndAdr;
+  RegMryReport<Char> report(file, m, b, b.store<Char>());
+  ReportText out(*output);
+  report.head(out);
   report.registers(out);
   report.memory(out);
   report.stack(out);
   out.flush();
-  if (!file->commit()) tellFailure(platform, filename, file->reason());
+  if (!output->commit()) file.sink.say(notOpened, file.name, output->reason());
 }
 
-#define ZELVARO_INSTANTIATE(F) \
-  template void DspRegMry<F>(const std::string&, Tcomet2&, const TBasicData&, const TimeData&, Platform&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void DspRegMry<char16_t>(const ReportFile&, Tcomet2&, const TBasicData&);
+template void DspRegMry<char>(const ReportFile&, Tcomet2&, const TBasicData&);
 
 }  // namespace zelvaro

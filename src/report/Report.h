@@ -1,19 +1,29 @@
 // The register and memory report.
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "TimeVcl/TimeVcl.h"
 #include "comet2/Comet2.h"
-#include "diag/Family.h"
+#include "diag/Diagnostic.h"
+#include "platform/Platform.h"
 #include "source/BasicData.h"
 
 namespace zelvaro {
 
-/// Writes the report of the machine to the file of that name (one of the two report names): DspRegMry70NW
-/// and its twins by family.  A failure is told on the console; the file keeps its old content then.
-template <class Family>
-void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, const TimeData& time,
-               Platform& platform);
+/// Where a report goes, and what it holds besides the machine.
+struct ReportFile {
+  Platform& platform;
+  DiagSink& sink;  ///< takes a failure to write
+  const TimeData& time;
+  const Family& family;
+  Language language;
+  std::string_view name = AssembledRegFile;  ///< one of the two report names
+};
+
+/// Writes the report of the machine: DspRegMry70NW and its twins by family.  A failure is reported; the file keeps
+/// its old content then.
+template <class Char>
+void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b);
 
 }  // namespace zelvaro

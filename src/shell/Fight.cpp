@@ -1,5 +1,4 @@
 // One pipeline: the loop from the menu through the stages of a source file to its run, and back.
-#include <algorithm>
 #include <new>
 
 #include "diag/Summaries.h"
@@ -8,31 +7,50 @@
 #include "shell/Prompt.h"
 
 namespace zelvaro {
+namespace {
 
-/// Returns 0 when the user leaves, MenuModeChanged when another pipeline was chosen.
-int TGame::fight(const Pipeline& p) {
-  begin(p);
-  int result = MenuGoFile;
-  while (result != MenuExit && result != MenuModeChanged) result = pass(p);
-  if (result == MenuModeChanged) TextKind = withoutAnyBlanks(s_.sh.TextKind);
+constexpr Message outOfMemory = notice("memory-lacking", args(),
+                                       {.ja = "\nメモリが足りないので、メニューに戻ります。\n",
+                                        .en = "\nThere is not enough memory for this. Back to the menu. \n"});
+constexpr Message assembled =
+    notice("assembled", args(), {.ja = "アセンブル成功 ", .en = "Successfully Assembled! "});
+
+}  // namespace
+
+/// Runs until the user leaves or chooses another pipeline.
+TGame::Next TGame::fight(const Family& f) {
+  begin(f);
+  Next next = Next::Menu;
+  while (next == Next::Menu) next = pass(f);
+  if (next == Next::OtherPipeline) TextKind = withoutAnyBlanks(s_.sh.TextKind);
   release();
   s_.sh.CurrentFile.clear();
-  return result == MenuModeChanged ? MenuModeChanged : 0;
+  return next;
 }
 
-/// One pass of the loop.  The menu is outside of what memory is told about: it takes a line of the user
-/// before anything else is tried, so that a lack of memory that lasts ends the program.
-int TGame::pass(const Pipeline& p) {
-  withinMemory([&] { endLastRun(p); });
-  clearForPass(p);
+/// One pass of the loop.  The menu is outside of what a lack of memory is caught for: it takes a line of the
+/// user before anything else is tried, so that a lack that lasts ends the program.
+TGame::Next TGame::pass(const Family& f) {
+  withinMemory([&] { endLastRun(f); });
+  clearForPass();
   std::string name;
-  int result = menu_.MainMenu(p, name);
-  takeLanguage();
-  if (result == MenuGoFile && !withinMemory([&] { result = assembleAndRun(p, name); })) result = LoadFailed;
-  return result;
+  switch (menu_.MainMenu(f, name)) {
+    case MenuResult::Leave:
+      return Next::Leave;
+    case MenuResult::OtherPipeline:
+      return Next::OtherPipeline;
+    case MenuResult::Done:
+      return Next::Menu;
+    case MenuResult::File:
+      break;
+  }
+  Next next = Next::Menu;
+  withinMemory([&] { next = assembleAndRun(f, name); });
+  return next;
 }
 
-/// Does a piece of work; false, told and with the work forgotten, where memory did not suffice.
+/// Does a piece of work.  Where memory does not suffice, that is reported, the work is forgotten, and the result
+/// is false.
 template <class Work>
 bool TGame::withinMemory(Work work) {
   try {
@@ -42,47 +60,53 @@ bool TGame::withinMemory(Work work) {
     release();
     s_.dg.ClearLog();
     clearAllTallies();
-    print(inLanguage(Lang, "\nメモリが足りないので、メニューに戻ります。\n",
-                     "\nThere is not enough memory for this. Back to the menu. \n"));
+    say(outOfMemory);
     return false;
   }
 }
 
-/// From the chosen file to the end of its run: MenuGoFile, LoadFailed, or MenuExit at the end of the input.
-int TGame::assembleAndRun(const Pipeline& p, const std::string& name) {
-  const bool loaded = readSource(p, name);
+/// From the chosen file to the end of its run.
+TGame::Next TGame::assembleAndRun(const Family& f, const std::string& name) {
+  Pass pass{Assembly{s_.sh, s_.cs, s_.b, f},
+            LoadRequest{s_.platform, s_.moziCodeData, name, s_.b.SimpleTitleIndex == 0}, s_.m,
+            RunEnvironment{s_.platform, s_.channel, s_.timeData, f},
+            ReportFile{s_.platform, s_.channel, s_.timeData, f, s_.wording.language}};
+  takeStamp(s_.timeData, s_.platform, Stamp::ReadFileStart);
+  const bool loaded = runPhase(pass, Phase::Load);
   takeStamp(s_.timeData, s_.platform, Stamp::AssembleStart);
-  if (!loaded) return LoadFailed;
+  if (!loaded) return Next::Menu;
   LastFileName = s_.b.SrcFilename = name;
-  if (!runStages(p) || !link(p)) return MenuGoFile;
-  if (!runImage(p)) return MenuExit;
-  release();
-  return MenuGoFile;
+  if (!runPhase(pass, Phase::Check)) return Next::Menu;
+  takeStamp(s_.timeData, s_.platform, Stamp::AssembleEnd);
+  sumTallies();
+  SumUpWarnings(*this);
+  return link(pass) ? runImage(pass) : Next::Menu;
 }
 
-void TGame::begin(const Pipeline& p) {
-  if (p.keepsLog) s_.dg.ClearLog();
+void TGame::begin(const Family& f) {
+  s_.wording.family = f.id;
+  s_.dg.writes = f.keepsLog;
+  s_.dg.ClearLog();
   s_.b.clearTables();
   s_.sh.CurrentFile.clear();
-  if (!p.textKind.empty()) s_.sh.TextKind = p.textKind;
+  if (!f.textKind.empty()) s_.sh.TextKind = f.textKind;
   printBanner();
-  takeLanguage();
-  if (p.testsEditor) checkEditor();
+  if (f.testsEditor) checkEditor();
   s_.chooseEditor();
 }
 
 /// What a run that Errors have stopped shows at its end.
-void TGame::endLastRun(const Pipeline& p) {
+void TGame::endLastRun(const Family& f) {
   sumTallies();
   if (ErrorKazu == 0) return;
   takeStamp(s_.timeData, s_.platform, Stamp::AssembleEnd);
-  if (p.keepsLog) s_.dg.ReplayLog(s_.platform);
-  print(timeLineOfErrors(s_.timeData, s_.platform, p.fixedTimeLines));
-  SumUpErrors(*this, " 個の エラー があるので修正が必要です。 ", 'h');
+  s_.platform.print(s_.dg.ReplayLog(s_.wording));
+  s_.platform.print(timeLineOfErrors(s_.timeData, s_.platform, f.timeLines));
+  SumUpErrors(*this);
 }
 
-void TGame::clearForPass(const Pipeline& p) {
-  if (p.keepsLog) s_.dg.ClearLog();
+void TGame::clearForPass() {
+  s_.dg.ClearLog();
   s_.b.clearTables();
   clearAllTallies();
   s_.chooseEditor();
@@ -96,72 +120,37 @@ void TGame::clearAllTallies() {
     object->clearTallies();
 }
 
-/// Whether the lines of the file are in the store.
-bool TGame::readSource(const Pipeline& p, const std::string& name) {
-  takeStamp(s_.timeData, s_.platform, Stamp::ReadFileStart);
-  Assembly a = s_.assembly();
-  return p.stages->load(a, s_.moziCodeData, name, s_.b.SimpleTitleIndex) == 0;
-}
-
-/// The rows of the pipeline, step by step.  False where a fault leads back to the menu.
-bool TGame::runStages(const Pipeline& p) {
-  const std::span<const StageRow> rows = p.stages->rows;
-  for (std::size_t first = 0; first < rows.size();) {
-    std::size_t behind = first + 1;
-    // Rows of one step that go by program belong together.
-    while (behind < rows.size() && rows[first].per == Per::Program && rows[behind].per == Per::Program &&
-           rows[behind].step == rows[first].step)
-      ++behind;
-    if (!runStep(p, rows.subspan(first, behind - first))) return false;
-    first = behind;
-  }
-  takeStamp(s_.timeData, s_.platform, Stamp::AssembleEnd);
-  if (Lang == kJapanese) {
-    SumUpWarningsJ(*this, "", 'f');
-  } else {
-    SumUpErrors(*this, "", 'f');
-  }
-  return true;
-}
-
-bool TGame::runStep(const Pipeline& p, std::span<const StageRow> rows) {
-  Assembly a = s_.assembly();
-  const int times = rows.front().per == Per::File ? 1 : p.stages->programs(s_.b);
-  int result = 0;
-  for (int prg = 0; prg < times; ++prg) {
-    for (const StageRow& row : rows) {
-      if (!row.names.of(p.stages->family).empty()) result = std::min(result, row.run(a, prg));
-    }
-  }
-  return rows.back().behind == Behind::Next || !isFault(p, result);
-}
-
 /// False where the link gave Errors; no time line follows then.
-bool TGame::link(const Pipeline& p) {
+bool TGame::link(Pass& pass) {
   s_.sh.CurrentFile.clear();
   s_.m.reset();
-  s_.m.IsEnglish = Lang;
-  Assembly a = s_.assembly();
-  const int linked = p.stages->link(a, s_.m);
+  const bool linked = runPhase(pass, Phase::Link);
   sumTallies();
-  if (ErrorKazu > 0 || linked < 0) return false;
+  if (!linked) return false;
   takeStamp(s_.timeData, s_.platform, Stamp::LinkEnd);
-  print(timeLineOfLink(s_.timeData, s_.platform, p.fixedTimeLines));
+  s_.platform.print(timeLineOfLink(s_.timeData, s_.platform, pass.assembly.family.timeLines));
   PrgFilename = s_.m.Filename = s_.b.FirstPrgName;
-  print(inLanguage(Lang, "アセンブル成功 ", "Successfully Assembled! "));
-  writeReport(p, AssembledRegFile, "\nアセンブルされた", isFirstAssembled_);
+  say(assembled);
+  writeReport(pass, AssembledRegFile);
   return true;
 }
 
-/// The go-on question and the run.  False at the end of the input.
-bool TGame::runImage(const Pipeline& p) {
-  const GoOn answer = GoOnMenu(*this);
-  if (answer == GoOn::Leave) return false;
-  if (answer == GoOn::MainMenu) return true;
-  p.stages->run(s_.m, RunEnvironment{s_.platform, s_.timeData, s_.b.PrgEndAdr});
+/// The go-on question and the run.
+TGame::Next TGame::runImage(Pass& pass) {
+  switch (GoOnMenu(*this, s_.platform)) {
+    case GoOn::Leave:
+      return Next::Leave;
+    case GoOn::MainMenu:
+      return Next::Menu;
+    case GoOn::Run:
+      break;
+  }
+  pass.run.PrgEndAdr = s_.b.PrgEndAdr;
+  runPhase(pass, Phase::Run);
   s_.m.setMaxExecCount();
-  writeReport(p, ResultantRegFile, "\n実行後の", isFirstResultant_);
-  return true;
+  writeReport(pass, ResultantRegFile);
+  release();
+  return Next::Menu;
 }
 
 /// Empties the store; nothing of a run survives in it.

@@ -8,48 +8,72 @@ namespace {
 
 constexpr std::string_view kDefaultPipeline = "NWW";
 
+constexpr Message folderNotRecorded =
+    notice("self-folder-not-recorded", args(), bothLanguages("iRt=0: Fail to TGame::SetCurrentDirChH()\n"));
+constexpr Message folderUnknown =
+    notice("self-folder-unknown", args("reason"), bothLanguages("_getcwd error: {reason}\n"));
+constexpr Message defaultPipeline =
+    notice("pipeline-by-default", args(), bothLanguages("FightNwW(); by default.\n"));
+constexpr Message editorOutOfRange = notice("editor-out-of-range", args("index"),
+                                            bothLanguages("Error: TextEditorFlag is out of range. \n"
+                                                          "TextEditorIndex={index}\n"
+                                                          "TextEditorIndex is corrected to be 0. \n"));
+constexpr Message banner = notice("banner", args("kind"),
+                                  bothLanguages("Zelvaro Assembly Suite  Ver. 4.6.4  \n"
+                                                "Win32  R_{kind}\n\n"
+                                                "Assembler, Linker, and Simulator\n"
+                                                "\n\n"));
+constexpr Message simpleBanner = notice("banner-simple", args("kind"),
+                                        bothLanguages("Zelvaro  Ver. 4.6.4  \n"
+                                                      "Win32  R_{kind}\n\n"
+                                                      "Assembler & Simulator\n"
+                                                      "\n\n"));
+constexpr Message emptyBanner = notice("banner-empty", args(), bothLanguages("\n"));
+// Only the English line has an end: the words of the run and the menus begin with one in Japanese.
+constexpr Message reportLine =
+    notice("report-line", args("file"),
+           {.ja = "---> {file} メモリの全容が保存してあります。", .en = "---> {file} \n"});
+constexpr Message firstAssembledLine =
+    notice("report-line-assembled", args("file"),
+           {.ja = "---> {file} \nアセンブルされたメモリの全容が保存してあります。", .en = "---> {file} \n"});
+constexpr Message firstResultantLine =
+    notice("report-line-resultant", args("file"),
+           {.ja = "---> {file} \n実行後のメモリの全容が保存してあります。", .en = "---> {file} \n"});
+
 }  // namespace
 
-TGame::TGame(TSession& s) : TMsgBase(s.platform, s.dg), FightFunc(kDefaultPipeline), s_(s), menu_(s, *this) {}
+TGame::TGame(TSession& s) : TMsgBase(s.channel), FightFunc(kDefaultPipeline), s_(s), menu_(s) {}
 
 void TGame::SetCurrentDirChH() {
   if (const std::optional<std::string> folder = s_.platform.workingDirectory()) {
     CurrentDirChH = *folder;
   } else {
-    print("iRt=0: Fail to TGame::SetCurrentDirChH()\n");
+    say(folderNotRecorded);
   }
 }
 
 void TGame::Start() {
   FileFailure failure;
-  if (!s_.platform.workingDirectory(&failure)) print("_getcwd error: " + failure.reason + "\n");
+  if (!s_.platform.workingDirectory(&failure)) say(folderUnknown, failure.reason);
   ReadIni(s_, std::string(kIniFile));
   LastFileName = s_.sh.LastSrcFile;
-  takeLanguage();
-  FightFunc = withoutAnyBlanks(s_.sh.FightFunc);
-  RunPipelines(FightFunc);
+  RunPipelines(withoutAnyBlanks(s_.sh.FightFunc));
   s_.platform.flush();
 }
 
-int TGame::RunPipelines(const std::string& name) {
+void TGame::RunPipelines(const std::string& name) {
   FightFunc = name;
-  for (;;) {
-    // Two names are reserved without a pipeline behind them.
-    if (FightFunc == "NewChH" || FightFunc == "NewChWH") return 0;
-    const int result = fight(pipelineOf(FightFunc));
-    if (result != MenuModeChanged) return result;
+  // Two names are reserved without a pipeline that belongs to them.
+  while (FightFunc != "NewChH" && FightFunc != "NewChWH") {
+    if (fight(familyOf(FightFunc)) != Next::OtherPipeline) return;
     FightFunc = withoutAnyBlanks(s_.sh.FightFunc);
-    takeLanguage();
   }
 }
 
-const Pipeline& TGame::pipelineOf(const std::string& name) {
-  const Pipeline* p = findPipeline(name);
-  if (p == nullptr) {
-    print("FightNwW(); by default.\n");
-    p = findPipeline(kDefaultPipeline);
-  }
-  return *p;
+const Family& TGame::familyOf(const std::string& name) {
+  if (const Family* f = findFamily(name)) return *f;
+  say(defaultPipeline);
+  return *findFamily(kDefaultPipeline);
 }
 
 void TGame::sumTallies() {
@@ -59,55 +83,32 @@ void TGame::sumTallies() {
   MemoKazu = s_.sh.MemoKazu + s_.cs.MemoKazu + s_.b.MemoKazu;
 }
 
-/// Sums the tallies behind a stage: whether its result or an Error leads back to the menu.
-bool TGame::isFault(const Pipeline& p, int result) {
-  sumTallies();
-  return ErrorKazu > 0 || (p.testsResults && result < 0);
-}
-
-void TGame::takeLanguage() {
-  Lang = s_.sh.Lang == kEnglish ? kEnglish : kJapanese;
-  s_.setLanguage(Lang);
-}
-
 /// The slot as the settings gave it; `b` has corrected its own already.
 void TGame::checkEditor() {
   const int index = s_.sh.TextEditorIndex;
   if (index >= 0 && index <= 2) return;
-  print("Error: TextEditorFlag is out of range. \n");
-  print("TextEditorIndex=" + std::to_string(index) + "\n");
-  print("TextEditorIndex is corrected to be 0. \n");
+  say(editorOutOfRange, index);
   s_.sh.TextEditorIndex = 0;
 }
 
 void TGame::printBanner() {
   constexpr int kFullBanners = 3;
   if (++banners_ > kFullBanners) {
-    print("\n");
+    say(emptyBanner);
     return;
   }
   if (s_.modeData.SimpleTitleIndex != 1) s_.modeData.SimpleTitleIndex = 0;
-  const bool simple = s_.modeData.SimpleTitleIndex == 1;
-  print(simple ? "Zelvaro  Ver. 4.6.4  \n" : "Zelvaro Assembly Suite  Ver. 4.6.4  \n");
-  print("Win32  R_" + s_.sh.TextKind + "\n\n");
-  print(simple ? "Assembler & Simulator\n" : "Assembler, Linker, and Simulator\n");
-  print("\n\n");
+  say(s_.modeData.SimpleTitleIndex == 1 ? simpleBanner : banner, s_.sh.TextKind);
 }
 
-/// The report line, and the report.  Only the English line has an end: the words of the run and the menus begin
-/// with one in Japanese.
-void TGame::writeReport(const Pipeline& p, std::string_view filename, std::string_view firstTimeJ,
-                        bool& isFirst) {
-  std::string line = "---> " + std::string(filename) + " ";
-  if (Lang == kJapanese) {
-    if (isFirst) line += firstTimeJ;
-    isFirst = false;
-    line += "メモリの全容が保存してあります。";
-  } else {
-    line += "\n";
-  }
-  print(line);
-  p.stages->report(std::string(filename), s_.m, s_.b, s_.timeData, s_.platform);
+/// The report line, and the report.
+void TGame::writeReport(Pass& pass, std::string_view filename) {
+  const bool assembled = filename == AssembledRegFile;
+  bool& isFirst = assembled ? isFirstAssembled_ : isFirstResultant_;
+  say(!isFirst ? reportLine : assembled ? firstAssembledLine : firstResultantLine, filename);
+  if (s_.wording.language == Language::Japanese) isFirst = false;
+  pass.report.name = filename;
+  runPhase(pass, Phase::Report);
 }
 
 }  // namespace zelvaro

@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "engine/Stages.h"
 #include "shell/MainMenu.h"
-#include "shell/Pipelines.h"
 #include "shell/Session.h"
 
 namespace zelvaro {
@@ -14,13 +14,13 @@ class TGame : public TMsgBase {
  public:
   explicit TGame(TSession& s);
 
-  /// Records the working directory; a failure is told and start-up goes on.
+  /// Records the working directory; a failure is reported and start-up goes on.
   void SetCurrentDirChH();
   /// Reads the settings and runs the pipelines until the user leaves.
   void Start();
-  /// The driver: runs the pipeline of that name, and the next one whenever the user changes it.  Returns
-  /// the last pipeline's result, 0 or MenuExit.
-  int RunPipelines(const std::string& name);
+  /// The driver: runs the pipeline of that name, and the next one whenever the user changes it, until the user
+  /// leaves.
+  void RunPipelines(const std::string& name);
 
   std::string LastFileName;   ///< name of the file of the current run
   std::string CurrentDirChH;  ///< working directory at start-up
@@ -30,29 +30,27 @@ class TGame : public TMsgBase {
 
  private:
   // --- one pipeline (Fight.cpp) ---
-  int fight(const Pipeline& p);
-  int pass(const Pipeline& p);
+  /// How a pipeline, or one pass of its loop, has ended.
+  enum class Next { Menu, OtherPipeline, Leave };
+
+  Next fight(const Family& f);
+  Next pass(const Family& f);
   template <class Work>
   bool withinMemory(Work work);
-  void begin(const Pipeline& p);
-  void endLastRun(const Pipeline& p);
-  void clearForPass(const Pipeline& p);
+  void begin(const Family& f);
+  void endLastRun(const Family& f);
+  void clearForPass();
   void clearAllTallies();
-  int assembleAndRun(const Pipeline& p, const std::string& name);
-  bool readSource(const Pipeline& p, const std::string& name);
-  bool runStages(const Pipeline& p);
-  bool runStep(const Pipeline& p, std::span<const StageRow> rows);
-  bool link(const Pipeline& p);
-  bool runImage(const Pipeline& p);
+  Next assembleAndRun(const Family& f, const std::string& name);
+  bool link(Pass& pass);
+  Next runImage(Pass& pass);
   void release();
 
-  const Pipeline& pipelineOf(const std::string& name);
+  const Family& familyOf(const std::string& name);
   void sumTallies();
-  bool isFault(const Pipeline& p, int result);
-  void takeLanguage();
   void checkEditor();
   void printBanner();
-  void writeReport(const Pipeline& p, std::string_view filename, std::string_view firstTimeJ, bool& isFirst);
+  void writeReport(Pass& pass, std::string_view filename);
 
   TSession& s_;
   TMainMenu menu_;

@@ -5,19 +5,24 @@
 #include <string>
 
 namespace zelvaro {
+namespace {
 
-GoOn GoOnMenu(const TMsgBase& game) {
+constexpr Message menu = notice("go-on-menu", args(),
+                                {.ja = "\n\nメニュー:\n"
+                                       "１ このまま実行する。 \n"
+                                       "２ メイン メニューにもどる。 \n"
+                                       "メニュウ番号を入力してください。 \n",
+                                 .en = "\n\n\nMenu:\n"
+                                       "1.  Go on this execution. \n"
+                                       "2.  Go back to Main Menu. \n"
+                                       "Input a menu number. \n"});
+
+}  // namespace
+
+GoOn GoOnMenu(TMsgBase& game, Platform& platform) {
   if (game.WarningKazu == 0) return GoOn::Run;
-  game.print(inLanguage(game.Lang,
-                        "\n\nメニュー:\n"
-                        "１ このまま実行する。 \n"
-                        "２ メイン メニューにもどる。 \n"
-                        "メニュウ番号を入力してください。 \n",
-                        "\n\n\nMenu:\n"
-                        "1.  Go on this execution. \n"
-                        "2.  Go back to Main Menu. \n"
-                        "Input a menu number. \n"));
-  const std::optional<std::string> line = game.console().readLine();
+  game.say(menu);
+  const std::optional<std::string> line = platform.readLine();
   if (!line) return GoOn::Leave;
   // The first word counts, and of it the digits that it begins with.
   return std::strtol(line->c_str(), nullptr, 10) == 1 ? GoOn::Run : GoOn::MainMenu;

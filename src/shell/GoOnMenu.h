@@ -1,9 +1,10 @@
-// The go-on menu: whether a program that has drawn warnings runs.
+// The go-on menu: whether a program with Warnings runs.
 #pragma once
 
 #include <cstdint>
 
 #include "diag/MsgBase.h"
+#include "platform/Platform.h"
 
 namespace zelvaro {
 
@@ -14,6 +15,6 @@ enum class GoOn : std::uint8_t {
 };
 
 /// Without Warnings there is no question.
-GoOn GoOnMenu(const TMsgBase& game);
+GoOn GoOnMenu(TMsgBase& game, Platform& platform);
 
 }  // namespace zelvaro

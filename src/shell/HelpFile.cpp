@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "diag/Say.h"
-
 namespace zelvaro {
 namespace {
 
@@ -13,7 +11,8 @@ constexpr std::string_view kHelpFile = "Zelvaro JPN Help.chm";
 constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
                                                         "/usr/local/share/doc/zelvaro/"};
 
-constexpr Message noHelp{Severity::Plain,
+constexpr Message noHelp{"help-missing",
+                         Severity::Notice,
                          Head::None,
                          args("help", "guide"),
                          {.ja = "ヘルプファイル {help} も手引き {guide} も見つかりませんでした。",

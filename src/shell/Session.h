@@ -6,15 +6,16 @@
 
 #include "TimeVcl/TimeVcl.h"
 #include "comet2/Comet2.h"
+#include "diag/ConsoleSink.h"
+#include "diag/DiagLog.h"
 #include "platform/Platform.h"
 #include "source/Assembly.h"
 #include "source/Load.h"
 
 namespace zelvaro {
 
-/// The settings that the menu and the reports read, as they stand in the file.
+/// The settings that the menu and the reports read, as the file has them.
 struct ModeData {
-  int LangIndex = kEnglish;
   int SimpleTitleIndex = 0;
   int SilentModeIndex = 0;
   int BusyModeIndex = 0;
@@ -30,22 +31,27 @@ struct EditorData {
 inline constexpr std::string_view kIniFile = "zelvaro.ini";
 
 struct TSession {
-  explicit TSession(Platform& p) : platform(p) {}
+  explicit TSession(Platform& p) : platform(p) {
+    channel.add(console);
+    channel.add(dg);
+  }
+  TSession(const TSession&) = delete;
+  TSession& operator=(const TSession&) = delete;
 
   Platform& platform;
+  Wording wording;  ///< the language of the user, and whose words the running pipeline uses
+  ConsoleSink console{platform, wording};
   TDiagLog dg;
-  TBasicData b{platform, dg};
-  TCorrectScode cs{platform, dg};
-  TShellData sh{platform, dg};
+  DiagChannel channel;  ///< where everything is issued
+  TBasicData b{channel};
+  TCorrectScode cs{channel};
+  TShellData sh{channel};
   Tcomet2 m;
   ModeData modeData;
   EditorData editorData;
   MoziCodeData moziCodeData;
   TimeData timeData;
 
-  Assembly assembly() { return {sh, cs, b}; }
-  /// Gives the language to every object that holds a copy; TGame has its own.
-  void setLanguage(int lang);
   /// Takes over the editor's slot of `b`: into `sh`, and as the command that shows files.
   void chooseEditor();
 };

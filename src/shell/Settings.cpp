@@ -6,7 +6,6 @@
 #include <sstream>
 #include <utility>
 
-#include "diag/Say.h"
 #include "shell/Prompt.h"
 
 namespace zelvaro {
@@ -16,30 +15,35 @@ using Tree = boost::property_tree::ptree;
 
 // What is told about the file is told in both languages: the user's own may be what could not be read.
 constexpr Message doesNotParse{
-    Severity::Plain,
+    "settings-not-parsed",
+    Severity::Notice,
     Head::None,
     args("path", "nr", "reason"),
     {.ja = "設定ファイル {path} の {nr} 行目を読み取れません： {reason}",
      .en = "Line {nr} of the settings file {path} cannot be understood: {reason}"}};
-constexpr Message doesNotOpen{Severity::Plain,
+constexpr Message doesNotOpen{"settings-not-opened",
+                              Severity::Notice,
                               Head::None,
                               args("path", "reason"),
                               {.ja = "設定ファイル {path} を読み込めません： {reason}",
                                .en = "The settings file {path} cannot be read: {reason}"}};
 constexpr Message keptAside{
-    Severity::Plain,
+    "settings-set-aside",
+    Severity::Notice,
     Head::None,
     args("path"),
     {.ja = "それを {path}.bak という名前で残し、初期設定に置きかえて続けます。",
      .en = "It is kept under the name {path}.bak, and a file of default settings takes its place."}};
 constexpr Message leftAlone{
-    Severity::Plain,
+    "settings-left-alone",
+    Severity::Notice,
     Head::None,
     args("path"),
     {.ja = "それはそのまま残し、初期設定で続けます。 {path}.bak という名前に変えることはできませんでした。",
      .en = "It stays as it is, and default settings are used. It could not be renamed to {path}.bak."}};
 constexpr Message doesNotWrite{
-    Severity::Plain,
+    "settings-not-written",
+    Severity::Notice,
     Head::None,
     args("path", "reason"),
     {.ja = "設定ファイル {path} に書き込めません： {reason}\n今の設定は保存されません。",

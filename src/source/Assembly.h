@@ -12,14 +12,15 @@ struct Assembly {
   TShellData& sh;
   TCorrectScode& cs;
   TBasicData& b;
+  const Family& family;
 
-  template <class Family>
-  LineStore<CharOf<Family>>& store() const {
-    return b.store<CharOf<Family>>();
+  template <class Char>
+  LineStore<Char>& store() const {
+    return b.store<Char>();
   }
-  template <class Family>
-  PrgData<CharOf<Family>>& program(int prg) const {
-    return store<Family>().vecPrg[static_cast<std::size_t>(prg)];
+  template <class Char>
+  PrgData<Char>& program(int prg) const {
+    return store<Char>().vecPrg[static_cast<std::size_t>(prg)];
   }
   /// The Errors counted by all objects.
   int errors() const { return sh.ErrorKazu + cs.ErrorKazu + b.ErrorKazu; }

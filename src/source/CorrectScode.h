@@ -1,6 +1,7 @@
 // TCorrectScode, the shared object `cs`: the tallies and the state that the statement checks share.
 #pragma once
 
+#include "diag/Limits.h"
 #include "diag/MsgBase.h"
 
 namespace zelvaro {
@@ -8,8 +9,6 @@ namespace zelvaro {
 class TCorrectScode : public TMsgBase {
  public:
   using TMsgBase::TMsgBase;
-
-  static constexpr int kLabelLength = 8;  ///< longest label, in characters
 
   /// Whether the address operand of the line at hand ended in a comma; read by the check of the index
   /// register.  False at the start of each line.

@@ -7,32 +7,24 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message emptyName =
-    Message{Severity::Plain, Head::None, args(), bothLanguages("fname is empty.")}.uncounted().unlogged();
-constexpr Message bomNotRead =
-    Message{Severity::Plain, Head::None, args("name"), bothLanguages("Error: Fail to open {name}.")}
-        .uncounted()
-        .unlogged();
-constexpr Message bytesNotRead =
-    Message{Severity::Plain, Head::None, args("name"), bothLanguages("Fail to open {name}.")}
-        .uncounted()
-        .unlogged();
-constexpr Message counted = Message{Severity::Plain, Head::None, args("ascii", "sjis", "non"),
-                                    bothLanguages("MoziKazu(ascii, sjis, non)=({ascii}, {sjis}, {non})")}
-                                .uncounted()
-                                .unlogged();
-constexpr Message readingAs = Message{Severity::Plain,
-                                      Head::None,
-                                      args("name", "code"),
-                                      {.ja = "\n'{name}'    {code}", .en = "\n* Reading {name}   {code}"}}
-                                  .uncounted()
-                                  .unlogged();
-constexpr Message reading = Message{Severity::Plain,
-                                    Head::None,
-                                    args("name"),
-                                    {.ja = "\n'{name}'     を読み込みます。 ", .en = "\n* Reading {name}"}}
-                                .uncounted()
-                                .unlogged();
+constexpr Message emptyName{"self-name-empty", Severity::Notice, Head::None, args(),
+                            bothLanguages("fname is empty.")};
+constexpr Message bomNotRead{"self-bom-not-read", Severity::Notice, Head::None, args("name"),
+                             bothLanguages("Error: Fail to open {name}.")};
+constexpr Message bytesNotRead{"self-bytes-not-read", Severity::Notice, Head::None, args("name"),
+                               bothLanguages("Fail to open {name}.")};
+constexpr Message counted{"characters-counted", Severity::Notice, Head::None, args("ascii", "sjis", "non"),
+                          bothLanguages("MoziKazu(ascii, sjis, non)=({ascii}, {sjis}, {non})")};
+constexpr Message readingAs{"reading-as",
+                            Severity::Notice,
+                            Head::None,
+                            args("name", "code"),
+                            {.ja = "\n'{name}'    {code}", .en = "\n* Reading {name}   {code}"}};
+constexpr Message reading{"reading",
+                          Severity::Notice,
+                          Head::None,
+                          args("name"),
+                          {.ja = "\n'{name}'     を読み込みます。 ", .en = "\n* Reading {name}"}};
 
 /// How many bytes from the front are below 0x7F, in steps of eight.
 std::size_t asciiPrefix(std::string_view bytes) {
@@ -83,19 +75,19 @@ void setBom(MoziCodeData& code, int codePage, int length, const char* text, cons
 
 std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes) {
   if (name.empty()) {
-    sh.report<WP, emptyName>(0);
+    sh.report(emptyName, 0);
     return {};
   }
   code.BomText.clear();
   if (!bytes) {
-    sh.report<WP, bomNotRead>(0, name);
+    sh.report(bomNotRead, 0, name);
     return {};
   }
-  if (bytes->bytes.starts_with("\xEF\xBB\xBF")) {
+  if (bytes->bytes.starts_with(kUtf8Mark)) {
     setBom(code, 65001, 3, "EFBBBF", "utf-8 with bom(EF BB BF)");
-  } else if (bytes->bytes.starts_with("\xFF\xFE")) {
+  } else if (bytes->bytes.starts_with(kUtf16LeMark)) {
     setBom(code, 1200, 2, "FFFE", "utf-16 le(FF FE)");
-  } else if (bytes->bytes.starts_with("\xFE\xFF")) {
+  } else if (bytes->bytes.starts_with(kUtf16BeMark)) {
     setBom(code, 1201, 2, "FEFF", "utf-16 be(FE FF)");
   } else {
     setBom(code, 0, 0, "", "utf-8 or sjis");
@@ -103,27 +95,25 @@ std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, 
   return code.BomText;
 }
 
-int Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes) {
+void Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes) {
   if (!bytes) {
-    sh.report<WP, bytesNotRead>(0, name);
-    return -1;
+    sh.report(bytesNotRead, 0, name);
+    return;
   }
   const MoziCounts n = countMozi(bytes->bytes);
-  sh.report<WP, counted>(0, n.ascii, n.sjis, n.non);
+  sh.report(counted, 0, n.ascii, n.sjis, n.non);
   const bool sjis = n.non < 1;
   code.CodePage = sjis ? 932 : 65001;
   code.CodeName = sjis ? "sjis" : "utf-8";
-  return sjis ? 932 : -1;
 }
 
 void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
-                    int simpleTitleIndex) {
-  const bool told = simpleTitleIndex == 0;
-  if (DetBOM(sh, code, name, bytes).empty() && told) Det_sjis(sh, code, name, bytes);
-  if (told) {
-    sh.report<WP, readingAs>(0, name, code.CodeName);
+                    bool reports) {
+  if (DetBOM(sh, code, name, bytes).empty() && reports) Det_sjis(sh, code, name, bytes);
+  if (reports) {
+    sh.report(readingAs, 0, name, code.CodeName);
   } else {
-    sh.report<WP, reading>(0, name);
+    sh.report(reading, 0, name);
   }
 }
 

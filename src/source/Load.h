@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Platform.h"
 #include "source/Assembly.h"
 
 namespace zelvaro {
@@ -30,43 +31,53 @@ bool FileExists(Platform& platform, const std::string& name);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
 /// exists.  Nothing at the end of the input.  A typed name is cut behind 247 characters.
-std::optional<std::string> FindSrcFile(TShellData& sh);
+std::optional<std::string> FindSrcFile(TShellData& sh, Platform& platform);
 
 /// Fills the record from the first bytes of the file `name`; returns `BomText`.
 std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
-/// Decides between UTF-8 and Shift-JIS by counting; returns 932, or -1 for UTF-8 and on a failure.
-int Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
-/// Finds the encoding and tells the user: DetBOM, then Det_sjis where it applies.
+/// Decides between UTF-8 and Shift-JIS by counting, and fills the record.
+void Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
+/// Finds the encoding and reports it: DetBOM, then Det_sjis where it applies.  Without `reports` only the name of
+/// the file is reported, and a file without a mark keeps the encoding of the file before.
 void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
-                    int simpleTitleIndex);
+                    bool reports);
 
 /// Decodes UTF-8; a text that is none is taken for CP932.  Appends to `out`; false, with the words of the
 /// failure, if a byte has no character in either.
 bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out);
 
-/// The loaders.  Each fills the line table with the lines of `bytes` and returns 0, or tells that the file
-/// `name` does not open and returns -3, the table and the tally as they were.  All but the first read CR LF
+/// The loaders.  Each fills the line table with the lines of `bytes`, or reports that the file `name` does not open
+/// and returns false, the table and the tally as they were.  All but the first read CR LF
 /// as a line end, make no line of what follows the last line end if nothing does, and keep a lone CR and a
 /// zero byte in the line.
 /// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text behind the last one is a
 ///   line even when it is empty, half a character at the end of the file is dropped.
-int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
-                        const SourceBytes& bytes);
+bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                         const SourceBytes& bytes);
 /// - UTF-8 or CP932, as the record says.
-int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
-                       const SourceBytes& bytes);
+bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                        const SourceBytes& bytes);
 /// - Narrow: the lines become CP932, with "?" for a character that it does not have.
-int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
+bool OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
 /// - The fixed form: as the narrow one, but a line that is no UTF-8 keeps its bytes; a line of more than 104
 ///   bytes as several, each cut behind its 80th byte, which is told once; of a file of more than 310 lines
-///   nothing is stored and the result is -4.
-int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);
+///   nothing is stored and the result is false.
+bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);
 
-/// The load of pipeline NaW: the narrow loader, whose lines then go to the wide table.
-int loadWidened(Assembly& a, MoziCodeData& code, const std::string& name, int simpleTitleIndex);
-/// The load stage behind the menu: detection and the loader that fits, or the narrow loader alone for a
-/// family of narrow text.  0 or negative.
-template <class Family>
-int loadSource(Assembly& a, MoziCodeData& code, const std::string& name, int simpleTitleIndex);
+/// What the load stages work on.
+struct LoadRequest {
+  Platform& platform;
+  MoziCodeData& code;
+  const std::string& name;  ///< of the file, as passed on
+  bool reportsEncoding;     ///< the encoding that has been found is printed
+};
+
+/// The load stages: each reads the file and runs the detection or the loader that its name says.  False where
+/// nothing has been loaded.
+bool loadDetecting(Assembly& a, const LoadRequest& request);
+bool loadNarrow(Assembly& a, const LoadRequest& request);
+bool loadFixed(Assembly& a, const LoadRequest& request);
+/// The narrow loader, whose lines then go to the wide table.
+bool loadWidened(Assembly& a, const LoadRequest& request);
 
 }  // namespace zelvaro

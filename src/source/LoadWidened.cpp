@@ -4,9 +4,8 @@
 
 namespace zelvaro {
 
-int loadWidened(Assembly& a, MoziCodeData&, const std::string& name, int) {
-  const int result = OpenFileA(a, name, a.sh.console().loadFile(nativePath(name)));
-  if (result != 0) return result;
+bool loadWidened(Assembly& a, const LoadRequest& request) {
+  if (!loadNarrow(a, request)) return false;
   LineStore<char>& narrow = a.b.vecSrcA;
   LineStore<char16_t>& wide = a.b.vecSrcW;
   wide.clear();
@@ -19,7 +18,7 @@ int loadWidened(Assembly& a, MoziCodeData&, const std::string& name, int) {
   }
   while (wide.lineCount() < narrow.lineCount()) wide.addLine({});
   narrow.clear();
-  return 0;
+  return true;
 }
 
 }  // namespace zelvaro

@@ -5,26 +5,22 @@
 namespace zelvaro {
 namespace {
 
-constexpr std::uint8_t kFixed = families(FamilyId::NH);
-
-constexpr Message reading = Message{Severity::Plain,
-                                    Head::None,
-                                    args("name"),
-                                    {.ja = "'{name}' を読み込みます。 ", .en = "Reading {name}. "},
-                                    {{kFixed, {.ja = "'{name}' を読み込みます。", .en = "Reading {name}."}}}}
-                                .uncounted()
-                                .unlogged();
-constexpr Message trace =
-    Message{Severity::Plain, Head::None, args("name"), bothLanguages("5BD36104: Fail to open {name}")}
-        .uncounted()
-        .unlogged();
+constexpr Message reading{"reading-narrow",
+                          Severity::Notice,
+                          Head::None,
+                          args("name"),
+                          {.ja = "'{name}' を読み込みます。 ", .en = "Reading {name}. "},
+                          {{kNH, {.ja = "'{name}' を読み込みます。", .en = "Reading {name}."}}}};
+constexpr Message trace{"source-not-opened-trace", Severity::Notice, Head::None, args("name"),
+                        bothLanguages("5BD36104: Fail to open {name}")};
 constexpr Message notOpened =
-    Message{Severity::Error,
+    Message{"source-not-opened",
+            Severity::Error,
             Head::None,
             args("name"),
             {.ja = "'{name}' を開くことができません。 \nミススペル あるいは ファイルが存在しない。 *",
              .en = "The file {name} does not open. \nMisspellings?\nOr the file does not exist there. * "},
-            {{kFixed,
+            {{kNH,
               {.ja = "'{name}' を開くことができません。 \nミススペル あるいは ファイルが存在しない。",
                .en = "The file {name} does not open. \nMisspellings?\nOr the file does not exist there."}}}}
         .uncounted()
@@ -32,12 +28,11 @@ constexpr Message notOpened =
 
 }  // namespace
 
-template <class Family>
-bool tellNarrowReading(TShellData& sh, const std::string& name, const SourceBytes& bytes) {
-  sh.report<Family, reading>(0, name);
+bool reportNarrowReading(Assembly& a, const std::string& name, const SourceBytes& bytes) {
+  a.sh.report(reading, 0, name);
   if (bytes) return true;
-  if constexpr (Family::id == FamilyId::NH) sh.report<Family, trace>(0, name);
-  sh.report<Family, notOpened>(0, name);
+  if (a.family.loader == Loader::Fixed) a.sh.report(trace, 0, name);
+  a.sh.report(notOpened, 0, name);
   return false;
 }
 
@@ -54,9 +49,5 @@ std::string_view NarrowLines::next() {
   utf16ToCp932(wide_, narrow_);
   return narrow_;
 }
-
-#define ZELVARO_INSTANTIATE(F) \
-  template bool tellNarrowReading<F>(TShellData&, const std::string&, const SourceBytes&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
 
 }  // namespace zelvaro

@@ -10,11 +10,8 @@
 
 namespace zelvaro {
 
-inline constexpr int kNarrowNotOpened = -3;
-
-/// Tells that the file is read; false where it does not open, which is told too.
-template <class Family>
-bool tellNarrowReading(TShellData& sh, const std::string& name, const SourceBytes& bytes);
+/// Reports that the file is read; false where it does not open, which is reported too.
+bool reportNarrowReading(Assembly& a, const std::string& name, const SourceBytes& bytes);
 
 /// What becomes of a line that is no UTF-8: CP932 whose unknown bytes are told and replaced, or its bytes as
 /// they stand.
@@ -25,7 +22,7 @@ class NarrowLines {
  public:
   NarrowLines(TShellData& sh, std::string_view bytes, OtherBytes otherBytes = OtherBytes::Mended)
       : sh_(sh), rest_(bytes), otherBytes_(otherBytes) {
-    if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);  // CP932 has no such character
+    if (rest_.starts_with(kUtf8Mark)) rest_.remove_prefix(kUtf8Mark.size());  // CP932 has no such character
   }
   bool atEnd() const { return rest_.empty(); }
   /// Bytes that have not been read yet.

@@ -2,8 +2,8 @@
 
 namespace zelvaro {
 
-int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes) {
-  if (!tellNarrowReading<AP>(a.sh, name, bytes)) return kNarrowNotOpened;
+bool OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes) {
+  if (!reportNarrowReading(a, name, bytes)) return false;
   LineStore<char>& store = a.b.vecSrcA;
   store.clear();
   const std::size_t size = bytes->bytes.size();
@@ -12,7 +12,7 @@ int OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes) {
     store.addLine(holdsStatement(text) ? store.arena.keep(text) : std::string_view());
     store.foresee(size - lines.left(), size);
   }
-  return 0;
+  return true;
 }
 
 }  // namespace zelvaro

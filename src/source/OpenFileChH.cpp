@@ -1,13 +1,14 @@
 // The loader of the fixed form.  It measures a line in the bytes of its CP932 text, without the line end.
-#include "MoziCode/Cp932.h"
-#include "source/FixedForm.h"
+#include "MoziCode/Characters.h"
+#include "diag/Limits.h"
 #include "source/NarrowText.h"
 
 namespace zelvaro {
 namespace {
 
 constexpr Message lineTooLong =
-    Message{Severity::Warning,
+    Message{"line-length",
+            Severity::Warning,
             Head::Line,
             args("count"),
             {.ja = "一行の中に {count} 文字ある。 "
@@ -17,42 +18,29 @@ constexpr Message lineTooLong =
                    "The assembler does not read more than 80 characters in a line. (Spec. of Zelvaro): "
                    "This could cause an error to assemble the line. "}}
         .uncounted();
-constexpr Message tooManyLines =
-    Message{Severity::Plain,
-            Head::None,
-            args("count"),
-            {.ja = "ソースコードのおおよその制限（一つのファイルにつき） 310行 を超えています。"
-                   "行数を減らす工夫をしてご利用ください。 ",
-             .en = "There is a limitation to the number of the lines in a source code file. "
-                   "The maximum is 310 lines in a file. There are {count} lines in your source code. "
-                   "You are expected to decrease the lines in your file. "}};
-
-constexpr int kTooManyLines = -4;
-
-/// The front of a text: `size` bytes, or one less where the last one would begin a character.
-std::string_view front(std::string_view text, std::size_t size) {
-  if (text.size() <= size) return text;
-  std::size_t end = 0;
-  while (end < size) {
-    const std::size_t next = end + (isCp932Lead(text[end]) ? 2 : 1);
-    if (next > size) break;
-    end = next;
-  }
-  return text.substr(0, end);
-}
+constexpr Message tooManyLines{
+    "lines-many",
+    Severity::Notice,
+    Head::None,
+    args("count"),
+    {.ja = "ソースコードのおおよその制限（一つのファイルにつき） 310行 を超えています。"
+           "行数を減らす工夫をしてご利用ください。 ",
+     .en = "There is a limitation to the number of the lines in a source code file. "
+           "The maximum is 310 lines in a file. There are {count} lines in your source code. "
+           "You are expected to decrease the lines in your file. "}};
 
 /// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
 /// line, or for the line end alone, which needs room as well.
 bool takeRead(std::string_view& line, std::string_view& read) {
-  read = front(line, kFixedReadLength);
+  read = firstMozi(line, kFixedReadLength);
   line.remove_prefix(read.size());
   return !line.empty() || read.size() == kFixedReadLength;
 }
 
 }  // namespace
 
-int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) {
-  if (!tellNarrowReading<NH>(a.sh, name, bytes)) return kNarrowNotOpened;
+bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) {
+  if (!reportNarrowReading(a, name, bytes)) return false;
   LineStore<char>& store = a.b.vecSrcA;
   store.clear();
   bool isTold = false;
@@ -63,20 +51,20 @@ int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) 
     while (goesOn) {
       goesOn = takeRead(line, read);
       if (!isTold && read.size() > kFixedLineLength) {
-        a.sh.report<NH, lineTooLong>(store.lineCount(), read.size());
+        a.sh.report(lineTooLong, store.lineCount(), read.size());
         isTold = true;
       }
-      const std::string_view text = front(read, kFixedLineLength);
+      const std::string_view text = firstMozi(read, kFixedLineLength);
       store.addLine(holdsStatement(text) ? store.arena.keep(text) : std::string_view());
     }
   }
   if (store.lineCount() > kFixedLines) {
-    a.sh.report<NH, tooManyLines>(0, store.lineCount());
+    a.sh.report(tooManyLines, 0, store.lineCount());
     store.clear();
-    return kTooManyLines;
+    return false;
   }
   a.sh.CurrentFile = name;
-  return 0;
+  return true;
 }
 
 }  // namespace zelvaro

@@ -9,6 +9,7 @@ namespace {
 
 constexpr Message notOpenedW =
     Message{
+        "source-not-opened-binary",
         Severity::Error,
         Head::Prefix,
         args("quoted", "name"),
@@ -18,24 +19,20 @@ constexpr Message notOpenedW =
                "there. *"}}
         .withHead({.ja = "エラー： ", .en = ""})
         .uncounted();
-constexpr Message noTranslation =
-    Message{Severity::Plain, Head::None, args(),
-            bothLanguages("in function utf_16_to_shift_jis, WideCharToMultiByte fail. cause: "
-                          "ERROR_NO_UNICODE_TRANSLATION")}
-        .uncounted()
-        .unlogged();
+constexpr Message noTranslation{
+    "source-not-text", Severity::Notice, Head::None, args(),
+    bothLanguages("in function utf_16_to_shift_jis, WideCharToMultiByte fail. cause: "
+                  "ERROR_NO_UNICODE_TRANSLATION")};
 
-constexpr int kNotOpened = -3;
-
-int notOpened(Assembly& a, const std::string& name) {
-  a.sh.report<WP, notOpenedW>(0, quote(toUtf16(name)), name);
-  return kNotOpened;
+bool notOpened(Assembly& a, const std::string& name) {
+  a.sh.report(notOpenedW, 0, quote(toUtf16(name)), name);
+  return false;
 }
 
 /// CP932 to wide text; a byte that has no character is told once for the text.
 bool ansiToWide(TShellData& sh, std::string_view bytes, std::u16string& out) {
   const bool known = cp932ToUtf16(bytes, out);
-  if (!known) sh.report<WP, noTranslation>(0);
+  if (!known) sh.report(noTranslation, 0);
   return known;
 }
 
@@ -45,26 +42,8 @@ std::u16string_view widen(TextArena<char16_t>& arena, std::string_view ascii) {
   return {at, ascii.size()};
 }
 
-/// The 16-bit units of a file.
-class Units {
- public:
-  Units(std::string_view bytes, bool littleEndian)
-      : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
-        size_(bytes.size() / 2),
-        low_(littleEndian ? 0 : 1) {}
-  std::size_t size() const { return size_; }
-  char16_t operator[](std::size_t i) const {
-    return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));
-  }
-
- private:
-  const unsigned char* bytes_;
-  std::size_t size_;
-  std::size_t low_;  ///< which byte of a pair is the low one
-};
-
 /// A line of the units, put into the arena if it holds a statement.
-void addUnits(LineStore<char16_t>& store, const Units& units, std::size_t from, std::size_t to) {
+void addUnits(LineStore<char16_t>& store, const Utf16Units& units, std::size_t from, std::size_t to) {
   std::size_t first = from;
   while (first < to && isBlank(units[first])) ++first;
   if (first == to || units[first] == u';') {
@@ -85,12 +64,12 @@ bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out) {
   return ansiToWide(sh, bytes, out);
 }
 
-int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
-                        const SourceBytes& bytes) {
+bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                         const SourceBytes& bytes) {
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
-  const Units units(bytes->bytes, code.CodePage == 1200);
+  const Utf16Units units(bytes->bytes, code.CodePage == 1200);
   std::size_t start = 1;  // unit 0 is the mark
   for (std::size_t i = start; i + 1 < units.size(); ++i) {
     if (units[i] != u'\r' || units[i + 1] != u'\n') continue;
@@ -99,11 +78,11 @@ int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string
     start = ++i + 1;
   }
   addUnits(store, units, start, std::max(start, units.size()));
-  return 0;
+  return true;
 }
 
-int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
-                       const SourceBytes& bytes) {
+bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
+                        const SourceBytes& bytes) {
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
@@ -133,7 +112,7 @@ int OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string&
     add(takeLine(rest));
     store.foresee(size - rest.size(), size);
   }
-  return 0;
+  return true;
 }
 
 }  // namespace zelvaro

@@ -8,6 +8,9 @@
 
 namespace zelvaro {
 
+template <class Char>
+using ViewOf = std::basic_string_view<Char>;
+
 /// What a constant of a DC or of a literal is.
 enum class ConstKind : std::uint8_t {
   Const,      ///< not yet told apart
@@ -56,20 +59,18 @@ struct SrcData {
   View OprndComStr;  ///< operands, and until it is cut the comment
   std::array<View, kOprnds> Oprnd{};
 
-  std::int32_t Line = 0;         ///< 0-based index of the line in the file
-  std::int32_t PrgNr = 0;        ///< index of its program
-  std::int32_t RelAdr = 0;       ///< address of the first word, relative to the program
-  std::int32_t AbAdr = 0;        ///< absolute address of the first word
-  std::int32_t word_kazu = 0;    ///< number of words of the line
-  std::int32_t Word1 = 0;        ///< first word; on an IN or OUT line the address of its first operand
-  std::int32_t Word2 = 0;        ///< second word; on an IN or OUT line the address of its second operand
-  std::int32_t OprndKazu = 0;    ///< number of operands
-  std::int32_t DcFirst = 0;      ///< first element of the line in vecOprndAtDC of the store ...
-  std::int32_t DcCount = 0;      ///< ... and how many there are
-  std::int32_t LiteralNr = -1;   ///< element of the line in vecAdrConst of the store, -1 for none
-  std::int16_t OpNr = -1;        ///< row of the instruction table, -1 before recognition
-  bool IsLabelInUse = false;     ///< some operand of the file names the label of this line
-  bool IsWordsComplete = false;  ///< IN and OUT: both operands have been found
+  std::int32_t Line = 0;        ///< 0-based index of the line in the file
+  std::int32_t PrgNr = 0;       ///< index of its program
+  std::int32_t RelAdr = 0;      ///< address of the first word, relative to the program
+  std::int32_t AbAdr = 0;       ///< absolute address of the first word
+  std::int32_t word_kazu = 0;   ///< number of words of the line
+  std::int32_t Word1 = 0;       ///< first word; on an IN or OUT line the address of its first operand
+  std::int32_t Word2 = 0;       ///< second word; on an IN or OUT line the address of its second operand
+  std::int32_t DcFirst = 0;     ///< first element of the line in vecOprndAtDC of the store ...
+  std::int32_t DcCount = 0;     ///< ... and how many there are
+  std::int32_t LiteralNr = -1;  ///< element of the line in vecAdrConst of the store, -1 for none
+  std::int16_t OpNr = -1;       ///< row of the instruction table, -1 before recognition
+  bool IsLabelInUse = false;    ///< some operand of the file names the label of this line
 
   bool hasOprnd(std::size_t n) const { return Oprnd[n].data() != nullptr; }
 };

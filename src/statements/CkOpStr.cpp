@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "diag/Limits.h"
 #include "diag/Quote.h"
-#include "source/FixedForm.h"
 #include "statements/Statements.h"
 #include "structure/ZenKaku.h"
 
@@ -12,17 +12,19 @@ namespace zelvaro {
 namespace {
 
 constexpr Message notAnInstruction{
+    "opcode-unknown",
     Severity::Error,
     Head::LineBare,
     args("quote", "op"),
     {.ja =
          "{quote} は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
      .en = "{quote} is not an assembler, machine, or macro instruction. "},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = {},
        .en = ": '{op}' is neither an assembler, machine, nor macro instruction. "
              "A valid instruction code is expected. "}}}};
 constexpr Message opTooLong{
+    "opcode-length",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -30,13 +32,15 @@ constexpr Message opTooLong{
          "{quote} は アセンブラ命令 でも 機械語命令 でも マクロ命令 でもない。  正しい 命令語 の記述が必要です。 ",
      .en = "There does not exist any operator which consists of more than 5 characters. "}};
 constexpr Message fullWidthLetter =
-    Message{Severity::Error,
+    Message{"opcode-full-width",
+            Severity::Error,
             Head::Line,
             args(),
             {.ja = "全角の空白文字がある。", .en = "A full-width letter is found. "},
-            {{families(FamilyId::AP, FamilyId::NA), {.ja = {}, .en = "A full-width space is found. "}}}}
+            {{kNarrow, {.ja = {}, .en = "A full-width space is found. "}}}}
         .withHead(bothLanguages("Error: "));
 constexpr Message gluedSemicolon{
+    "opcode-semicolon",
     Severity::Error,
     Head::Bare,
     args("quote"),
@@ -52,72 +56,72 @@ constexpr Message gluedSemicolon{
            "Example 2: RPUSH;Comments  (Error)\n"
            "Spec. 2. 1, Table (4) Row 3."}};
 constexpr Message smallLetter{
+    "opcode-lower-case",
     Severity::Error,
     Head::Line,
     args("op"),
     {.ja = ": 演算子 {op} の中に小文字がある。", .en = "A lowercase letter is found. in {op}. "},
-    {{families(FamilyId::AP, FamilyId::NA), {.ja = {}, .en = "A lowercase letter is found in '{op}'. "}},
-     {families(FamilyId::NH), {.ja = {}, .en = "There is a small letter in {op}. "}}}};
+    {{kNarrow, {.ja = {}, .en = "A lowercase letter is found in '{op}'. "}},
+     {kNH, {.ja = {}, .en = "There is a small letter in {op}. "}}}};
 constexpr Message commaBehindOpcode{
+    "opcode-comma",
     Severity::Error,
     Head::Line,
     args(),
     {.ja = "演算子の右は空白にする。コンマは不要です。 ",
      .en = "A space is expected at the right side of the opcode. A comma is of no use. "}};
 
-/// Tells a semicolon that is glued to an opcode without operands, as the line was written: 0, or -1 if it
+/// Reports a semicolon that is glued to an opcode without operands, as the line was written.  True if it
 /// did.  Only the first opcode that the word holds is looked for.
-template <class Family>
-int RemoveNoOprndOpSemiColn(Assembly& a, const SrcOf<Family>& line) {
-  constexpr auto npos = ViewOf<Family>::npos;
+template <class Char>
+bool RemoveNoOprndOpSemiColn(Assembly& a, const SrcData<Char>& line) {
+  constexpr auto npos = ViewOf<Char>::npos;
   constexpr std::array kNoOprnd{Op::NOP, Op::RPUSH, Op::RPOP, Op::RET, Op::END};
   const auto held = std::find_if(kNoOprnd.begin(), kNoOprnd.end(), [&line](Op op) {
     return find(line.OpStr, instruction(op).mnemonic) != npos;
   });
-  if (held == kNoOprnd.end()) return 0;
+  if (held == kNoOprnd.end()) return false;
   const std::string glued = std::string(instruction(*held).mnemonic) + ";";
-  if (find(line.SrcStr, " " + glued) == npos && find(line.SrcStr, "\t" + glued) == npos) return 0;
-  a.cs.report<Family, gluedSemicolon>(line.Line, QuoteStrA(" " + glued));
-  return -1;
+  if (find(line.SrcStr, " " + glued) == npos && find(line.SrcStr, "\t" + glued) == npos) return false;
+  a.cs.report(gluedSemicolon, line.Line, QuoteStrA(" " + glued));
+  return true;
 }
 
 /// Tells a comma at the end of the opcode.  A longer word is cut at the length of the buffer.
-template <class Family>
-void AnalystOP(Assembly& a, const SrcOf<Family>& line) {
+template <class Char>
+void AnalystOP(Assembly& a, const SrcData<Char>& line) {
   constexpr std::size_t kBuffer = 94;
-  if (line.OpStr.substr(0, kBuffer).back() == ',') a.cs.report<Family, commaBehindOpcode>(line.Line);
+  if (line.OpStr.substr(0, kBuffer).back() == ',') a.cs.report(commaBehindOpcode, line.Line);
 }
 
-template <class Family>
-void explainUnknown(Assembly& a, const SrcOf<Family>& line) {
-  a.cs.report<Family, notAnInstruction>(line.Line, quote(line.OpStr), plain(line.OpStr));
-  if (AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.OpStr) != 0)
-    a.cs.report<Family, fullWidthLetter>(line.Line);
-  if (RemoveNoOprndOpSemiColn<Family>(a, line) < 0) a.cs.countError();
-  if (lowerCaseTest(line.OpStr) > 0) a.cs.report<Family, smallLetter>(line.Line, plain(line.OpStr));
-  AnalystOP<Family>(a, line);
+template <class Char>
+void explainUnknown(Assembly& a, const SrcData<Char>& line) {
+  a.cs.report(notAnInstruction, line.Line, quote(line.OpStr), plain(line.OpStr));
+  if (AnalystZenKSpace20NW(a.cs, line.Line, line.OpStr)) a.cs.report(fullWidthLetter, line.Line);
+  if (RemoveNoOprndOpSemiColn(a, line)) a.cs.countError();
+  if (lowerCaseTest(line.OpStr) > 0) a.cs.report(smallLetter, line.Line, plain(line.OpStr));
+  AnalystOP(a, line);
 }
 
 }  // namespace
 
-template <class Family>
-int CkOpStr(Assembly& a, int prg) {
-  for (SrcOf<Family>& line : a.store<Family>().linesWithEnd(a.program<Family>(prg))) {
+template <class Char>
+void CkOpStr(Assembly& a, int prg) {
+  for (SrcData<Char>& line : a.store<Char>().linesWithEnd(a.program<Char>(prg))) {
     if (line.OpStr.empty()) continue;
-    if (kIsFixedForm<Family> && line.OpStr.size() > kFixedOpLength) {
-      a.cs.report<Family, opTooLong>(line.Line, quote(line.OpStr));
-      return -a.cs.ErrorKazu;
+    if (line.OpStr.size() > a.family.opLength) {
+      a.cs.report(opTooLong, line.Line, quote(line.OpStr));
+      return;
     }
-    const Op op = findOp(line.OpStr, kIsFixedForm<Family>);
+    const Op op = findOp(line.OpStr, a.family.knowsEXIT);
     line.OpNr = static_cast<std::int16_t>(op);
     if (op != Op::Unknown) continue;
-    explainUnknown<Family>(a, line);
-    return -a.cs.ErrorKazu;
+    explainUnknown(a, line);
+    return;
   }
-  return 0;
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkOpStr<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkOpStr<char16_t>(Assembly&, int);
+template void CkOpStr<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -4,20 +4,20 @@
 
 namespace zelvaro {
 
-template <class Family>
+template <class Char>
 void CopyOprndComStrToBuffer(Assembly& a, int prg) {
-  LineStore<CharOf<Family>>& store = a.store<Family>();
-  const PrgData<CharOf<Family>>& p = a.program<Family>(prg);
-  for (SrcOf<Family>& line : store.linesWithEnd(p)) {
+  LineStore<Char>& store = a.store<Char>();
+  const PrgData<Char>& p = a.program<Char>(prg);
+  for (SrcData<Char>& line : store.linesWithEnd(p)) {
     if (line.OpStr.empty()) continue;
     line.Oprnd.fill(line.OpStr.substr(line.OpStr.size()));
   }
-  for (SrcOf<Family>& line : store.linesBeforeEnd(p))
+  for (SrcData<Char>& line : store.linesBeforeEnd(p))
     if (!line.OpStr.empty() && !line.OprndComStr.empty())
-      line.Oprnd[0] = line.OprndComStr.substr(0, Family::oprndText);
+      line.Oprnd[0] = line.OprndComStr.substr(0, a.family.oprndLength);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CopyOprndComStrToBuffer<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CopyOprndComStrToBuffer<char16_t>(Assembly&, int);
+template void CopyOprndComStrToBuffer<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -4,12 +4,10 @@
 
 namespace zelvaro {
 
-template <class Family>
-int DetDefLine(Assembly&, int) {
-  return 0;
-}
+template <class Char>
+void DetDefLine(Assembly&, int) {}
 
-#define ZELVARO_INSTANTIATE(F) template int DetDefLine<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void DetDefLine<char16_t>(Assembly&, int);
+template void DetDefLine<char>(Assembly&, int);
 
 }  // namespace zelvaro

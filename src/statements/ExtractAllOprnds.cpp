@@ -6,33 +6,27 @@ namespace zelvaro {
 namespace {
 
 template <class Char>
-void complete(SrcData<Char>& line, int oprndKazu) {
-  line.OprndKazu = oprndKazu;
-  line.word_kazu = 1;
-}
-
-template <class Family>
-void completeLine(Assembly& a, SrcOf<Family>& line) {
+void completeLine(Assembly& a, SrcData<Char>& line) {
   switch (opOf(line)) {
     case Op::SVC:
       line.word_kazu = 2;
       break;
     case Op::DC:
-      OprndAtDCtoChH<Family>(a, line);
+      OprndAtDCtoChH(a, line);
       break;
     case Op::POP:
     case Op::DS:
-      complete(line, 1);
+      line.word_kazu = 1;
       line.Word2 = 0;
       break;
     case Op::RPUSH:
     case Op::RPOP:
     case Op::RET:
     case Op::NOP:
-      complete(line, 0);
+      line.word_kazu = 1;
       break;
     case Op::START:
-      complete(line, 0);
+      line.word_kazu = 1;
       line.Word1 = line.Word2 = 0;
       break;
     default:
@@ -42,13 +36,12 @@ void completeLine(Assembly& a, SrcOf<Family>& line) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void ExtractAllOprnds(Assembly& a, int prg) {
-  for (SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
-    completeLine<Family>(a, line);
+  for (SrcData<Char>& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg))) completeLine(a, line);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void ExtractAllOprnds<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void ExtractAllOprnds<char16_t>(Assembly&, int);
+template void ExtractAllOprnds<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -8,32 +8,31 @@ namespace zelvaro {
 namespace {
 
 /// NOP, RET and END.
-template <class Family>
-void noOprnd(Assembly& a, SrcOf<Family>& line) {
-  if (!line.hasOprnd(1) || OpNoOperand<Family>(a, line)) return;
-  line.OprndKazu = 0;
+template <class Char>
+void noOprnd(Assembly& a, SrcData<Char>& line) {
+  if (!line.hasOprnd(1) || OpNoOperand(a, line)) return;
   line.word_kazu = 1;
   line.Word1 = firstWord(instruction(opOf(line)).adrCode);
   line.Word2 = 0;
 }
 
-template <class Family>
-void dispatch(Assembly& a, SrcOf<Family>& line) {
+template <class Char>
+void dispatch(Assembly& a, SrcData<Char>& line) {
   switch (instruction(opOf(line)).form) {
     case OpForm::Both:
     case OpForm::Memory:
     case OpForm::Branch:
     case OpForm::Single:
-      return encode<Family>(a, line);
+      return encode(a, line);
     case OpForm::Data:
-      return opOf(line) == Op::DC ? dispatchDC<Family>(a, line) : dispatchDS<Family>(a, line);
+      return opOf(line) == Op::DC ? dispatchDC(a, line) : dispatchDS(a, line);
     case OpForm::InOut:
-      return macro2<Family>(a, line);
+      return macro2(a, line);
     case OpForm::Regs:
-      return macroR2<Family>(a, line);
+      return macroR2(a, line);
     case OpForm::None:
     case OpForm::End:
-      return noOprnd<Family>(a, line);
+      return noOprnd(a, line);
     case OpForm::Start:
       line.word_kazu = line.Oprnd[1].empty() ? 1 : 2;
       return;
@@ -42,13 +41,13 @@ void dispatch(Assembly& a, SrcOf<Family>& line) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void OpCk(Assembly& a, int prg) {
-  for (SrcOf<Family>& line : a.store<Family>().linesWithEnd(a.program<Family>(prg)))
-    if (line.OpNr >= 0) dispatch<Family>(a, line);
+  for (SrcData<Char>& line : a.store<Char>().linesWithEnd(a.program<Char>(prg)))
+    if (line.OpNr >= 0) dispatch(a, line);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void OpCk<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void OpCk<char16_t>(Assembly&, int);
+template void OpCk<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -6,21 +6,17 @@
 
 namespace zelvaro {
 
-template <class Family>
-int CkOpStr(Assembly& a, int prg);
-template <class Family>
-int DetDefLine(Assembly& a, int prg);  ///< the place of a house rule; refuses nothing
-template <class Family>
+template <class Char>
+void CkOpStr(Assembly& a, int prg);
+template <class Char>
+void DetDefLine(Assembly& a, int prg);  ///< the place of a house rule; refuses nothing
+template <class Char>
 void CopyOprndComStrToBuffer(Assembly& a, int prg);  ///< operand buffer 0 takes the cleaned text
-template <class Family>
+template <class Char>
 void operand20m15(Assembly& a, int prg);
-template <class Family>
+template <class Char>
 void ExtractAllOprnds(Assembly& a, int prg);
-template <class Family>
+template <class Char>
 void OpCk(Assembly& a, int prg);
-
-/// Runs the family's row over all programs: 0, or the negative code of the stage that stopped it.
-template <class Family>
-int OpCkLoop(Assembly& a);
 
 }  // namespace zelvaro

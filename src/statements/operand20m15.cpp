@@ -11,14 +11,15 @@ namespace zelvaro {
 namespace {
 
 constexpr Message literalNotClosed{
+    "operand-literal-open",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = "{quote}: リテラル文字定数が正しく閉じていない。",
      .en = "{quote}: The literal string constant is not correctly closed. "},
-    {{families(FamilyId::NH),
-      {.ja = {}, .en = "{quote}: This literal character constant is not correctly closed. "}}}};
-constexpr Message textBehindLiteral{Severity::Error,
+    {{kNH, {.ja = {}, .en = "{quote}: This literal character constant is not correctly closed. "}}}};
+constexpr Message textBehindLiteral{"operand-literal-text",
+                                    Severity::Error,
                                     Head::Line,
                                     args("quote"),
                                     {.ja = "{quote}: リテラル文字定数が正しく閉じていない。 ",
@@ -38,14 +39,13 @@ std::basic_string_view<Char> joinLiteral(TextArena<Char>& arena, std::basic_stri
 }
 
 /// The scan over one line: the source, the read position and the number of the current operand.
-template <class Family>
+template <class Char>
 class OprndScan {
  public:
-  using Char = CharOf<Family>;
-  using View = ViewOf<Family>;
+  using View = ViewOf<Char>;
 
-  OprndScan(Assembly& a, SrcOf<Family>& line)
-      : a_(a), line_(line), source_(joinLiteral(a.store<Family>().arena, line.Oprnd[0])) {}
+  OprndScan(Assembly& a, SrcData<Char>& line)
+      : a_(a), line_(line), source_(joinLiteral(a.store<Char>().arena, line.Oprnd[0])) {}
 
   void run() {
     while (!source_.empty()) {
@@ -55,7 +55,6 @@ class OprndScan {
       }
       if (ExtractOprnd5() || at_ == source_.size()) break;
     }
-    line_.OprndKazu = static_cast<int>(k_) - 1;
   }
 
  private:
@@ -98,7 +97,7 @@ class OprndScan {
 
   /// An operand whose comma stands behind blanks.
   View withComma(std::size_t begin, std::size_t end) {
-    Char* text = a_.store<Family>().arena.allocate(end - begin + 1);
+    Char* text = a_.store<Char>().arena.allocate(end - begin + 1);
     *std::copy_n(source_.begin() + static_cast<std::ptrdiff_t>(begin), end - begin, text) = Char(',');
     return {text, end - begin + 1};
   }
@@ -111,7 +110,7 @@ class OprndScan {
       while (at_ < source_.size() && !isAt(at_, '\'')) ++at_;
       if (at_ == source_.size()) {
         line_.Oprnd[k_] = source_.substr(begin);
-        a_.cs.report<Family, literalNotClosed>(line_.Line, quote(line_.Oprnd[0]));
+        a_.cs.report(literalNotClosed, line_.Line, quote(line_.Oprnd[0]));
         return false;
       }
       if (!isAt(at_ + 1, '\'')) break;
@@ -121,12 +120,12 @@ class OprndScan {
       ++at_;
       return true;
     }
-    a_.cs.report<Family, textBehindLiteral>(line_.Line, quote(line_.Oprnd[0]));
+    a_.cs.report(textBehindLiteral, line_.Line, quote(line_.Oprnd[0]));
     return false;
   }
 
   Assembly& a_;
-  SrcOf<Family>& line_;
+  SrcData<Char>& line_;
   View source_;
   std::size_t at_ = 0;
   std::size_t k_ = 1;
@@ -134,14 +133,14 @@ class OprndScan {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void operand20m15(Assembly& a, int prg) {
-  for (SrcOf<Family>& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+  for (SrcData<Char>& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
     if (line.OpNr >= 0 && opOf(line) != Op::DC && !line.OprndComStr.empty() && line.hasOprnd(0))
-      OprndScan<Family>(a, line).run();
+      OprndScan<Char>(a, line).run();
 }
 
-#define ZELVARO_INSTANTIATE(F) template void operand20m15<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void operand20m15<char16_t>(Assembly&, int);
+template void operand20m15<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -7,7 +7,8 @@ namespace zelvaro {
 namespace {
 
 constexpr Message labelTwice =
-    Message{Severity::Error,
+    Message{"label-twice",
+            Severity::Error,
             Head::Own,
             args("other", "label"),
             {.ja = "同じラベル {label} が二つある。\n"
@@ -28,20 +29,20 @@ constexpr Message labelTwice =
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void CkLabelDouble(Assembly& a, int prg) {
-  auto& store = a.store<Family>();
-  auto& program = a.program<Family>(prg);
+  auto& store = a.store<Char>();
+  auto& program = a.program<Char>(prg);
   FirstPair pair;
   program.Labels.clear();
   for (int record = program.RecStart; record < program.RecEnd; ++record)
     if (!store[record].LabelStr.empty()) pair.enter(program.Labels, store[record].LabelStr, record);
   if (!pair.found()) return;
   const auto& line = store[pair.first];
-  a.cs.report<Family, labelTwice>(line.Line, store[pair.second].Line + 1, plain(line.LabelStr));
+  a.cs.report(labelTwice, line.Line, store[pair.second].Line + 1, plain(line.LabelStr));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CkLabelDouble<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkLabelDouble<char16_t>(Assembly&, int);
+template void CkLabelDouble<char>(Assembly&, int);
 
 }  // namespace zelvaro

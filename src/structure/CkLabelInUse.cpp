@@ -6,6 +6,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message unreferenced{
+    "label-unreferenced",
     Severity::Note,
     Head::Line,
     args("quote"),
@@ -13,16 +14,16 @@ constexpr Message unreferenced{
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void CkLabelInUse(Assembly& a) {
-  auto& store = a.store<Family>();
+  auto& store = a.store<Char>();
   for (const auto& program : store.vecPrg)
     for (const auto& line : store.linesBeforeEnd(program).subspan(1))
       if (!line.LabelStr.empty() && !line.IsLabelInUse)
-        a.b.report<Family, unreferenced>(line.Line, quote(line.LabelStr));
+        a.b.report(unreferenced, line.Line, quote(line.LabelStr));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CkLabelInUse<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkLabelInUse<char16_t>(Assembly&);
+template void CkLabelInUse<char>(Assembly&);
 
 }  // namespace zelvaro

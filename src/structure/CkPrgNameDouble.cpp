@@ -7,7 +7,8 @@ namespace zelvaro {
 namespace {
 
 constexpr Message nameTwice =
-    Message{Severity::Error,
+    Message{"program-name-twice",
+            Severity::Error,
             Head::Own,
             args("quote", "prg1", "line1", "prg2", "line2"),
             {.ja = "プログラム名の重複： {quote} が二つある。 \n"
@@ -16,7 +17,7 @@ constexpr Message nameTwice =
              .en = "{quote} is already defined. Duplication of the program name. \n"
                    "Program {prg1}, line {line1} and Program {prg2}, line {line2}.\n"
                    "Their names must be unique each other. "},
-            {{families(FamilyId::NH),
+            {{kNH,
               {.ja = "{prg1} 番目と {prg2} 番目のプログラムが同名である。\n{quote}２ 個ある。",
                .en = "The program name has been already defined in both Program {prg1} and Program {prg2}. \n"
                      "Each of the names must be unique. "}}}}
@@ -24,24 +25,23 @@ constexpr Message nameTwice =
 
 }  // namespace
 
-template <class Family>
-int CkPrgNameDouble(Assembly& a) {
-  auto& store = a.store<Family>();
+template <class Char>
+void CkPrgNameDouble(Assembly& a) {
+  auto& store = a.store<Char>();
   FirstPair pair;
   store.PrgIndex.clear();
   store.PrgIndex.reserve(store.vecPrg.size());
   int prg = 0;
   for (const auto& program : store.vecPrg) pair.enter(store.PrgIndex, program.PrgName, prg++);
-  if (!pair.found()) return 0;
+  if (!pair.found()) return;
   store.PrgIndex.clear();
-  const auto& first = a.program<Family>(pair.first);
-  const auto& second = a.program<Family>(pair.second);
-  a.b.report<Family, nameTwice>(first.StartLine, quote(first.PrgName), pair.first + 1, first.StartLine + 1,
-                                pair.second + 1, second.StartLine + 1);
-  return -1;
+  const auto& first = a.program<Char>(pair.first);
+  const auto& second = a.program<Char>(pair.second);
+  a.b.report(nameTwice, first.StartLine, quote(first.PrgName), pair.first + 1, first.StartLine + 1,
+             pair.second + 1, second.StartLine + 1);
 }
 
-#define ZELVARO_INSTANTIATE(F) template int CkPrgNameDouble<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkPrgNameDouble<char16_t>(Assembly&);
+template void CkPrgNameDouble<char>(Assembly&);
 
 }  // namespace zelvaro

@@ -7,6 +7,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message neverExecuted{
+    "program-never-called",
     Severity::Warning,
     Head::Line,
     args("quote", "label"),
@@ -18,16 +19,16 @@ constexpr Message neverExecuted{
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void CkPrgNameInUse(Assembly& a) {
-  const auto& programs = a.store<Family>().vecPrg;
+  const auto& programs = a.store<Char>().vecPrg;
   for (std::size_t i = 1; i < programs.size(); ++i)
     if (!programs[i].IsPrgNameInUse)
-      a.b.report<Family, neverExecuted>(programs[i].StartLine, quote(programs[i].PrgName),
-                                        plain(programs[i].PrgName));
+      a.b.report(neverExecuted, programs[i].StartLine, quote(programs[i].PrgName),
+                 plain(programs[i].PrgName));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CkPrgNameInUse<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CkPrgNameInUse<char16_t>(Assembly&);
+template void CkPrgNameInUse<char>(Assembly&);
 
 }  // namespace zelvaro

@@ -4,12 +4,12 @@
 
 namespace zelvaro {
 
-template <class Family>
+template <class Char>
 void CopyOprndComToWork(Assembly& a, int prg) {
-  for (auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg))) line.SrcWork = line.OprndComStr;
+  for (auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg))) line.SrcWork = line.OprndComStr;
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CopyOprndComToWork<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CopyOprndComToWork<char16_t>(Assembly&, int);
+template void CopyOprndComToWork<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -30,13 +30,13 @@ std::size_t commentAt(std::basic_string_view<Char> s) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void CutComments(Assembly& a, int prg) {
-  for (auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+  for (auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
     line.SrcWork = line.SrcWork.substr(0, commentAt(line.SrcWork));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void CutComments<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void CutComments<char16_t>(Assembly&, int);
+template void CutComments<char>(Assembly&, int);
 
 }  // namespace zelvaro

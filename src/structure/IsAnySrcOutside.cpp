@@ -8,6 +8,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message textBetween{
+    "outside-text",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -16,12 +17,13 @@ constexpr Message textBetween{
      .en = "{quote}: There are some unknown string between two programs. \n"
            "There are some unknown string between END and START. \n"
            "It should be deleted. Or a comment mark(;) is expected at the left side of the description."},
-    {{families(FamilyId::NH),
+    {{kNH,
       {.ja = {},
        .en = "{quote}: There are some unknown string between programs. \n"
              "It should be deleted. Or a comment mark(;) is expected at the left side. "}}}};
 constexpr Message itIsZenKakuSpace =
-    Message{Severity::Error,
+    Message{"outside-full-width-space",
+            Severity::Error,
             Head::None,
             args(),
             {.ja = "それは「全角の空白」文字である。\n"
@@ -32,22 +34,21 @@ constexpr Message itIsZenKakuSpace =
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void IsAnySrcOutsideSartEnd(Assembly& a) {
-  using Char = CharOf<Family>;
-  const auto& store = a.store<Family>();
+  const auto& store = a.store<Char>();
   for (std::size_t k = 0; k + 1 < store.vecPrg.size(); ++k) {
     const int record = store.vecPrg[k].RecEnd + 1;
     if (record >= store.vecPrg[k + 1].RecStart) continue;
     // every record holds something that is no blank, so the first one is the finding
     const auto& line = store[record];
-    a.cs.report<Family, textBetween>(line.Line, quote(line.SrcStr));
-    if (trim(line.SrcWork) == zenKakuSpace<Char>()) a.cs.report<Family, itIsZenKakuSpace>(line.Line);
+    a.cs.report(textBetween, line.Line, quote(line.SrcStr));
+    if (trim(line.SrcWork) == zenKakuSpace<Char>()) a.cs.report(itIsZenKakuSpace, line.Line);
     return;
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void IsAnySrcOutsideSartEnd<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void IsAnySrcOutsideSartEnd<char16_t>(Assembly&);
+template void IsAnySrcOutsideSartEnd<char>(Assembly&);
 
 }  // namespace zelvaro

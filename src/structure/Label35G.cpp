@@ -2,7 +2,6 @@
 #include <algorithm>
 
 #include "diag/Quote.h"
-#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -11,12 +10,14 @@ namespace zelvaro {
 namespace {
 
 constexpr Message labelAlone{
+    "label-alone",
     Severity::Error,
     Head::Line,
     args("quote"),
     {.ja = ": {quote}: ラベルはあるが、命令語の記述がない。",
      .en = "{quote}: A label is detected. But there is not any instruction code in the line. "}};
 constexpr Message firstLetter{
+    "label-first-letter",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -24,25 +25,27 @@ constexpr Message firstLetter{
      .en = "{quote}: The first letter of a label must be a capital alphabetical letter. \n"
            "A numeral cannot be used as the first letter of a label. "}};
 constexpr Message otherCharacter{
+    "label-character",
     Severity::Error,
     Head::Line,
     args("label"),
     {.ja = "ラベル {label} に英大文字、 数字 以外の文字が使われている。 ",
      .en = "Non uppercase alphanumeric characters are found in the label of '{label}'. "},
     {{kNarrow, {.ja = {}, .en = "An invalid character is found in the label."}},
-     {families(FamilyId::NH),
-      {.ja = {}, .en = "An invalid character is found in the label of '{label}'. "}}}};
+     {kNH, {.ja = {}, .en = "An invalid character is found in the label of '{label}'. "}}}};
 constexpr Message tooLong{
+    "label-length",
     Severity::Error,
     Head::Line,
     args("quote", "count"),
     {.ja = "{quote} ラベルの長さは 8 文字までに制限されている。 {count} 文字ある。",
      .en = "{quote}  A label must be 1 to 8 characters in length. It includes {count} characters in it. "},
     {{kNarrow, {.ja = "{quote} ラベルの長さは 8 文字まで。 {count} 文字ある。", .en = {}}},
-     {families(FamilyId::NH),
+     {kNH,
       {.ja = {},
        .en = "{quote}  A label must be 1 to 8 characters in length. There are {count} characters in it. "}}}};
 constexpr Message reservedWord{
+    "label-register",
     Severity::Error,
     Head::Line,
     args("label"),
@@ -51,49 +54,49 @@ constexpr Message reservedWord{
            "Reserved words, GR0 through GR7, are not available for labels. Spec. of CASL2   2.1 (Note) "}};
 
 /// Pass 1: takes the labels out of the lines.  The fixed form lets a label stand alone.
-template <class Family, class Lines>
+template <class Char, class Lines>
 void takeOut(Assembly& a, Lines lines) {
   for (auto& line : lines) {
     const std::size_t blank = findBlank(line.SrcWork);
     line.LabelStr = line.SrcWork.substr(0, blank);
-    if (blank == line.SrcWork.npos && !kIsFixedForm<Family>)
-      a.cs.report<Family, labelAlone>(line.Line, quote(line.LabelStr));
+    if (blank == line.SrcWork.npos && !a.family.labelAlone)
+      a.cs.report(labelAlone, line.Line, quote(line.LabelStr));
   }
 }
 
 /// Pass 3: the characters behind the first, which is the business of pass 2.  Only the first bad label of
 /// a program is reported.
-template <class Family, class Lines>
+template <class Char, class Lines>
 void checkLetters(Assembly& a, Lines lines) {
   for (const auto& line : lines) {
     if (line.LabelStr.empty()) continue;
     const std::size_t first = std::min(sizeOfMozi(line.LabelStr.front()), line.LabelStr.size());
-    if (std::ranges::all_of(line.LabelStr.substr(first), isLabelMozi<CharOf<Family>>)) continue;
-    a.cs.report<Family, otherCharacter>(line.Line, plain(line.LabelStr));
-    AnalystZenKSpace20NW<Family>(a.cs, line.Line, line.LabelStr);
+    if (std::ranges::all_of(line.LabelStr.substr(first), isLabelMozi<Char>)) continue;
+    a.cs.report(otherCharacter, line.Line, plain(line.LabelStr));
+    AnalystZenKSpace20NW(a.cs, line.Line, line.LabelStr);
     return;
   }
 }
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void Label35G(Assembly& a, int prg) {
-  const auto lines = a.store<Family>().linesWithEnd(a.program<Family>(prg));
-  takeOut<Family>(a, lines);
+  const auto lines = a.store<Char>().linesWithEnd(a.program<Char>(prg));
+  takeOut<Char>(a, lines);
   for (const auto& line : lines)
     if (!line.LabelStr.empty() && !isCapital(line.LabelStr.front()))
-      a.cs.report<Family, firstLetter>(line.Line, quote(line.LabelStr));
-  checkLetters<Family>(a, lines);
+      a.cs.report(firstLetter, line.Line, quote(line.LabelStr));
+  checkLetters<Char>(a, lines);
   for (const auto& line : lines)
-    if (line.LabelStr.size() > TCorrectScode::kLabelLength)
-      a.cs.report<Family, tooLong>(line.Line, quote(line.LabelStr), line.LabelStr.size());
+    if (line.LabelStr.size() > kLabelLength)
+      a.cs.report(tooLong, line.Line, quote(line.LabelStr), line.LabelStr.size());
   for (const auto& line : lines)
-    if (isReservedWord(line.LabelStr)) a.cs.report<Family, reservedWord>(line.Line, plain(line.LabelStr));
-  CkLabelDouble<Family>(a, prg);
+    if (isReservedWord(line.LabelStr)) a.cs.report(reservedWord, line.Line, plain(line.LabelStr));
+  CkLabelDouble<Char>(a, prg);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void Label35G<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void Label35G<char16_t>(Assembly&, int);
+template void Label35G<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -21,16 +21,8 @@ void replaceTabs(TextArena<Char>& arena, std::basic_string_view<Char>& text) {
 
 }  // namespace
 
-template <class Family>
-int ReplaceTabs(Assembly& a) {
-  if constexpr (sizeof(CharOf<Family>) == 1) {
-    auto& store = a.store<Family>();
-    for (auto& line : store.lines()) replaceTabs(store.arena, line.SrcWork);
-  }
-  return 0;
+void ReplaceTabs(Assembly& a) {
+  for (auto& line : a.b.vecSrcA.lines()) replaceTabs(a.b.vecSrcA.arena, line.SrcWork);
 }
-
-#define ZELVARO_INSTANTIATE(F) template int ReplaceTabs<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
 
 }  // namespace zelvaro

@@ -4,16 +4,15 @@
 
 namespace zelvaro {
 
-template <class Family>
+template <class Char>
 void SearchApostForNonCharConstOP(Assembly& a, int prg) {
-  using Char = CharOf<Family>;
   // a line with the opcode START begins a program, so no line behind the first one can have it
-  auto& line = a.store<Family>()[a.program<Family>(prg).RecStart];
+  auto& line = a.store<Char>()[a.program<Char>(prg).RecStart];
   if (equals(line.OpStr, "START"))
     line.OprndComStr = line.OprndComStr.substr(0, line.OprndComStr.find(Char(';')));
 }
 
-#define ZELVARO_INSTANTIATE(F) template void SearchApostForNonCharConstOP<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void SearchApostForNonCharConstOP<char16_t>(Assembly&, int);
+template void SearchApostForNonCharConstOP<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -17,13 +17,13 @@ std::basic_string_view<Char> withoutComment(std::basic_string_view<Char> text) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void SplitComment(Assembly& a, int prg) {
-  for (auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+  for (auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
     line.SrcWork = withoutComment(line.SrcWork);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void SplitComment<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void SplitComment<char16_t>(Assembly&, int);
+template void SplitComment<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -6,12 +6,14 @@ namespace zelvaro {
 namespace {
 
 constexpr Message startWithoutLabel{
+    "start-label-missing",
     Severity::Error,
     Head::Line,
     args(),
     {.ja = "START アセンブラ命令の左にラベルが必要",
      .en = "A label is expected at the left side of the START assembler instruction. "}};
 constexpr Message endWithLabel{
+    "end-line-label",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -22,24 +24,24 @@ constexpr Message endWithLabel{
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void StartEnd(Assembly& a, int prg) {
-  auto& store = a.store<Family>();
-  const auto& program = a.program<Family>(prg);
+  auto& store = a.store<Char>();
+  const auto& program = a.program<Char>(prg);
   const auto& start = store[program.RecStart];
   if (isBlank(start.SrcStr.front())) {
-    a.cs.report<Family, startWithoutLabel>(start.Line);
+    a.cs.report(startWithoutLabel, start.Line);
     return;
   }
   const auto& end = store[program.RecEnd];
   if (!isBlank(end.SrcStr.front())) {
-    a.cs.report<Family, endWithLabel>(end.Line, quote(end.SrcStr));
+    a.cs.report(endWithLabel, end.Line, quote(end.SrcStr));
     return;
   }
   for (auto& line : store.linesWithEnd(program)) line.PrgNr = prg;
 }
 
-#define ZELVARO_INSTANTIATE(F) template void StartEnd<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void StartEnd<char16_t>(Assembly&, int);
+template void StartEnd<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -7,6 +7,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message noStart{
+    "start-nowhere",
     Severity::Error,
     Head::Bare,
     args(),
@@ -16,12 +17,14 @@ constexpr Message noStart{
       {.ja = {},
        .en = "START description is not found anywhere. \nSTART assembler instruction is expected. "}}}};
 constexpr Message noEnd{
+    "end-nowhere",
     Severity::Error,
     Head::Bare,
     args(),
     {.ja = "END アセンブラ命令 が どこにもない。",
      .en = "END directive is not found anywhere. \nEND assembler instruction is expected. "}};
-constexpr Message endBeforeStart{Severity::Error,
+constexpr Message endBeforeStart{"end-before-start",
+                                 Severity::Error,
                                  Head::Line,
                                  args(),
                                  {.ja = "START アセンブラ命令 の後の行に END アセンブラ命令が必要。",
@@ -38,29 +41,27 @@ int lastHolding(const LineStore<Char>& store, std::string_view word) {
 
 }  // namespace
 
-template <class Family>
-int StartEnd10(Assembly& a) {
-  const auto& store = a.store<Family>();
+template <class Char>
+void StartEnd10(Assembly& a) {
+  const auto& store = a.store<Char>();
   const int start = lastHolding(store, "START");
   if (start < 0) {
-    a.sh.report<Family, noStart>(0);
-    DetSTARTatZenKakuSpace<Family>(a);
-    CkSTART_LR<Family>(a);
-    return -1;
+    a.sh.report(noStart, 0);
+    DetSTARTatZenKakuSpace<Char>(a);
+    CkSTART_LR<Char>(a);
+    return;
   }
   const int end = lastHolding(store, "END");
   if (end < 0) {
-    a.sh.report<Family, noEnd>(0);
-    DetENDatZenKakuSpace<Family>(a);
-    CkEnd_LR<Family>(a);
-    return -1;
+    a.sh.report(noEnd, 0);
+    DetENDatZenKakuSpace<Char>(a);
+    CkEnd_LR<Char>(a);
+    return;
   }
-  if (end >= start) return 0;
-  a.sh.report<Family, endBeforeStart>(store[start].Line);
-  return -1;
+  if (end < start) a.sh.report(endBeforeStart, store[start].Line);
 }
 
-#define ZELVARO_INSTANTIATE(F) template int StartEnd10<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void StartEnd10<char16_t>(Assembly&);
+template void StartEnd10<char>(Assembly&);
 
 }  // namespace zelvaro

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "source/FixedForm.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -12,6 +11,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message noStart{
+    "start-missing",
     Severity::Error,
     Head::Bare,
     args(),
@@ -20,20 +20,23 @@ constexpr Message noStart{
     {{kNarrow,
       {.ja = {},
        .en = "START is not found anywhere. \nA space is expected at the left side of the START. "}}}};
-constexpr Message startWithoutName{Severity::Error,
+constexpr Message startWithoutName{"start-name-missing",
+                                   Severity::Error,
                                    Head::Line,
                                    args(),
                                    {.ja = "START アセンブラ命令の左にプログラム名（ラベル）が必要です。 ",
                                     .en = "A program name is requiered before START statement. "}};
 constexpr Message tooManyStart{
+    "start-many",
     Severity::Error,
     Head::Bare,
-    args(),
+    args("most"),
     {.ja = "START アセンブラ命令の数を減らす必要がある。 "
-           "このアセンブラでは、一つのファイルの中のプログラムの数は 6 個に制限されています。",
+           "このアセンブラでは、一つのファイルの中のプログラムの数は {most} 個に制限されています。",
      .en = "The number of START assembler instructions should be reduced. "
-           "The number of the programs in a src fileis limited to 6."}};
+           "The number of the programs in a src fileis limited to {most}."}};
 constexpr Message noEnd{
+    "end-missing",
     Severity::Error,
     Head::Bare,
     args(),
@@ -42,14 +45,16 @@ constexpr Message noEnd{
      .en = "END directive is not found anywhere. \nThe END statement defines the end of a program.\n"
            "A space is expected at the left side of the END. "}};
 constexpr Message tooManyEnd{
+    "end-many",
     Severity::Error,
     Head::Bare,
-    args(),
+    args("most"),
     {.ja = "END アセンブラ命令の数を減らす必要がある。 "
-           "このアセンブラでは、一つのファイルの中のプログラムの数は 6 個に制限されています。",
+           "このアセンブラでは、一つのファイルの中のプログラムの数は {most} 個に制限されています。",
      .en = "The number of END assembler instructions should be reduced. "
-           "The number of the programs in a src fileis limited to 6."}};
+           "The number of the programs in a src fileis limited to {most}."}};
 constexpr Message endWithLabel{
+    "end-label",
     Severity::Error,
     Head::Line,
     args(),
@@ -57,6 +62,7 @@ constexpr Message endWithLabel{
            "END アセンブラ命令の左のラベルには、CASL2 仕様上の役目はないので不要である。",
      .en = "A label is found at the left side of the END assembler statement. \nIt is of no use. "}};
 constexpr Message moreStart{
+    "start-without-end",
     Severity::Error,
     Head::Bare,
     args("starts", "ends", "file"),
@@ -77,6 +83,7 @@ constexpr Message moreStart{
              "There are {starts} START assembler instructions in {file}. \n"
              "There are {ends} END assembler instructions in {file}. "}}}};
 constexpr Message fewerStart{
+    "end-without-start",
     Severity::Error,
     Head::Bare,
     args("starts", "ends", "file", "directives"),
@@ -99,6 +106,7 @@ constexpr Message fewerStart{
              "{ends}END assembler directives are found in {file}. "}}}};
 constexpr std::string_view kOutOfOrderNarrow = "START and END are out of order. \nEND should follow START. ";
 constexpr Message startNotBeforeEnd{
+    "start-after-end",
     Severity::Error,
     Head::Line,
     args(),
@@ -106,26 +114,27 @@ constexpr Message startNotBeforeEnd{
      .en = "START and END are out of order. \nSTART should be followed by END. "},
     {{kNarrow, {.ja = {}, .en = kOutOfOrderNarrow}}}};
 constexpr Message nextStartBeforeEnd{
+    "start-inside-program",
     Severity::Error,
     Head::Line,
     args(),
     {.ja = " START と END アセンブラ命令 が逆順です。 ",
      .en = "START and END are out of order. \nSTART should be followed by END."},
     {{kNarrow, {.ja = {}, .en = kOutOfOrderNarrow}}}};
-constexpr Message oneProgram =
-    Message{Severity::Plain,
-            Head::None,
-            args("count"),
-            {.ja = "  {count} 個のプログラムがある。 ", .en = "One program is found in it."},
-            {{kNarrow, {.ja = {}, .en = "There is one program found in it. "}}}}
-        .unlogged();
-constexpr Message programs =
-    Message{Severity::Plain,
-            Head::None,
-            args("count"),
-            {.ja = "  {count} 個のプログラムがある。 ", .en = "{count} programs are found in it."}}
-        .unlogged();
+constexpr Message oneProgram{"one-program",
+                             Severity::Notice,
+                             Head::None,
+                             args("count"),
+                             {.ja = "  {count} 個のプログラムがある。 ", .en = "One program is found in it."},
+                             {{kNarrow, {.ja = {}, .en = "There is one program found in it. "}}}};
+constexpr Message programs{
+    "programs",
+    Severity::Notice,
+    Head::None,
+    args("count"),
+    {.ja = "  {count} 個のプログラムがある。 ", .en = "{count} programs are found in it."}};
 constexpr Message noRet{
+    "ret-missing",
     Severity::Warning,
     Head::Line,
     args("count", "ordinal"),
@@ -156,50 +165,49 @@ std::vector<int> recordsWith(const LineStore<Char>& store, std::string_view keyw
   return found;
 }
 
-/// Whether the tables of the fixed form have room for the lines; told if not.
-template <class Family, const Message& TooMany>
-bool fits(Assembly& a, const std::vector<int>& records) {
-  if (!kIsFixedForm<Family> || records.size() <= kFixedPrograms) return true;
-  a.sh.report<Family, TooMany>(0);
+/// Whether the family's tables have room for the lines; reported if not.
+bool fits(Assembly& a, const std::vector<int>& records, const Message<1>& tooMany) {
+  if (records.size() <= a.family.mostPrograms) return true;
+  a.sh.report(tooMany, 0, a.family.mostPrograms);
   return false;
 }
 
 /// Whether each START has its END, in order; the first fault is told.
-template <class Family>
+template <class Char>
 bool checkPairs(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
-  const auto& store = a.store<Family>();
+  const auto& store = a.store<Char>();
   if (starts.size() > ends.size()) {
-    a.sh.report<Family, moreStart>(0, starts.size(), ends.size(), a.b.SrcFilename);
-    CkEnd_LR<Family>(a);
+    a.sh.report(moreStart, 0, starts.size(), ends.size(), a.b.SrcFilename);
+    CkEnd_LR<Char>(a);
     return false;
   }
   if (starts.size() < ends.size()) {
-    a.sh.report<Family, fewerStart>(0, starts.size(), ends.size(), a.b.SrcFilename,
-                                    starts.size() == 1 ? "directive is" : "directives are");
+    a.sh.report(fewerStart, 0, starts.size(), ends.size(), a.b.SrcFilename,
+                starts.size() == 1 ? "directive is" : "directives are");
     return false;
   }
   for (std::size_t k = 0; k < starts.size(); ++k) {
     if (starts[k] < ends[k]) continue;
-    a.sh.report<Family, startNotBeforeEnd>(store[ends[k]].Line);
+    a.sh.report(startNotBeforeEnd, store[ends[k]].Line);
     return false;
   }
   for (std::size_t k = 0; k + 1 < starts.size(); ++k) {
     if (starts[k + 1] >= ends[k]) continue;
-    a.sh.report<Family, nextStartBeforeEnd>(store[ends[k]].Line);
+    a.sh.report(nextStartBeforeEnd, store[ends[k]].Line);
     return false;
   }
   return true;
 }
 
 /// Sets the number of programs and creates their records.
-template <class Family>
+template <class Char>
 void createPrograms(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
-  auto& store = a.store<Family>();
+  auto& store = a.store<Char>();
   a.sh.PrgKazuInFile = static_cast<int>(starts.size());
   if (starts.size() == 1) {
-    a.sh.report<Family, oneProgram>(0, starts.size());
+    a.sh.report(oneProgram, 0, starts.size());
   } else {
-    a.sh.report<Family, programs>(0, starts.size());
+    a.sh.report(programs, 0, starts.size());
   }
   store.vecPrg.reserve(starts.size());
   for (std::size_t k = 0; k < starts.size(); ++k) {
@@ -212,51 +220,50 @@ void createPrograms(Assembly& a, const std::vector<int>& starts, const std::vect
 }
 
 /// Warns of the first program without RET.
-template <class Family>
+template <class Char>
 void checkRet(Assembly& a) {
-  auto& store = a.store<Family>();
+  auto& store = a.store<Char>();
   int ordinalNr = 0;
   for (const auto& prg : store.vecPrg) {
     ++ordinalNr;
     const bool ret = std::ranges::any_of(
         store.linesWithEnd(prg), [](const auto& line) { return holdsBehindBlank(line.SrcWork, "RET"); });
     if (ret) continue;
-    a.sh.report<Family, noRet>(prg.StartLine, ordinalNr, ordinal(ordinalNr));
+    a.sh.report(noRet, prg.StartLine, ordinalNr, ordinal(ordinalNr));
     return;
   }
 }
 
 }  // namespace
 
-template <class Family>
-int StartEnd20(Assembly& a) {
-  const auto& store = a.store<Family>();
+template <class Char>
+void StartEnd20(Assembly& a) {
+  const auto& store = a.store<Char>();
   const std::vector<int> starts = recordsWith(store, "START");
   if (starts.empty()) {
-    a.sh.report<Family, noStart>(0);
-    DetSTARTatZenKakuSpace<Family>(a);
-    CkSTART_LR<Family>(a);
-    return -1;
+    a.sh.report(noStart, 0);
+    DetSTARTatZenKakuSpace<Char>(a);
+    CkSTART_LR<Char>(a);
+    return;
   }
-  if (!fits<Family, tooManyStart>(a, starts)) return -1;
+  if (!fits(a, starts, tooManyStart)) return;
   const auto& lastStart = store[starts.back()];
-  if (isBlank(lastStart.SrcWork.front())) a.sh.report<Family, startWithoutName>(lastStart.Line);
+  if (isBlank(lastStart.SrcWork.front())) a.sh.report(startWithoutName, lastStart.Line);
   const std::vector<int> ends = recordsWith(store, "END");
   if (ends.empty()) {
-    a.sh.report<Family, noEnd>(0);
-    CkEnd_LR<Family>(a);
-    return -1;
+    a.sh.report(noEnd, 0);
+    CkEnd_LR<Char>(a);
+    return;
   }
-  if (!fits<Family, tooManyEnd>(a, ends)) return -1;
+  if (!fits(a, ends, tooManyEnd)) return;
   const auto& lastEnd = store[ends.back()];
-  if (!isBlank(lastEnd.SrcWork.front())) a.sh.report<Family, endWithLabel>(lastEnd.Line);
-  if (!checkPairs<Family>(a, starts, ends)) return -1;
-  createPrograms<Family>(a, starts, ends);
-  checkRet<Family>(a);
-  return -a.sh.ErrorKazu;
+  if (!isBlank(lastEnd.SrcWork.front())) a.sh.report(endWithLabel, lastEnd.Line);
+  if (!checkPairs<Char>(a, starts, ends)) return;
+  createPrograms<Char>(a, starts, ends);
+  checkRet<Char>(a);
 }
 
-#define ZELVARO_INSTANTIATE(F) template int StartEnd20<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void StartEnd20<char16_t>(Assembly&);
+template void StartEnd20<char>(Assembly&);
 
 }  // namespace zelvaro

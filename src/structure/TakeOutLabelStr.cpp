@@ -9,6 +9,7 @@ namespace {
 
 constexpr Message textIsCut =
     Message{
+        "operand-text-cut",
         Severity::Warning,
         Head::Own,
         args("count"),
@@ -32,28 +33,28 @@ std::basic_string_view<Char> takeWord(std::basic_string_view<Char>& rest) {
 
 /// Tells the first operand text of a program that is longer than its buffer.  The text itself stays whole:
 /// CopyOprndComStrToBuffer cuts what the operands are taken from.
-template <class Family, class Lines>
+template <class Lines>
 void warnOfCutText(Assembly& a, Lines lines) {
   const auto at = std::ranges::find_if(
-      lines, [](const auto& line) { return line.OprndComStr.size() > Family::oprndText; });
-  if (at != lines.end()) a.b.report<Family, textIsCut>(at->Line, at->OprndComStr.size());
+      lines, [&a](const auto& line) { return line.OprndComStr.size() > a.family.oprndLength; });
+  if (at != lines.end()) a.b.report(textIsCut, at->Line, at->OprndComStr.size());
 }
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void TakeOutLabelStr(Assembly& a, int prg) {
-  const auto lines = a.store<Family>().linesWithEnd(a.program<Family>(prg));
+  const auto lines = a.store<Char>().linesWithEnd(a.program<Char>(prg));
   for (auto& line : lines) {
     auto rest = line.SrcWork;
     line.LabelStr = takeWord(rest);
     line.OpStr = takeWord(rest);
     line.OprndComStr = rest;
   }
-  if constexpr (Family::warnsOfCutOprndText) warnOfCutText<Family>(a, lines);
+  if (a.family.warnsOfCutOprnd) warnOfCutText(a, lines);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void TakeOutLabelStr<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void TakeOutLabelStr<char16_t>(Assembly&, int);
+template void TakeOutLabelStr<char>(Assembly&, int);
 
 }  // namespace zelvaro

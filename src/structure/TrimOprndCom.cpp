@@ -3,13 +3,13 @@
 
 namespace zelvaro {
 
-template <class Family>
+template <class Char>
 void TrimOprndCom(Assembly& a, int prg) {
-  for (auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg)))
+  for (auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg)))
     line.OprndComStr = trim(line.OprndComStr);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void TrimOprndCom<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void TrimOprndCom<char16_t>(Assembly&, int);
+template void TrimOprndCom<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -124,16 +124,16 @@ bool clean(TextArena<Char>& arena, SrcData<Char>& line) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void TrimZenOprndCom(Assembly& a, int prg) {
-  auto& store = a.store<Family>();
+  auto& store = a.store<Char>();
   std::erase_if(store.Unsettled, [&](int record) { return !clean(store.arena, store[record]); });
-  const auto& program = a.program<Family>(prg);
+  const auto& program = a.program<Char>(prg);
   for (int record = program.RecStart; record <= program.RecEnd; ++record)
     if (clean(store.arena, store[record])) store.Unsettled.push_back(record);
 }
 
-#define ZELVARO_INSTANTIATE(F) template void TrimZenOprndCom<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void TrimZenOprndCom<char16_t>(Assembly&, int);
+template void TrimZenOprndCom<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -8,6 +8,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message spaceBehindStart{
+    "full-width-after-start",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -18,6 +19,7 @@ constexpr Message spaceBehindStart{
            "A half-width space is allowed to be used in casl2. \n"
            "A full-width space should be deleted or replaced with a half-width space. "}};
 constexpr Message spaceBeforeStart{
+    "full-width-before-start",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -28,6 +30,7 @@ constexpr Message spaceBeforeStart{
            "A half-width space is allowed to be used in casl2. \n"
            "The full-width space should be deleted or replaced with a half-width space. "}};
 constexpr Message spaceBehindEnd{
+    "full-width-after-end",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -37,6 +40,7 @@ constexpr Message spaceBehindEnd{
            "A full-width space is not allowed to be used in casl2. \n"
            "Delete the full-width space at the end of the END. "}};
 constexpr Message spaceBeforeEnd{
+    "full-width-before-end",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -50,7 +54,8 @@ constexpr Message spaceBeforeEnd{
 constexpr Words kStartHead{.ja = "エラー： {line} 行目： START の文字はある。けれども、 ",
                            .en = "Error : line {line}: "};
 constexpr Message startThenSpace =
-    Message{Severity::Error,
+    Message{"start-then-full-width",
+            Severity::Error,
             Head::Own,
             args(),
             {.ja = "START の右に全角の空白がある。 全角の空白文字は使えない。　",
@@ -59,7 +64,8 @@ constexpr Message startThenSpace =
                    "A full-width space should be deleted or replaced with a half-width space. "}}
         .withHead(kStartHead);
 constexpr Message spaceThenStart =
-    Message{Severity::Error,
+    Message{"full-width-then-start",
+            Severity::Error,
             Head::Own,
             args(),
             {.ja = "START の左に全角の空白がある。 全角の空白文字は使えない。　",
@@ -71,7 +77,8 @@ constexpr Message spaceThenStart =
 constexpr Words kEndHead{.ja = "エラー： {line} 行目： END の文字はある。けれども、 ",
                          .en = "Error : line {line}: "};
 constexpr Message endThenSemicolon =
-    Message{Severity::Error,
+    Message{"end-then-semicolon",
+            Severity::Error,
             Head::Own,
             args(),
             {.ja = " END の右に１個以上の空白が必要です。 \n"
@@ -81,21 +88,23 @@ constexpr Message endThenSemicolon =
                    "(Spce. of CASl2: 2.1  (4) in a case of Without operand. "}}
         .withHead(kEndHead);
 constexpr Message spaceThenEnd =
-    Message{Severity::Error,
+    Message{"full-width-then-end",
+            Severity::Error,
             Head::Own,
             args(),
             {.ja = " ENDの左に全角の空白がある。 全角の空白文字は使えない。　",
              .en = " A full-width space is found at the left side of END instruction. \n"
                    "It is not allowed to be used in CASL2. \n"
                    "It should be deleted or replaced with a half-width space. "},
-            {{families(FamilyId::NH),
+            {{kNH,
               {.ja = {},
                .en = " There is a 2-byte space at the left side of END instruction. \n"
                      "The 2-byte space is not allowed for use in CASL2. \n"
                      "It should be replaced with a 1-byte space, or deleted. "}}}}
         .withHead(kEndHead);
 constexpr Message endThenSpace =
-    Message{Severity::Error,
+    Message{"end-then-full-width",
+            Severity::Error,
             Head::Own,
             args(),
             {.ja = " ENDの右に全角の空白がある。 全角の空白文字は使えない。　",
@@ -119,16 +128,16 @@ bool spaceThenWord(std::basic_string_view<Char> text, std::string_view word) {
   return false;
 }
 
-/// Reports the first line with a full-width space at the word; the one behind it is looked for first.
-template <class Family, const Message& Behind, const Message& Before>
-void detSpace(Assembly& a, std::string_view word) {
-  for (const auto& line : a.store<Family>().lines()) {
+/// Reports the first line with a full-width space at the word; the one after it is looked for first.
+template <class Char>
+void detSpace(Assembly& a, std::string_view word, const Message<1>& after, const Message<1>& before) {
+  for (const auto& line : a.store<Char>().lines()) {
     if (wordThenSpace(line.SrcWork, word)) {
-      a.sh.report<Family, Behind>(line.Line, quote(line.SrcStr));
+      a.sh.report(after, line.Line, quote(line.SrcStr));
       return;
     }
     if (spaceThenWord(line.SrcWork, word)) {
-      a.sh.report<Family, Before>(line.Line, quote(line.SrcStr));
+      a.sh.report(before, line.Line, quote(line.SrcStr));
       return;
     }
   }
@@ -136,53 +145,55 @@ void detSpace(Assembly& a, std::string_view word) {
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void DetSTARTatZenKakuSpace(Assembly& a) {
-  detSpace<Family, spaceBehindStart, spaceBeforeStart>(a, "START");
+  detSpace<Char>(a, "START", spaceBehindStart, spaceBeforeStart);
 }
 
-template <class Family>
+template <class Char>
 void DetENDatZenKakuSpace(Assembly& a) {
-  detSpace<Family, spaceBehindEnd, spaceBeforeEnd>(a, "END");
+  detSpace<Char>(a, "END", spaceBehindEnd, spaceBeforeEnd);
 }
 
-template <class Family>
+template <class Char>
 void CkSTART_LR(Assembly& a) {
-  for (const auto& line : a.store<Family>().lines()) {
+  for (const auto& line : a.store<Char>().lines()) {
     if (wordThenSpace(line.SrcWork, "START")) {
-      a.sh.report<Family, startThenSpace>(line.Line);
+      a.sh.report(startThenSpace, line.Line);
       return;
     }
     if (spaceThenWord(line.SrcWork, "START")) {
-      a.sh.report<Family, spaceThenStart>(line.Line);
+      a.sh.report(spaceThenStart, line.Line);
       return;
     }
   }
 }
 
-template <class Family>
+template <class Char>
 void CkEnd_LR(Assembly& a) {
-  for (const auto& line : a.store<Family>().lines()) {
+  for (const auto& line : a.store<Char>().lines()) {
     if (find(line.SrcWork, " END;") != line.SrcWork.npos) {
-      a.sh.report<Family, endThenSemicolon>(line.Line);
+      a.sh.report(endThenSemicolon, line.Line);
       return;
     }
     if (spaceThenWord(line.SrcWork, "END")) {
-      a.sh.report<Family, spaceThenEnd>(line.Line);
+      a.sh.report(spaceThenEnd, line.Line);
       return;
     }
     if (wordThenSpace(line.SrcWork, "END")) {
-      a.sh.report<Family, endThenSpace>(line.Line);
+      a.sh.report(endThenSpace, line.Line);
       return;
     }
   }
 }
 
-#define ZELVARO_INSTANTIATE(F)                        \
-  template void DetSTARTatZenKakuSpace<F>(Assembly&); \
-  template void DetENDatZenKakuSpace<F>(Assembly&);   \
-  template void CkSTART_LR<F>(Assembly&);             \
-  template void CkEnd_LR<F>(Assembly&);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void DetSTARTatZenKakuSpace<char16_t>(Assembly&);
+template void DetSTARTatZenKakuSpace<char>(Assembly&);
+template void DetENDatZenKakuSpace<char16_t>(Assembly&);
+template void DetENDatZenKakuSpace<char>(Assembly&);
+template void CkSTART_LR<char16_t>(Assembly&);
+template void CkSTART_LR<char>(Assembly&);
+template void CkEnd_LR<char16_t>(Assembly&);
+template void CkEnd_LR<char>(Assembly&);
 
 }  // namespace zelvaro

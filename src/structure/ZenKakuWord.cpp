@@ -9,6 +9,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message spaceInWord{
+    "full-width-space",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -17,6 +18,7 @@ constexpr Message spaceInWord{
            "A full-width space is not allowed to be used in CASL2. \n"
            "A full-width space should be deleted or replaced with a half-width space.  "}};
 constexpr Message spaceInOperand{
+    "full-width-space-in-operand",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -32,6 +34,7 @@ constexpr Message spaceInOperand{
              "A half-width space is allowed to be used in casl2.  \n"
              "The full-width space should be deleted or replaced with a half-width space. "}}}};
 constexpr Message moziInAdrConst{
+    "full-width-in-address",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -40,80 +43,60 @@ constexpr Message moziInAdrConst{
            "This character is not allowed in CASL2. \n"
            "Remove off the full-width character. \n"
            "A half-width space is allowed in CASL2.  "}};
-constexpr Message moziInStart{Severity::Error,
+constexpr Message moziInStart{"full-width-in-start",
+                              Severity::Error,
                               Head::Line,
                               args("quote"),
                               {.ja = "{quote}:  の中に全角の文字がある。 \n CASL2では全角の文字は使えない。",
                                .en = "{quote}: \nA full-width character is found. \n"
                                      "This character is not allowed to use in CASL2. \n"
                                      "It should be deleted. "}};
-constexpr Message notLabelMozi =
-    Message{Severity::Error,
-            Head::Own,
-            args("quote", "position"),
-            {.ja = "{position}　文字目にアドレス定数で使えない文字がある。",
-             .en = "An invalid character is found in the address constant of {quote}."}}
-        .withHead({.ja = "エラー： {line} 行目： {quote}", .en = "Error : {quote}line {line}: "});
-
-/// Whether a word holds a character of two bytes in CP932.  An invalid sequence of narrow text ends the
-/// search.
-template <class Char>
-bool holdsFullWidth(std::basic_string_view<Char> word) {
-  if constexpr (sizeof(Char) == 1) {
-    const auto lead = std::ranges::find_if(word, isCp932Lead);
-    if (lead == word.end() || lead + 1 == word.end()) return false;
-    const auto trail = static_cast<unsigned char>(lead[1]);
-    return trail >= 0x40 && trail <= 0xFC && trail != 0x7F;
-  } else {
-    return std::ranges::any_of(word, isFullWidth);
-  }
-}
 
 }  // namespace
 
-template <class Family>
-int AnalystZenKSpace20NW(TMsgBase& owner, int line, ViewOf<Family> word) {
-  if (!holdsZenKakuSpace(word)) return 0;
-  owner.report<Family, spaceInWord>(line, quote(word));
-  return 1;
+template <class Char>
+bool AnalystZenKSpace20NW(TMsgBase& owner, int line, ViewOf<Char> word) {
+  if (!holdsZenKakuSpace(word)) return false;
+  owner.report(spaceInWord, line, quote(word));
+  return true;
 }
 
-template <class Family>
-int AnalystZenKSpace20(TMsgBase& owner, ViewOf<Family> word, int line) {
-  if (!holdsZenKakuSpace(word)) return 0;
-  owner.report<Family, spaceInOperand>(line, quote(word));
-  return 1;
+template <class Char>
+bool AnalystZenKSpace20(TMsgBase& owner, int line, ViewOf<Char> word) {
+  if (!holdsZenKakuSpace(word)) return false;
+  owner.report(spaceInOperand, line, quote(word));
+  return true;
 }
 
-template <class Family>
-int AnalystZenKMozi(TMsgBase& owner, ViewOf<Family> word, int line) {
-  if (!holdsFullWidth(word)) return 0;
-  owner.report<Family, moziInAdrConst>(line, quote(word));
-  return 1;
+template <class Char>
+bool AnalystZenKMozi(TMsgBase& owner, int line, ViewOf<Char> word) {
+  if (!holdsFullWidth(word)) return false;
+  owner.report(moziInAdrConst, line, quote(word));
+  return true;
 }
 
-template <class Family>
-int AnalystZenKakuMoziStr(TMsgBase& owner, int line, ViewOf<Family> word) {
-  if (!holdsFullWidth(word)) return 0;
-  owner.report<Family, moziInStart>(line, quote(word));
-  return 1;
+template <class Char>
+bool AnalystZenKakuMoziStr(TMsgBase& owner, int line, ViewOf<Char> word) {
+  if (!holdsFullWidth(word)) return false;
+  owner.report(moziInStart, line, quote(word));
+  return true;
 }
 
-template <class Family>
-int DetNonLabelMoziPos(TMsgBase& owner, int line, ViewOf<Family> word, bool report) {
-  const auto at = std::ranges::find_if_not(word, isLabelMozi<CharOf<Family>>);
-  if (at == word.end()) return -1;
-  const int position = static_cast<int>(at - word.begin());
-  if (report) owner.report<Family, notLabelMozi>(line, quote(word), position + 1);
-  return position;
+template <class Char>
+int DetNonLabelMoziPos(ViewOf<Char> word) {
+  const auto at = std::ranges::find_if_not(word, isLabelMozi<Char>);
+  return at == word.end() ? -1 : static_cast<int>(at - word.begin());
 }
 
-#define ZELVARO_INSTANTIATE(F)                                      \
-  template int AnalystZenKSpace20NW<F>(TMsgBase&, int, ViewOf<F>);  \
-  template int AnalystZenKSpace20<F>(TMsgBase&, ViewOf<F>, int);    \
-  template int AnalystZenKMozi<F>(TMsgBase&, ViewOf<F>, int);       \
-  template int AnalystZenKakuMoziStr<F>(TMsgBase&, int, ViewOf<F>); \
-  template int DetNonLabelMoziPos<F>(TMsgBase&, int, ViewOf<F>, bool);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template bool AnalystZenKSpace20NW<char16_t>(TMsgBase&, int, ViewOf<char16_t>);
+template bool AnalystZenKSpace20NW<char>(TMsgBase&, int, ViewOf<char>);
+template bool AnalystZenKSpace20<char16_t>(TMsgBase&, int, ViewOf<char16_t>);
+template bool AnalystZenKSpace20<char>(TMsgBase&, int, ViewOf<char>);
+template bool AnalystZenKMozi<char16_t>(TMsgBase&, int, ViewOf<char16_t>);
+template bool AnalystZenKMozi<char>(TMsgBase&, int, ViewOf<char>);
+template bool AnalystZenKakuMoziStr<char16_t>(TMsgBase&, int, ViewOf<char16_t>);
+template bool AnalystZenKakuMoziStr<char>(TMsgBase&, int, ViewOf<char>);
+template int DetNonLabelMoziPos<char16_t>(ViewOf<char16_t>);
+template int DetNonLabelMoziPos<char>(ViewOf<char>);
 
 }  // namespace zelvaro

@@ -7,6 +7,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message blankBehindSign{
+    "literal-sign-blank",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -34,27 +35,26 @@ std::basic_string_view<Char> closeUp(TextArena<Char>& arena, std::basic_string_v
 template <class Char>
 bool holdsSignAndBlank(std::basic_string_view<Char> text) {
   for (std::size_t i = 0; i + 2 < text.size(); ++i)
-    if (text[i] == Char('=') && isSign(text[i + 1]) && isBlank(text[i + 2])) return true;
+    if (text[i] == Char('=') && isSignOrHash(text[i + 1]) && isBlank(text[i + 2])) return true;
   return false;
 }
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void edit30c(Assembly& a, int prg) {
-  using Char = CharOf<Family>;
-  auto& store = a.store<Family>();
-  for (auto& line : store.linesBeforeEnd(a.program<Family>(prg))) {
+  auto& store = a.store<Char>();
+  for (auto& line : store.linesBeforeEnd(a.program<Char>(prg))) {
     const std::size_t e = line.SrcWork.find(Char('='));
     if (e == line.SrcWork.npos || e > line.SrcWork.find(Char('\''))) continue;
     line.SrcWork = closeUp(store.arena, line.SrcWork, e);
     if (!holdsSignAndBlank(line.SrcWork)) continue;
-    a.cs.report<Family, blankBehindSign>(line.Line, quote(line.SrcWork));
+    a.cs.report(blankBehindSign, line.Line, quote(line.SrcWork));
     return;
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void edit30c<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void edit30c<char16_t>(Assembly&, int);
+template void edit30c<char>(Assembly&, int);
 
 }  // namespace zelvaro

@@ -10,6 +10,7 @@ namespace zelvaro {
 namespace {
 
 constexpr Message blankBehindSign{
+    "number-sign-blank",
     Severity::Error,
     Head::Line,
     args("quote"),
@@ -22,25 +23,25 @@ constexpr Message blankBehindSign{
 /// Whether the first sign stands in front of the first apostrophe, and some sign in front of a blank.
 template <class Char>
 bool isFaulty(std::basic_string_view<Char> text) {
-  const auto sign = std::ranges::find_if(text, isSign<Char>);
+  const auto sign = std::ranges::find_if(text, isSignOrHash<Char>);
   if (sign == text.end() || static_cast<std::size_t>(sign - text.begin()) > text.find(Char('\'')))
     return false;
-  return std::adjacent_find(sign, text.end(), [](Char c, Char next) { return isSign(c) && isBlank(next); }) !=
-         text.end();
+  return std::adjacent_find(sign, text.end(),
+                            [](Char c, Char next) { return isSignOrHash(c) && isBlank(next); }) != text.end();
 }
 
 }  // namespace
 
-template <class Family>
+template <class Char>
 void edit50(Assembly& a, int prg) {
-  for (const auto& line : a.store<Family>().linesBeforeEnd(a.program<Family>(prg))) {
+  for (const auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg))) {
     if (!isFaulty(line.SrcWork)) continue;
-    a.cs.report<Family, blankBehindSign>(line.Line, quote(line.SrcWork));
+    a.cs.report(blankBehindSign, line.Line, quote(line.SrcWork));
     return;
   }
 }
 
-#define ZELVARO_INSTANTIATE(F) template void edit50<F>(Assembly&, int);
-ZELVARO_FAMILIES(ZELVARO_INSTANTIATE)
+template void edit50<char16_t>(Assembly&, int);
+template void edit50<char>(Assembly&, int);
 
 }  // namespace zelvaro

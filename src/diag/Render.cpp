@@ -1,0 +1,118 @@
+#include "diag/Render.h"
+
+#include <fmt/args.h>
+#include <fmt/format.h>
+
+#include "diag/Heads.h"
+
+namespace zelvaro {
+namespace {
+
+std::string valueOf(const MsgArg& arg) {
+  return arg.kind == MsgArg::Kind::Quoted ? quotedText(arg.text) : arg.text;
+}
+
+std::string fillHoles(std::string_view text, const Diagnostic& d) {
+  if (text.find('{') == std::string_view::npos) return std::string(text);
+  fmt::dynamic_format_arg_store<fmt::format_context> store;
+  std::size_t i = 0;
+  for (const MsgArg& arg : d.args) store.push_back(fmt::arg(d.row->argName[i++], valueOf(arg)));
+  store.push_back(fmt::arg("line", d.line + 1));
+  return fmt::vformat(text, store);
+}
+
+std::string lineHead(Severity severity, Language language, int line) {
+  const std::string head(severityHead(severity).in(language));
+  const std::string number = std::to_string(line + 1);
+  return language == Language::Japanese ? head + number + std::string(kLineWord.ja)
+                                        : head + std::string(kLineWord.en) + number;
+}
+
+std::string headOf(const Diagnostic& d, Wording wording) {
+  const Language language = wording.language;
+  const MessageRow& row = *d.row;
+  const bool english = language == Language::English;
+  switch (row.head) {
+    case Head::None:
+    case Head::Open:
+      return {};
+    case Head::Prefix:
+      return std::string(logPrefix(row.severity).in(language));
+    case Head::Bare:
+      return std::string(severityHead(row.severity).in(language));
+    case Head::Line:
+      return lineHead(row.severity, language, d.line) + (english ? ": " : "");
+    case Head::BreakLine:
+      return "\n" + lineHead(row.severity, language, d.line) + (english ? ": " : "");
+    case Head::LineBlank:
+      return lineHead(row.severity, language, d.line) + (english ? " " : "");
+    case Head::LineBare:
+      return lineHead(row.severity, language, d.line);
+    case Head::QuoteLine: {
+      const std::string number = std::to_string(d.line + 1);
+      return std::string(severityHead(row.severity).in(language)) + valueOf(d.args.front()) +
+             (english ? std::string(kLineWord.en) + number + ": " : number + std::string(kLineWord.ja));
+    }
+    case Head::Own:
+      return fillHoles(row.headText(wording.family, language), d);
+  }
+  return {};
+}
+
+struct Filled {
+  std::string head;             ///< what is printed first, a leading quote of the text included
+  std::string text;             ///< the message's own text, without a line break at its beginning
+  bool breakAfterHead = false;  ///< the text is printed on a line of its own
+};
+
+Filled fill(const Diagnostic& d, Wording wording) {
+  Filled out{headOf(d, wording), {}, false};
+  std::string_view text = d.row->text(wording.family, wording.language);
+  if (d.row->head == Head::Open) return {{}, fillHoles(text, d), false};
+  // A quote directly after the head belongs to the head: the replay leaves it out.
+  constexpr std::string_view kQuoteHole = "{quote}";
+  if (text.starts_with(kQuoteHole) && d.row->head != Head::None) {
+    out.head += fillHoles(kQuoteHole, d);
+    text.remove_prefix(kQuoteHole.size());
+  }
+  if (text.starts_with('\n')) {
+    out.breakAfterHead = true;
+    text.remove_prefix(1);
+  }
+  out.text = fillHoles(text, d);
+  return out;
+}
+
+}  // namespace
+
+std::string render(const Diagnostic& d, Wording wording) {
+  Filled filled = fill(d, wording);
+  std::string printed = std::move(filled.head);
+  if (filled.breakAfterHead) printed += '\n';
+  printed += filled.text;
+  if (d.row->head != Head::Open) printed += '\n';
+  return printed;
+}
+
+std::string renderText(const Diagnostic& d, Wording wording) {
+  return fill(d, wording).text;
+}
+
+std::string quotedText(std::string_view utf8) {
+  return " \"" + std::string(utf8) + "\" ";
+}
+
+std::string ordinal(long long n) {
+  switch (n) {
+    case 1:
+      return "1st";
+    case 2:
+      return "2nd";
+    case 3:
+      return "3rd";
+    default:
+      return std::to_string(n) + "th";
+  }
+}
+
+}  // namespace zelvaro
