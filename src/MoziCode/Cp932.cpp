@@ -134,6 +134,19 @@ std::string cp932ToUtf8(std::string_view bytes) {
   return isAscii(bytes) ? std::string(bytes) : toUtf8(cp932ToUtf16(bytes));
 }
 
+std::string fileTextAsUtf8(std::string_view bytes) {
+  const bool little = bytes.starts_with(kUtf16LeMark);
+  if (little || bytes.starts_with(kUtf16BeMark)) {
+    std::u16string text;
+    const Utf16Units units(bytes, little);
+    for (std::size_t i = 1; i < units.size(); ++i) text += units[i];
+    return toUtf8(text);
+  }
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  std::u16string text;
+  return utf8ToUtf16(bytes, text) ? std::string(bytes) : cp932ToUtf8(bytes);
+}
+
 bool isFullWidth(char16_t c) {
   if (isAscii(c)) return false;
   char code[4] = {};

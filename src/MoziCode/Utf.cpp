@@ -6,13 +6,6 @@
 namespace zelvaro {
 namespace {
 
-bool isHighSurrogate(char16_t c) {
-  return (c & 0xFC00) == 0xD800;
-}
-bool isLowSurrogate(char16_t c) {
-  return (c & 0xFC00) == 0xDC00;
-}
-
 /// Length of the sequence that `lead` announces and the range of its second byte; 0 for no lead byte.
 struct Sequence {
   int length;
@@ -47,6 +40,27 @@ bool decodeSequence(std::string_view bytes, std::size_t& i, char32_t& codePoint)
     ++i;
   }
   return true;
+}
+
+/// How many bytes the character has that begins with `c`, by its first byte alone.
+std::size_t announcedLength(char c) {
+  const auto b = static_cast<unsigned char>(c);
+  return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
+}
+
+/// Takes one blank of any kind off either end; false if there is none.
+bool dropBlank(std::string_view& utf8) {
+  for (const std::string_view blank : {std::string_view(" "), std::string_view("\t"), kZenKakuSpaceUtf8}) {
+    if (utf8.starts_with(blank)) {
+      utf8.remove_prefix(blank.size());
+      return true;
+    }
+    if (utf8.ends_with(blank)) {
+      utf8.remove_suffix(blank.size());
+      return true;
+    }
+  }
+  return false;
 }
 
 void appendUtf16(std::u16string& out, char32_t codePoint) {
@@ -128,6 +142,26 @@ bool isAscii(std::string_view bytes) {
   }
   for (; i < bytes.size(); ++i) seen |= static_cast<unsigned char>(bytes[i]);
   return (seen & 0x8080808080808080u) == 0;
+}
+
+std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
+  for (std::size_t i = 0; i < utf8.size(); ++i)
+    if (!isContinuation(utf8[i]) && count-- == 0) return utf8.substr(0, i);
+  return utf8;
+}
+
+std::string_view firstBytes(std::string_view utf8, std::size_t most) {
+  if (utf8.size() <= most) return utf8;
+  std::size_t lead = most - 1;
+  while (lead > most - 3 && isContinuation(utf8[lead])) --lead;
+  const bool isCut = isContinuation(utf8[most]) && lead + announcedLength(utf8[lead]) > most;
+  return utf8.substr(0, isCut ? lead : most);
+}
+
+std::string_view trimAnyBlanks(std::string_view utf8) {
+  while (dropBlank(utf8)) {
+  }
+  return utf8;
 }
 
 }  // namespace zelvaro

@@ -8,7 +8,11 @@
 namespace zelvaro {
 
 inline constexpr char16_t kReplacement = 0xFFFD;
-inline constexpr char16_t kZenKakuSpace = 0x3000;  ///< the full-width space; no blank for any stage
+inline constexpr std::string_view kZenKakuSpaceUtf8 = "\u3000";  ///< the full-width space
+// byte order marks, as bytes of a file
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16LeMark = "\xFF\xFE";
+inline constexpr std::string_view kUtf16BeMark = "\xFE\xFF";
 
 /// UTF-16 to UTF-8.  A lone surrogate becomes U+FFFD; a pair is one character.
 std::string toUtf8(std::u16string_view text);
@@ -20,5 +24,41 @@ std::u16string toUtf16(std::string_view utf8);
 
 /// Whether all bytes are below 0x80.
 bool isAscii(std::string_view bytes);
+
+constexpr bool isHighSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xD800;
+}
+constexpr bool isLowSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xDC00;
+}
+/// Whether a byte of UTF-8 is not the first of its character.
+constexpr bool isContinuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
+}
+
+/// The first characters of UTF-8 text, `count` at most.
+std::string_view firstCharacters(std::string_view utf8, std::size_t count);
+/// The first bytes of UTF-8 text, `most` at most (4 or more), without a part of a character at the end.
+std::string_view firstBytes(std::string_view utf8, std::size_t most);
+/// UTF-8 text without spaces, tabs and full-width spaces at either end.
+std::string_view trimAnyBlanks(std::string_view utf8);
+
+/// The 16-bit units of UTF-16 text in bytes; an odd byte at the end is not one of them.
+class Utf16Units {
+ public:
+  Utf16Units(std::string_view bytes, bool littleEndian)
+      : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
+        size_(bytes.size() / 2),
+        low_(littleEndian ? 0 : 1) {}
+  std::size_t size() const { return size_; }
+  char16_t operator[](std::size_t i) const {
+    return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));
+  }
+
+ private:
+  const unsigned char* bytes_;
+  std::size_t size_;
+  std::size_t low_;  ///< which byte of a pair is the low one
+};
 
 }  // namespace zelvaro

@@ -7,8 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "MoziCode/Cp932.h"
-#include "MoziCode/Utf.h"
+#include "MoziCode/Characters.h"
 #include "platform/Files.h"
 #include "platform/PosixPlatform.h"
 #include "platform/Programs.h"
@@ -18,23 +17,6 @@ namespace {
 
 std::string inWords(bool english, const std::string& ja, const std::string& en) {
   return english ? en : ja;
-}
-
-/// A text file of any of the encodings that a source may have, for the console.
-std::string asUtf8(std::string_view bytes) {
-  const bool little = bytes.starts_with("\xFF\xFE");
-  if (little || bytes.starts_with("\xFE\xFF")) {
-    std::u16string text;
-    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
-      const auto first = static_cast<unsigned char>(bytes[i]);
-      const auto second = static_cast<unsigned char>(bytes[i + 1]);
-      text += static_cast<char16_t>(little ? first | (second << 8) : (first << 8) | second);
-    }
-    return toUtf8(text);
-  }
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-  std::u16string text;
-  return utf8ToUtf16(bytes, text) ? std::string(bytes) : cp932ToUtf8(bytes);
 }
 
 /// CR LF read as line ends: a terminal would show the CR.
@@ -48,8 +30,7 @@ std::string withLineFeeds(std::string text) {
 }
 
 bool isYes(std::string_view answer) {
-  while (!answer.empty() && (answer.front() == ' ' || answer.front() == '\t')) answer.remove_prefix(1);
-  while (!answer.empty() && (answer.back() == ' ' || answer.back() == '\t')) answer.remove_suffix(1);
+  answer = trim(answer);
   constexpr std::array<std::string_view, 6> kYes = {"y", "Y", "yes", "はい", "ｙ", "Ｙ"};
   for (const std::string_view yes : kYes)
     if (answer == yes) return true;
@@ -99,7 +80,7 @@ void PosixPlatform::printFile(const std::string& path, bool english) {
   FileFailure failure;
   const auto bytes = readFile(path, &failure);
   if (bytes) {
-    print(withLineFeeds(asUtf8(*bytes)));
+    print(withLineFeeds(fileTextAsUtf8(*bytes)));
   } else {
     print(inWords(english, "'" + path + "' を表示できません。 (" + failure.reason + ")\n",
                   "'" + path + "' cannot be shown. (" + failure.reason + ")\n"));
@@ -153,7 +134,7 @@ void PosixPlatform::openDocument(const std::string& path, bool english) {
   }
   if (openOnDesktop(path)) return;
   if (bytes->find('\0') == std::string::npos) {
-    print(withLineFeeds(asUtf8(*bytes)));
+    print(withLineFeeds(fileTextAsUtf8(*bytes)));
     return;
   }
   const auto folder = workingDirectory(nullptr);
