@@ -1,4 +1,5 @@
-// CP932 (Shift-JIS with Microsoft's mapping), both ways, through iconv.
+// CP932 (Shift-JIS with Microsoft's mapping), both ways, by a table of our own: the same on every platform, and
+// without state, so any number of threads may use it.
 #pragma once
 
 #include <string>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,27 @@ void appendUtf8(std::string& out, char32_t codePoint);
 /// UTF-8 to UTF-16.  Returns false if an ill-formed part was replaced.
 bool utf8ToUtf16(std::string_view bytes, std::u16string& out);
 std::u16string toUtf16(std::string_view utf8);
+
+/// What is at the front of a UTF-8 text.
+struct Utf8Mozi {
+  enum class Kind : std::uint8_t {
+    Whole,      ///< a character
+    Cut,        ///< the bytes end within what may become a character
+    IllFormed,  ///< no character: longer than needed, a surrogate, beyond U+10FFFF, a stray byte
+  };
+  Kind kind = Kind::IllFormed;
+  std::size_t size = 0;    ///< its bytes; of an ill-formed part, those that a character could have begun with
+  char32_t codePoint = 0;  ///< of a whole character
+};
+/// Looks at the first character of `bytes`, which are not empty.
+Utf8Mozi decodeUtf8(std::string_view bytes);
+
+/// Whether a character does more on a terminal than show itself, so that it has to be shown by its number: it
+/// steers the terminal (C0, C1, line and paragraph separators), reorders the text around it (bidirectional
+/// controls), is invisible (tags, fillers, joiners of words and the like) or no character at all (surrogates,
+/// beyond U+10FFFF).  Line feed and tab are among them; a caller that wants them lets them pass.  What ordinary
+/// writing needs is not: combining marks, variation selectors, the joiners in emoji.
+bool isUnsafeOnTerminal(char32_t codePoint);
 
 /// Whether all bytes are below 0x80.
 bool isAscii(std::string_view bytes);
