@@ -3,6 +3,7 @@
 #include <array>
 
 #include "diag/Say.h"
+#include "shell/UserCommands.h"
 
 namespace zelvaro {
 namespace {
@@ -22,17 +23,16 @@ constexpr Message noHelp{Severity::Plain,
 }  // namespace
 
 void openHelpFile(TSession& s, int lang) {
-  const bool english = lang != kJapanese;
   const std::string help(kHelpFile);
   if (s.platform.canRead(help)) {
-    s.platform.openDocument(help, english);
+    openDocument(s.platform, lang, help);
     return;
   }
   const std::string guide(inLanguage(lang, "GUIDE.ja.md", "GUIDE.en.md"));
   for (const std::string_view folder : kGuideFolders) {
     const std::string path = std::string(folder) + guide;
     if (!s.platform.canRead(path)) continue;
-    s.platform.editFile(s.editorData.Command, path, english);
+    editFile(s.platform, lang, s.editorData.Command, path);
     return;
   }
   say<WP, noHelp>(s.platform, lang, help, guide);

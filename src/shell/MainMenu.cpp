@@ -7,6 +7,7 @@
 #include "shell/ModeSelector.h"
 #include "shell/Prompt.h"
 #include "shell/Settings.h"
+#include "shell/UserCommands.h"
 
 namespace zelvaro {
 namespace {
@@ -26,7 +27,6 @@ struct Command {
     return inLanguage(game.Lang, ja, en);
   }
   void print(std::string_view ja, std::string_view en) const { game.print(say(ja, en)); }
-  bool english() const { return game.Lang != kJapanese; }
 };
 
 /// A command's result: one of the menu, or nothing where the menu stays.
@@ -39,7 +39,7 @@ void printTryAgain(const Command& c) {
 /// Shows a file with the editor in use.  No editor is opened without a name.
 Result showFile(const Command& c, const std::string& name) {
   if (!name.empty())
-    c.s.platform.editFile(c.s.editorData.Command, nativePath(NormalizePath(name)), c.english());
+    editFile(c.s.platform, c.game.Lang, c.s.editorData.Command, nativePath(NormalizePath(name)));
   return MenuDone;
 }
 
@@ -65,7 +65,7 @@ Result showResultant(const Command& c) {
   return showFile(c, std::string(ResultantRegFile));
 }
 
-Result listFolder(const Command& c) {
+Result listNamedFolder(const Command& c) {
   c.print("フォルダ名を入力してください。　例１： src  例２：　src/example\n",
           "Input a folder name.  eg1:  src     eg2:  src/example\n");
   const std::optional<std::string> typed = askLine(c.s.platform, kFolderLimit);
@@ -73,7 +73,7 @@ Result listFolder(const Command& c) {
   const std::string folder = NormalizePath(*typed);
   if (folder.empty()) c.game.print("No Input Error!\n");
   // Without a name it is the working directory that is listed.
-  c.s.platform.listFolder(folder.empty() ? "." : nativePath(folder), c.english());
+  listFolder(c.s.platform, c.game.Lang, folder.empty() ? "." : nativePath(folder));
   return MenuDone;
 }
 
@@ -105,7 +105,7 @@ Result selectMode(const Command& c) {
 }
 
 Result editSettings(const Command& c) {
-  c.s.platform.editFile(EditorCommand{}, std::string(kIniFile), c.english());
+  editFile(c.s.platform, c.game.Lang, EditorCommand{}, std::string(kIniFile));
   ReadIni(c.s, std::string(kIniFile));
   return MenuDone;
 }
@@ -117,7 +117,7 @@ Result toggleLanguage(const Command& c) {
 }
 
 Result deleteSettings(const Command& c) {
-  c.s.platform.deleteAfterQuestion(std::string(kIniFile), c.english());
+  deleteAfterQuestion(c.s.platform, c.game.Lang, std::string(kIniFile));
   return std::nullopt;
 }
 
@@ -173,7 +173,7 @@ constexpr std::array kMenuRows{
         {" 4.  指定フォルダの中のファイルリストを表示 ", " 4.  shows a list of files in a specified folder."},
         "",
         kBothMenus,
-        listFolder},
+        listNamedFolder},
     MenuRow{5,
             {" 5.  指定のテキストファイルを表示する。",
              " 5.  displays a specified text file.   e.g.  src/list792j.txt"},
