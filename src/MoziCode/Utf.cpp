@@ -45,27 +45,6 @@ bool dropBlank(std::string_view& utf8) {
   return false;
 }
 
-/// How many bytes the character has that begins with `c`, by its first byte alone.
-std::size_t announcedLength(char c) {
-  const auto b = static_cast<unsigned char>(c);
-  return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
-}
-
-/// Takes one blank of any kind off either end; false if there is none.
-bool dropBlank(std::string_view& utf8) {
-  for (const std::string_view blank : {std::string_view(" "), std::string_view("\t"), kZenKakuSpaceUtf8}) {
-    if (utf8.starts_with(blank)) {
-      utf8.remove_prefix(blank.size());
-      return true;
-    }
-    if (utf8.ends_with(blank)) {
-      utf8.remove_suffix(blank.size());
-      return true;
-    }
-  }
-  return false;
-}
-
 void appendUtf16(std::u16string& out, char32_t codePoint) {
   if (codePoint < 0x10000) {
     out.push_back(static_cast<char16_t>(codePoint));

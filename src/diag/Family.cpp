@@ -16,7 +16,7 @@ constexpr bool no = false;
 //   labelAlone, knowsEXIT, asksForOprndsOfLD, reportsDoubleComma, explainsDsNumber, notesLiteralRange,
 //     prgNameIsEntry, prgNameInDC, ownNameIsLabel, warnsOfExternalName, nameOrder, entryAddress
 //   dataPlace, linkTest, keepsWords, linksEmptyString, mostWords, runLimit, countsStart, storeWarning, report
-//   keepsLog, testsEditor, testsResults, savesSettings, timeLines, menu
+//   keepsLog, testsEditor, savesSettings, timeLines
 //
 // A fixed buffer of wide text holds 225 characters; one of narrow text 250 bytes, its terminator among them.
 //
@@ -26,37 +26,37 @@ constexpr std::array kFamilies{
     TextForm::Wide,   Loader::Detecting, Blanks::OneInFront,   kNoLimit, no,  kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  yes, yes, no,  no,  yes, yes, yes, yes, NameOrder::ProgramsFirst, EntryAddress::FromAddressPass,
     DataPlace::InLine,    LinkTest::AfterEachStep,  no,  no,  kGreatestImage, tMaxMemory, CountsStart::WithRun,   StoreWarning::OnceARun,       ReportForm::Wide,
-    yes, yes, yes, yes, TimeLines::General, MenuForm::Full},
+    yes, yes, yes, TimeLines::General},
   Family{FamilyId::NWW, "NWW", "",
     TextForm::Wide,   Loader::Detecting, Blanks::OneInFront,   225,      yes, kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  no,  no,  no,  no,  yes, yes, yes, yes, NameOrder::ProgramsFirst, EntryAddress::FromAddressPass,
     DataPlace::InLine,    LinkTest::AfterAddresses, no,  no,  kGreatestImage, tMaxMemory, CountsStart::WithRun,   StoreWarning::OnceARun,       ReportForm::Wide,
-    no,  no,  yes, yes, TimeLines::General, MenuForm::Full},
+    no,  no,  yes, TimeLines::General},
   Family{FamilyId::NwW, "NwW", "",
     TextForm::Wide,   Loader::Detecting, Blanks::OneInFront,   225,      yes, kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  no,  no,  no,  no,  yes, yes, yes, yes, NameOrder::ProgramsFirst, EntryAddress::FromAddressPass,
     DataPlace::InLine,    LinkTest::AfterAddresses, no,  no,  kGreatestImage, tMaxMemory, CountsStart::WithRun,   StoreWarning::OnceARun,       ReportForm::Wide,
-    no,  no,  yes, yes, TimeLines::General, MenuForm::Full},
+    no,  no,  yes, TimeLines::General},
   Family{FamilyId::NaW, "NaW", "std::wstring",
     TextForm::Wide,   Loader::Widened,   Blanks::OneInFront,   225,      yes, kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  no,  no,  no,  no,  yes, yes, yes, yes, NameOrder::ProgramsFirst, EntryAddress::FromAddressPass,
     DataPlace::InLine,    LinkTest::AfterAddresses, no,  no,  kGreatestImage, tMaxMemory, CountsStart::WithRun,   StoreWarning::OnceARun,       ReportForm::Wide,
-    yes, yes, yes, yes, TimeLines::General, MenuForm::Full},
+    yes, yes, yes, TimeLines::General},
   Family{FamilyId::AP, "AP", "std::string",
     TextForm::Narrow, Loader::Narrow,    Blanks::OneInFront,   kNoLimit, no,  kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  no,  no,  no,  no,  no,  no,  yes, yes, NameOrder::ProgramsFirst, EntryAddress::CountedAhead,
     DataPlace::InLine,    LinkTest::AfterAddresses, yes, yes, kGreatestImage, tMaxMemory, CountsStart::WithReset, StoreWarning::OnceARun,       ReportForm::Narrow,
-    no,  yes, yes, yes, TimeLines::General, MenuForm::Full},
+    no,  yes, yes, TimeLines::General},
   Family{FamilyId::NA, "NA", "std::string",
     TextForm::Narrow, Loader::Narrow,    Blanks::OneInFront,   249,      no,  kNoLimit,         kNoLimit,       kNoLimit,       kNoLimit,
     no,  no,  no,  no,  no,  no,  no,  yes, yes, yes, NameOrder::ProgramsFirst, EntryAddress::CountedAhead,
     DataPlace::InLine,    LinkTest::AfterAddresses, yes, yes, kGreatestImage, tMaxMemory, CountsStart::WithReset, StoreWarning::OnceARun,       ReportForm::Narrow,
-    no,  yes, yes, yes, TimeLines::General, MenuForm::Full},
+    no,  yes, yes, TimeLines::General},
   Family{FamilyId::NH, "NH", "char chH[]",
     TextForm::Narrow, Loader::Fixed,     Blanks::FirstTwoRuns, 249,      no,  kFixedNameLength, kFixedPrograms, kFixedDcOprnds, kFixedOpLength,
     yes, yes, no,  no,  yes, yes, no,  yes, no,  no,  NameOrder::LabelsFirst,   EntryAddress::FromAddressPass,
     DataPlace::AfterCode, LinkTest::AfterAddresses, yes, yes, MaxMemory,      MaxMemory,  CountsStart::WithReset, StoreWarning::EachNewAddress, ReportForm::Fixed,
-    no,  yes, no,  no,  TimeLines::Fixed,   MenuForm::Fixed},
+    no,  yes, no,  TimeLines::Fixed},
 };
 // clang-format on
 

@@ -77,8 +77,6 @@ enum class StoreWarning : std::uint8_t { OnceARun, EachNewAddress };
 
 enum class ReportForm : std::uint8_t { Wide, Narrow, Fixed };
 enum class TimeLines : std::uint8_t { General, Fixed };
-/// Which menu a pipeline shows.
-enum class MenuForm : std::uint8_t { Full, Fixed };
 
 /// Means "no limit" in a column that holds one.
 inline constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
@@ -128,10 +126,8 @@ struct Family {
   // --- dialogue ---
   bool keepsLog;       ///< messages of checks are logged, and replayed after a run with Errors
   bool testsEditor;    ///< the slot of the editor is tested at the start
-  bool testsResults;   ///< a negative result of a stage counts as a fault, not the tallies alone
   bool savesSettings;  ///< leaving writes the settings
   TimeLines timeLines;
-  MenuForm menu;
 };
 
 std::span<const Family> families();

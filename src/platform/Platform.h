@@ -1,4 +1,4 @@
-// All that the program knows of the outside world.  PosixPlatform implements it; tests use a scripted one.
+// The interface to the outside world.  PosixPlatform implements it; tests use a scripted one.
 #pragma once
 
 #include <cstdint>
@@ -40,6 +40,20 @@ struct EditorCommand {
   std::string commandLine;  ///< UTF-8; empty: the platform's own editor
 };
 
+/// What came of an attempt to open a file in an editor.
+struct EditResult {
+  enum class Status : std::uint8_t {
+    Edited,     ///< the editor has run and ended
+    NoEditor,   ///< the platform has none of its own, or no terminal for it
+    NotStarted  ///< the editor's program does not start
+  };
+  Status status = Status::Edited;
+  std::string editor;  ///< name of the program that does not start
+  std::string reason;  ///< the operating system's words for it
+};
+
+/// All that the program knows of the outside world.  It prints nothing of its own: it returns results and
+/// reasons, and the shell words them.
 class Platform {
  public:
   virtual ~Platform() = default;
@@ -71,13 +85,15 @@ class Platform {
   virtual bool exists(const std::string& path) = 0;
   virtual bool renameFile(const std::string& from, const std::string& to) = 0;
 
-  // --- what the menu asks for; each prints its own words on a failure, in the language given ---
-  virtual void listFolder(const std::string& path, bool english) = 0;
-  virtual void deleteAfterQuestion(const std::string& path, bool english) = 0;
+  // --- what the menu asks for ---
+  /// Names of a folder's entries, a line each, sorted, folders with a "/" at their end; a file is its only
+  /// entry.  Nothing, with the reason, where the folder cannot be listed.
+  virtual std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) = 0;
+  virtual bool deleteFile(const std::string& path, FileFailure* failure) = 0;
   /// Opens a file in a text editor and waits for it.  Nothing goes through a shell.
-  virtual void editFile(const EditorCommand& editor, const std::string& path, bool english) = 0;
-  /// Hands a document to the desktop.  Does not wait.
-  virtual void openDocument(const std::string& path, bool english) = 0;
+  virtual EditResult editFile(const EditorCommand& editor, const std::string& path) = 0;
+  /// Hands a document to the desktop and does not wait.  False where there is no desktop.
+  virtual bool openOnDesktop(const std::string& path) = 0;
   virtual void bringConsoleToFront() = 0;
 
   // --- environment ---

@@ -35,10 +35,10 @@ class PosixPlatform : public Platform {
   bool exists(const std::string& path) override;
   bool renameFile(const std::string& from, const std::string& to) override;
 
-  void listFolder(const std::string& path, bool english) override;
-  void deleteAfterQuestion(const std::string& path, bool english) override;
-  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
-  void openDocument(const std::string& path, bool english) override;
+  std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
+  bool deleteFile(const std::string& path, FileFailure* failure) override;
+  EditResult editFile(const EditorCommand& editor, const std::string& path) override;
+  bool openOnDesktop(const std::string& path) override;
   void bringConsoleToFront() override {}
 
   std::optional<std::string> workingDirectory(FileFailure* failure) override;
@@ -51,10 +51,6 @@ class PosixPlatform : public Platform {
   int randomNumber() override;
 
  private:
-  void printFile(const std::string& path, bool english);
-  void runEditor(std::vector<std::string> command, const std::string& path, bool english);
-  bool openOnDesktop(const std::string& path);
-
   ConsoleInput input_;
   ConsoleOutput output_;
   std::mt19937 random_;

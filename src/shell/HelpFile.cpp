@@ -2,40 +2,33 @@
 
 #include <array>
 
+#include "shell/UserCommands.h"
+
 namespace zelvaro {
 namespace {
 
 constexpr std::string_view kHelpFile = "Zelvaro JPN Help.chm";
+constexpr Words kGuide{"GUIDE.ja.md", "GUIDE.en.md"};
 
-/// Where the guides lie: beside a workspace of the sources, and where an installation puts them.
+/// Where the guides are: beside a workspace of the sources, and where an installation puts them.
 constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
                                                         "/usr/local/share/doc/zelvaro/"};
 
-constexpr Message noHelp{"help-missing",
-                         Severity::Notice,
-                         Head::None,
-                         args("help", "guide"),
-                         {.ja = "ヘルプファイル {help} も手引き {guide} も見つかりませんでした。",
-                          .en = "Neither the help file {help} nor the guide {guide} was found."}};
+constexpr Message noHelp = notice("help-missing", args("help", "guide"),
+                                  {.ja = "ヘルプファイル {help} も手引き {guide} も見つかりませんでした。\n",
+                                   .en = "Neither the help file {help} nor the guide {guide} was found.\n"});
 
 }  // namespace
 
-void openHelpFile(TSession& s, int lang) {
-  const bool english = lang != kJapanese;
+void openHelpFile(TSession& s) {
   const std::string help(kHelpFile);
-  if (s.platform.canRead(help)) {
-    s.platform.openDocument(help, english);
-    return;
-  }
-  const std::string guide(inLanguage(lang, "GUIDE.ja.md", "GUIDE.en.md"));
+  if (s.platform.canRead(help)) return openDocument(s, help);
+  const std::string_view guide = kGuide.in(s.wording.language);
   for (const std::string_view folder : kGuideFolders) {
-    const std::string path = std::string(folder) + guide;
-    if (!s.platform.canRead(path)) continue;
-    s.platform.editFile(s.editorData.Command, path, english);
-    return;
+    const std::string path = std::string(folder) + std::string(guide);
+    if (s.platform.canRead(path)) return editFile(s, s.editorData.Command, path);
   }
-  say<WP, noHelp>(s.platform, lang, help, guide);
-  s.platform.print("\n");
+  s.channel.say(noHelp, help, guide);
 }
 
 }  // namespace zelvaro

@@ -6,7 +6,7 @@
 namespace zelvaro {
 
 /// Opens the help file.  Where it is not in the working directory, the guide in the learner's language is
-/// shown with the editor instead; with neither, what was looked for is told.
-void openHelpFile(TSession& s, int lang);
+/// shown with the editor instead; with neither, what was looked for is reported.
+void openHelpFile(TSession& s);
 
 }  // namespace zelvaro

@@ -7,6 +7,7 @@
 #include "shell/ModeSelector.h"
 #include "shell/Prompt.h"
 #include "shell/Settings.h"
+#include "shell/UserCommands.h"
 
 namespace zelvaro {
 namespace {
@@ -15,47 +16,60 @@ constexpr std::size_t kGoAheadLimit = 45;
 constexpr std::size_t kNumberLimit = 41;
 constexpr std::size_t kFolderLimit = 990;
 
+constexpr Message tryAgain = notice("try-again", args(), {.ja = "もう一度\n", .en = "Try it again!\n"});
+constexpr Message askFileToAssemble = notice("ask-file-to-assemble", args(),
+                                             {.ja = "\nファイル名(拡張子省略可) を入力してください。 \n",
+                                              .en = "\nInput a filename (with no extension). \n"});
+constexpr Message askFolder =
+    notice("ask-folder", args(),
+           {.ja = "フォルダ名を入力してください。　例１： src  例２：　src/example\n",
+            .en = "Input a folder name.  eg1:  src     eg2:  src/example\n"});
+constexpr Message noInput = notice("no-input", args(), bothLanguages("No Input Error!\n"));
+constexpr Message askFileToShow =
+    notice("ask-file-to-show", args(),
+           {.ja = "テキスト名を入力してください。　例１： src\\pn3035  　例２: src/list792j\n",
+            .en = "Input a text filename to edit. \n"});
+constexpr Message noMenuNumber = notice("no-menu-number", args(),
+                                        {.ja = "メニュー番号以外の入力がありましたのでもう一度！\n",
+                                         .en = "You are expected to input a good menu number.\n"});
+constexpr Message goAhead = notice(
+    "go-ahead", args(),
+    {.ja = "\n\n入力（Enter）キィを押すと次へ進む。\n", .en = "\n\nPress your Enter key to go next. \n"},
+    {{kNH, {.ja = {}, .en = "\n\nPress Enter key to go next. \n"}}});
+constexpr Message goAheadAgain =
+    notice("go-ahead-again", args(),
+           {.ja = "\n\n入力（Enter）キィを押すと次へ進む。\n", .en = "\n\n** Press Enter key to go next. \n"},
+           {{kNH, {.ja = {}, .en = "\n\nPress Enter key to go next. \n"}}});
+
 /// What a command works on.
 struct Command {
   TSession& s;
-  TMsgBase& game;
-  const Pipeline& pipeline;
+  const Family& family;
   std::string& name;  ///< the file to assemble
-
-  std::string_view say(std::string_view ja, std::string_view en) const {
-    return inLanguage(game.Lang, ja, en);
-  }
-  void print(std::string_view ja, std::string_view en) const { game.print(say(ja, en)); }
-  bool english() const { return game.Lang != kJapanese; }
 };
 
-/// A command's result: one of the menu, or nothing where the menu stays.
-using Result = std::optional<int>;
-
-void printTryAgain(const Command& c) {
-  c.print("もう一度\n", "Try it again!\n");
-}
+/// A command's result, or nothing where the menu stays.
+using Result = std::optional<MenuResult>;
 
 /// Shows a file with the editor in use.  No editor is opened without a name.
 Result showFile(const Command& c, const std::string& name) {
-  if (!name.empty())
-    c.s.platform.editFile(c.s.editorData.Command, nativePath(NormalizePath(name)), c.english());
-  return MenuDone;
+  if (!name.empty()) editFile(c.s, c.s.editorData.Command, nativePath(NormalizePath(name)));
+  return MenuResult::Done;
 }
 
 Result assembleNamed(const Command& c) {
-  c.print("\nファイル名(拡張子省略可) を入力してください。 \n", "\nInput a filename (with no extension). \n");
-  const std::optional<std::string> name = FindSrcFile(c.s.sh);
-  if (!name) return MenuExit;
+  c.s.channel.say(askFileToAssemble);
+  const std::optional<std::string> name = FindSrcFile(c.s.sh, c.s.platform);
+  if (!name) return MenuResult::Leave;
   c.name = *name;
   c.s.dg.ClearLog();
-  return MenuGoFile;
+  return MenuResult::File;
 }
 
 Result assembleLast(const Command& c) {
   c.name = c.s.b.SrcFilename = c.s.sh.LastSrcFile;
   c.s.dg.ClearLog();
-  return MenuGoFile;
+  return MenuResult::File;
 }
 
 Result showAssembled(const Command& c) {
@@ -65,73 +79,77 @@ Result showResultant(const Command& c) {
   return showFile(c, std::string(ResultantRegFile));
 }
 
-Result listFolder(const Command& c) {
-  c.print("フォルダ名を入力してください。　例１： src  例２：　src/example\n",
-          "Input a folder name.  eg1:  src     eg2:  src/example\n");
+Result listNamedFolder(const Command& c) {
+  c.s.channel.say(askFolder);
   const std::optional<std::string> typed = askLine(c.s.platform, kFolderLimit);
-  if (!typed) return MenuExit;
+  if (!typed) return MenuResult::Leave;
   const std::string folder = NormalizePath(*typed);
-  if (folder.empty()) c.game.print("No Input Error!\n");
+  if (folder.empty()) c.s.channel.say(noInput);
   // Without a name it is the working directory that is listed.
-  c.s.platform.listFolder(folder.empty() ? "." : nativePath(folder), c.english());
-  return MenuDone;
+  listFolder(c.s, folder.empty() ? "." : nativePath(folder));
+  return MenuResult::Done;
 }
 
 Result showNamed(const Command& c) {
-  c.print("テキスト名を入力してください。　例１： src\\pn3035  　例２: src/list792j\n",
-          "Input a text filename to edit. \n");
-  const std::optional<std::string> name = FindSrcFile(c.s.sh);
-  if (!name) return MenuExit;
+  c.s.channel.say(askFileToShow);
+  const std::optional<std::string> name = FindSrcFile(c.s.sh, c.s.platform);
+  if (!name) return MenuResult::Leave;
   return showFile(c, *name);
 }
 
 Result showLast(const Command& c) {
   if (c.s.sh.LastSrcFile.empty() && c.s.b.TextEditorIndex() != 0) {
-    printTryAgain(c);
+    c.s.channel.say(tryAgain);
     return std::nullopt;
   }
   return showFile(c, c.s.sh.LastSrcFile);
 }
 
 Result openHelp(const Command& c) {
-  openHelpFile(c.s, c.game.Lang);
-  return MenuDone;
+  openHelpFile(c.s);
+  return MenuResult::Done;
 }
 
 Result selectMode(const Command& c) {
-  const int changed = ModeSelector(c.s, c.game.Lang);
-  if (changed < 0) return std::nullopt;
-  return changed;
+  switch (ModeSelector(c.s)) {
+    case ModeChange::None:
+      return std::nullopt;
+    case ModeChange::Chosen:
+      return MenuResult::OtherPipeline;
+    case ModeChange::InputEnded:
+      break;
+  }
+  return MenuResult::Leave;
 }
 
 Result editSettings(const Command& c) {
-  c.s.platform.editFile(EditorCommand{}, std::string(kIniFile), c.english());
+  editFile(c.s, EditorCommand{}, std::string(kIniFile));
   ReadIni(c.s, std::string(kIniFile));
-  return MenuDone;
+  return MenuResult::Done;
 }
 
 Result toggleLanguage(const Command& c) {
-  c.game.Lang = c.game.Lang == kJapanese ? kEnglish : kJapanese;
-  c.s.setLanguage(c.game.Lang);
+  Language& language = c.s.wording.language;
+  language = language == Language::Japanese ? Language::English : Language::Japanese;
   return std::nullopt;
 }
 
 Result deleteSettings(const Command& c) {
-  c.s.platform.deleteAfterQuestion(std::string(kIniFile), c.english());
+  deleteAfterQuestion(c.s, std::string(kIniFile));
   return std::nullopt;
 }
 
 Result leave(const Command& c) {
-  if (c.pipeline.savesSettings) WriteIni(c.s, std::string(kIniFile));
-  return MenuExit;
+  if (c.family.savesSettings) WriteIni(c.s, std::string(kIniFile));
+  return MenuResult::Leave;
 }
 
 struct MenuRow {
   int number;
   Words longText;           ///< empty: not listed
   Words shortText;          ///< empty: not listed in the short menu
-  std::string_view report;  ///< a report's name behind the text
-  MenuOf menus;             ///< the menus that know the command; both list it in the same words
+  std::string_view report;  ///< a report's name after the text
+  FamilySet families;       ///< those that know the command
   Result (*run)(const Command&);
 };
 
@@ -145,26 +163,26 @@ constexpr std::array kMenuRows{
              " 1.  Input a filename to assemble.   e.g.  src/pn100.txt"},
             {" 1.  ファイル名（プログラム名）を指定する。", " 1.  Input a filename to assemble."},
             "",
-            kBothMenus,
+            kAll,
             assembleNamed},
     MenuRow{11,
             {"11.  前回アセンブルまたは開いたファイルを再アセンブルする。",
              "11.  assembles the previously assembled or opened file once again. "},
             {"11.  前回のファイルを再アセンブルする。", "11.  assembles the previous file once again. "},
             "",
-            kBothMenus,
+            kAll,
             assembleLast},
     MenuRow{2,
             {" 2.  アセンブル結果 を表示する。", " 2.  shows an assembled result of "},
             {" 2.  ", " 2.  "},
             AssembledRegFile,
-            kBothMenus,
+            kAll,
             showAssembled},
     MenuRow{3,
             {" 3.  実行結果       を表示する。", " 3.  shows an execution result of "},
             {" 3.  ", " 3.  "},
             ResultantRegFile,
-            kBothMenus,
+            kAll,
             showResultant},
     MenuRow{
         4,
@@ -172,79 +190,78 @@ constexpr std::array kMenuRows{
          " 4.  shows a list of files in a specified folder.   e.g.  src"},
         {" 4.  指定フォルダの中のファイルリストを表示 ", " 4.  shows a list of files in a specified folder."},
         "",
-        kBothMenus,
-        listFolder},
+        kAll,
+        listNamedFolder},
     MenuRow{5,
             {" 5.  指定のテキストファイルを表示する。",
              " 5.  displays a specified text file.   e.g.  src/list792j.txt"},
             {" 5.  指定のファイルを表示する。", " 5.  displays a specified text file."},
             "",
-            kBothMenus,
+            kAll,
             showNamed},
     MenuRow{55,
             {"55.  前回開いたまたはアセンブルしたファイルを再度開く。 ",
              "55.  displays the previously opened or assembled text file. "},
             {"55.  前回のファイルを再度開く。 ", "55.  displays the previous file. "},
             "",
-            kBothMenus,
+            kAll,
             showLast},
     MenuRow{10,
             {"10.  ヘルプファイルを表示する。", "10.  opens \"Zelvaro JPN Help.chm.\""},
             kUnlisted,
             "",
-            kMainMenu,
+            kAllButNH,
             openHelp},
     MenuRow{123,
             {"123  プログラムを終了する。", "123. Exit "},
             {"123 プログラムを終了する。", "123. Exit"},
             "",
-            kBothMenus,
+            kAll,
             leave},
-    MenuRow{7, kUnlisted, kUnlisted, "", kMainMenu, selectMode},
-    MenuRow{8, kUnlisted, kUnlisted, "", kMainMenu, editSettings},
-    MenuRow{9, kUnlisted, kUnlisted, "", kMainMenu, toggleLanguage},
-    MenuRow{85, kUnlisted, kUnlisted, "", kMainMenu, deleteSettings},
-    MenuRow{88, kUnlisted, kUnlisted, "", kMainMenu, deleteSettings},
+    MenuRow{7, kUnlisted, kUnlisted, "", kAllButNH, selectMode},
+    MenuRow{8, kUnlisted, kUnlisted, "", kAllButNH, editSettings},
+    MenuRow{9, kUnlisted, kUnlisted, "", kAllButNH, toggleLanguage},
+    MenuRow{85, kUnlisted, kUnlisted, "", kAllButNH, deleteSettings},
+    MenuRow{88, kUnlisted, kUnlisted, "", kAllButNH, deleteSettings},
 };
 
 void printMenu(const Command& c) {
   const bool isShort = c.s.modeData.SilentModeIndex != 0 || c.s.modeData.SimpleTitleIndex != 0;
-  std::string menu(c.say(kMenuHead.ja, kMenuHead.en));
+  const Language language = c.s.wording.language;
+  std::string menu = "\n" + std::string(kMenuHead.in(language));
   menu += '\n';
   for (const MenuRow& row : kMenuRows) {
     const Words& words = isShort ? row.shortText : row.longText;
-    const std::string_view text = c.say(words.ja, words.en);
+    const std::string_view text = words.in(language);
     if (text.empty()) continue;
     menu += text;
     menu += row.report;
     menu += '\n';
   }
-  menu += c.say(kMenuFoot.ja, kMenuFoot.en);
-  c.game.print(menu + "\n");
+  menu += kMenuFoot.in(language);
+  c.s.platform.print(menu + "\n");
 }
 
 /// Carries out the command of that number: its result, or nothing where the menu stays.
 Result carryOut(const Command& c, long number) {
   for (const MenuRow& row : kMenuRows)
-    if (row.number == number && (row.menus & c.pipeline.menu) != 0) return row.run(c);
-  printTryAgain(c);
+    if (row.number == number && row.families.contains(c.family.id)) return row.run(c);
+  c.s.channel.say(tryAgain);
   return std::nullopt;
 }
 
 }  // namespace
 
-int TMainMenu::MainMenu(const Pipeline& pipeline, std::string& name) {
-  const Command c{s_, game_, pipeline, name};
-  if (!askGoAhead(pipeline)) return MenuExit;
+MenuResult TMainMenu::MainMenu(const Family& family, std::string& name) {
+  const Command c{s_, family, name};
+  if (!askGoAhead()) return MenuResult::Leave;
   for (;;) {
-    game_.print("\n");
     printMenu(c);
     const std::optional<std::string> line = askLine(s_.platform, kNumberLimit);
-    if (!line) return MenuExit;
+    if (!line) return MenuResult::Leave;
     const long number = decimalNumber(withoutBlanks(*line)).value_or(0);
     if (number == 0) {
-      c.print("メニュー番号以外の入力がありましたのでもう一度！\n",
-              "You are expected to input a good menu number.\n");
+      s_.channel.say(noMenuNumber);
       continue;
     }
     if (const Result result = carryOut(c, number)) return *result;
@@ -252,15 +269,9 @@ int TMainMenu::MainMenu(const Pipeline& pipeline, std::string& name) {
 }
 
 /// Lets the user read what the last run has printed.  False at the end of the input.
-bool TMainMenu::askGoAhead(const Pipeline& pipeline) {
-  std::string_view en = "\nPress your Enter key to go next. ";
-  if (pipeline.menu == kMainMenuNH) {
-    en = "\nPress Enter key to go next. ";
-  } else if (askedInEnglish_) {
-    en = "\n** Press Enter key to go next. ";
-  }
-  if (game_.Lang != kJapanese) askedInEnglish_ = true;
-  game_.print("\n" + std::string(inLanguage(game_.Lang, "\n入力（Enter）キィを押すと次へ進む。", en)) + "\n");
+bool TMainMenu::askGoAhead() {
+  s_.channel.say(askedInEnglish_ ? goAheadAgain : goAhead);
+  if (s_.wording.language == Language::English) askedInEnglish_ = true;
   s_.platform.bringConsoleToFront();
   return askLine(s_.platform, kGoAheadLimit).has_value();
 }

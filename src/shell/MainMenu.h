@@ -1,27 +1,33 @@
 // The main menu: what the user asks for by number.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
-#include "shell/Pipelines.h"
+#include "shell/Session.h"
 
 namespace zelvaro {
 
+/// What a command of the menu leads to.
+enum class MenuResult : std::uint8_t {
+  File,           ///< a source file is to be assembled
+  Done,           ///< the command has been carried out; the menu comes again after the go-ahead prompt
+  OtherPipeline,  ///< the mode selector has stored another pipeline's name
+  Leave           ///< the user leaves, or the input has ended
+};
+
 class TMainMenu {
  public:
-  /// `game` holds TGame's copy of the language.
-  TMainMenu(TSession& s, TMsgBase& game) : s_(s), game_(game) {}
+  explicit TMainMenu(TSession& s) : s_(s) {}
 
-  /// Asks until a command leads out of the menu: MenuGoFile with a name (empty if no such file was
-  /// found), MenuModeChanged, MenuExit, or MenuDone.  The end of the input counts as MenuExit, and
-  /// nothing is saved then.
-  int MainMenu(const Pipeline& pipeline, std::string& name);
+  /// Asks until a command leads out of the menu; for MenuResult::File `name` is the file, empty if no such file
+  /// was found.  At the end of the input nothing is saved.
+  MenuResult MainMenu(const Family& family, std::string& name);
 
  private:
-  bool askGoAhead(const Pipeline& pipeline);
+  bool askGoAhead();
 
   TSession& s_;
-  TMsgBase& game_;
   bool askedInEnglish_ = false;  ///< the go-ahead prompt is in other words from the second time on
 };
 

@@ -3,13 +3,18 @@
 #include <array>
 #include <optional>
 
-#include "shell/Pipelines.h"
 #include "shell/Prompt.h"
 
 namespace zelvaro {
 namespace {
 
 constexpr std::size_t kNumberLimit = 41;
+
+constexpr Message head =
+    notice("mode-selector", args(), bothLanguages("Mode Selector: Input a menu number.\n"));
+constexpr Message noModeNumber = notice("no-mode-number", args(),
+                                        {.ja = "メニュー番号以外の入力がありましたのでもう一度！\n",
+                                         .en = "You are expected to input a happy menu number.\n"});
 
 struct ModeRow {
   long number;
@@ -38,27 +43,26 @@ std::string_view nameOf(long number) {
 }
 
 void printModes(TSession& s) {
-  s.platform.print("Mode Selector: Input a menu number.\n");
+  s.channel.say(head);
   for (const ModeRow& row : kModeRows) s.platform.print(std::string(row.text) + "\n");
 }
 
 }  // namespace
 
-int ModeSelector(TSession& s, int lang) {
+ModeChange ModeSelector(TSession& s) {
   for (;;) {
     printModes(s);
     const std::optional<std::string> line = askLine(s.platform, kNumberLimit);
-    if (!line) return MenuExit;
+    if (!line) return ModeChange::InputEnded;
     const std::optional<long> number = decimalNumber(withoutBlanks(*line));
     if (!number) {
-      s.platform.print(inLanguage(lang, "メニュー番号以外の入力がありましたのでもう一度！\n",
-                                  "You are expected to input a happy menu number.\n"));
+      s.channel.say(noModeNumber);
       continue;
     }
     const std::string_view name = nameOf(*number);
-    if (name.empty() || name == s.sh.FightFunc) return -1;
+    if (name.empty() || name == s.sh.FightFunc) return ModeChange::None;
     s.sh.FightFunc = name;
-    return MenuModeChanged;
+    return ModeChange::Chosen;
   }
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 using Tree = boost::property_tree::ptree;
 
-// What is told about the file is told in both languages: the user's own may be what could not be read.
+// What is reported about the file is reported in both languages: the user's own may be what could not be read.
 constexpr Message doesNotParse{
     "settings-not-parsed",
     Severity::Notice,
@@ -49,12 +49,14 @@ constexpr Message doesNotWrite{
     {.ja = "設定ファイル {path} に書き込めません： {reason}\n今の設定は保存されません。",
      .en = "The settings file {path} cannot be written: {reason}\nThe present settings are not saved."}};
 
-template <const Message& Row, class... Arg>
-void tell(TSession& s, const Arg&... arg) {
-  for (const int lang : {kJapanese, kEnglish}) {
-    say<WP, Row>(s.platform, lang, arg...);
-    s.platform.print("\n");
-  }
+template <std::size_t N, class... Arg>
+void report(TSession& s, const Message<N>& row, const Arg&... arg) {
+  for (const Language language : {Language::Japanese, Language::English})
+    s.platform.print(words({language, s.wording.family}, row, arg...) + "\n");
+}
+
+Language languageOf(bool japanese) {
+  return japanese ? Language::Japanese : Language::English;
 }
 
 /// A value of the file.  One with a control character would break its line: `otherwise` stands for it.
@@ -66,7 +68,7 @@ std::string storable(const std::string& value, std::string_view otherwise) {
 
 /// All that a settings file holds.
 struct Settings {
-  int lang = kEnglish;
+  Language language = Language::English;
   std::string FightFunc = "WP";
   std::string TimeFuncStr = "QPC";
   int TimeFuncInt = 0;
@@ -83,8 +85,8 @@ struct Settings {
 /// lack of memory for a value that is no number.
 Tree treeOf(const Settings& v) {
   Tree tree;
-  tree.put("Mode.LangStr", v.lang == kJapanese ? "JPN" : "ENU");
-  tree.put("Mode.LangInt", std::to_string(v.lang));
+  tree.put("Mode.LangStr", v.language == Language::Japanese ? "JPN" : "ENU");
+  tree.put("Mode.LangInt", v.language == Language::Japanese ? "0" : "1");
   tree.put("Mode.FightFunc", v.FightFunc);
   tree.put("Mode.TimeFuncStr", v.TimeFuncStr);
   tree.put("Mode.TimeFuncInt", std::to_string(v.TimeFuncInt));
@@ -100,7 +102,7 @@ Tree treeOf(const Settings& v) {
 
 Tree defaultTree(TSession& s) {
   Settings v;
-  v.lang = s.platform.userInterfaceIsJapanese() ? kJapanese : kEnglish;
+  v.language = languageOf(s.platform.userInterfaceIsJapanese());
   return treeOf(v);
 }
 
@@ -111,7 +113,7 @@ int zeroOrOne(int value) {
 
 Tree currentTree(TSession& s) {
   Settings v;
-  v.lang = s.sh.Lang;
+  v.language = s.wording.language;
   v.FightFunc = storable(s.sh.FightFunc, v.FightFunc);
   v.TimeFuncStr = s.timeData.ClockName;
   v.TimeFuncInt = s.timeData.ClockIndex;
@@ -137,16 +139,16 @@ void writeTree(TSession& s, const std::string& path, const Tree& tree) {
     if (file->commit()) return;
     failure.reason = file->reason();
   }
-  tell<doesNotWrite>(s, path, failure.reason);
+  report(s, doesNotWrite, path, failure.reason);
 }
 
 /// Puts a file that cannot be used aside, so that a default one can take its place.
 void keepAside(TSession& s, const std::string& path) {
   if (!s.platform.renameFile(path, path + ".bak")) {
-    tell<leftAlone>(s, path);
+    report(s, leftAlone, path);
     return;
   }
-  tell<keptAside>(s, path);
+  report(s, keptAside, path);
   WriteDefaultIni(s, path);
 }
 
@@ -155,7 +157,7 @@ Tree readTree(TSession& s, const std::string& path) {
   FileFailure failure;
   const std::optional<std::string> bytes = s.platform.readFile(path, &failure);
   if (!bytes) {
-    tell<doesNotOpen>(s, path, failure.reason);
+    report(s, doesNotOpen, path, failure.reason);
     keepAside(s, path);
     return defaultTree(s);
   }
@@ -166,14 +168,10 @@ Tree readTree(TSession& s, const std::string& path) {
     boost::property_tree::read_ini(text, tree);
     return tree;
   } catch (const boost::property_tree::ini_parser_error& e) {
-    tell<doesNotParse>(s, path, e.line(), e.message());
+    report(s, doesNotParse, path, e.line(), e.message());
   }
   keepAside(s, path);
   return defaultTree(s);
-}
-
-int languageOf(bool japanese) {
-  return japanese ? kJapanese : kEnglish;
 }
 
 std::string textOf(const Tree& tree, const char* key, const std::string& otherwise) {
@@ -196,8 +194,7 @@ void take(const Tree& tree, const char* key, std::string& value) {
 
 /// The order decides who wins: the later of two keys that set the same thing.
 void takeSettings(TSession& s, const Tree& tree) {
-  s.setLanguage(languageOf(numberOf(tree, "Mode.LangInt", kEnglish) == kJapanese));
-  s.setLanguage(languageOf(textOf(tree, "Mode.LangStr", "ENU") == "JPN"));
+  s.wording.language = languageOf(textOf(tree, "Mode.LangStr", "ENU") == "JPN");
   s.sh.FightFunc = textOf(tree, "Mode.FightFunc", "WP");
   s.timeData.SetClockByName(textOf(tree, "Mode.TimeFuncStr", "QPC"));
   s.timeData.SetClockByIndex(numberOf(tree, "Mode.TimeFuncInt", 0));

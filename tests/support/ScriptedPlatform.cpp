@@ -60,21 +60,24 @@ bool ScriptedPlatform::renameFile(const std::string& from, const std::string& to
   return true;
 }
 
-void ScriptedPlatform::listFolder(const std::string& path, bool) {
+std::optional<std::string> ScriptedPlatform::folderListing(const std::string& path, FileFailure*) {
   actions.push_back("list " + path);
+  return "";
 }
 
-void ScriptedPlatform::deleteAfterQuestion(const std::string& path, bool) {
+bool ScriptedPlatform::deleteFile(const std::string& path, FileFailure*) {
   actions.push_back("delete " + path);
-  files.erase(path);
+  return files.erase(path) != 0;
 }
 
-void ScriptedPlatform::editFile(const EditorCommand& editor, const std::string& path, bool) {
+EditResult ScriptedPlatform::editFile(const EditorCommand& editor, const std::string& path) {
   actions.push_back("edit [" + editor.commandLine + "] " + path);
+  return {};
 }
 
-void ScriptedPlatform::openDocument(const std::string& path, bool) {
+bool ScriptedPlatform::openOnDesktop(const std::string& path) {
   actions.push_back("open " + path);
+  return true;
 }
 
 }  // namespace zelvaro::test

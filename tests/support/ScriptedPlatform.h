@@ -33,10 +33,10 @@ class ScriptedPlatform : public Platform {
   std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
   bool exists(const std::string& path) override { return files.count(path) + folders.count(path) != 0; }
   bool renameFile(const std::string& from, const std::string& to) override;
-  void listFolder(const std::string& path, bool english) override;
-  void deleteAfterQuestion(const std::string& path, bool english) override;
-  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
-  void openDocument(const std::string& path, bool english) override;
+  std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
+  bool deleteFile(const std::string& path, FileFailure* failure) override;
+  EditResult editFile(const EditorCommand& editor, const std::string& path) override;
+  bool openOnDesktop(const std::string& path) override;
   void bringConsoleToFront() override {}
   std::optional<std::string> workingDirectory(FileFailure*) override { return "/work"; }
   bool userInterfaceIsJapanese() override { return japanese; }

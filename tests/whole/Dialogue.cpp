@@ -45,10 +45,10 @@ std::optional<std::string> WatchedPlatform::readLine() {
   return ScriptedPlatform::readLine();
 }
 
-void WatchedPlatform::editFile(const EditorCommand& editor, const std::string& path, bool english) {
-  ScriptedPlatform::editFile(editor, path, english);
+EditResult WatchedPlatform::editFile(const EditorCommand& editor, const std::string& path) {
   const auto edited = editing.find(path);
   if (edited != editing.end()) files[path] = edited->second;
+  return ScriptedPlatform::editFile(editor, path);
 }
 
 void WatchedPlatform::showActions() {

@@ -35,7 +35,7 @@ class WatchedPlatform : public ScriptedPlatform {
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
-  void editFile(const EditorCommand& editor, const std::string& path, bool english) override;
+  EditResult editFile(const EditorCommand& editor, const std::string& path) override;
 
  private:
   std::size_t actionsSeen_ = 0;

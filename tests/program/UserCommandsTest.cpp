@@ -4,10 +4,12 @@
 
 #include <csignal>
 
-#include "Descriptors.h"
-#include "TemporaryFolder.h"
+#include "diag/Message.h"
+#include "platform/Descriptors.h"
 #include "platform/PosixPlatform.h"
 #include "platform/Programs.h"
+#include "platform/TemporaryFolder.h"
+#include "shell/UserCommands.h"
 
 namespace zelvaro {
 namespace {
@@ -61,14 +63,14 @@ TEST(Programs, CommandLinesSplitAtBlanksOutsideQuotes) {
 TEST_F(UserCommandsTest, ListsAFolderSorted) {
   folder.write("b.txt", "");
   folder.write("A b.txt", "");
-  platform.listFolder(folder.path(), true);
+  listFolder(platform, kEnglish, folder.path());
   EXPECT_EQ(shown(), "A b.txt\nb.txt\nbin/\n");
-  platform.listFolder(folder.path("b.txt"), true);
+  listFolder(platform, kEnglish, folder.path("b.txt"));
   EXPECT_EQ(shown(), folder.path("b.txt") + "\n");
-  platform.listFolder(folder.path("none"), true);
+  listFolder(platform, kEnglish, folder.path("none"));
   EXPECT_EQ(shown(),
             "The folder '" + folder.path("none") + "' cannot be listed. (No such file or directory)\n");
-  platform.listFolder(folder.path("none"), false);
+  listFolder(platform, kJapanese, folder.path("none"));
   EXPECT_THAT(shown(), HasSubstr("一覧を表示できません"));
 }
 
@@ -76,14 +78,14 @@ TEST_F(UserCommandsTest, DeletesOnlyOnYes) {
   for (const char* no : {"", "n", "no", "yy", "delete", "いいえ"}) {
     folder.write("f", "text");
     send(in.second, no + "\n"s);
-    platform.deleteAfterQuestion(folder.path("f"), true);
+    deleteAfterQuestion(platform, kEnglish, folder.path("f"));
     EXPECT_TRUE(platform.exists(folder.path("f"))) << no;
     EXPECT_EQ(shown(), "Delete '" + folder.path("f") + "' (y/n)? It has not been deleted. \n");
   }
   for (const char* yes : {"y", "Y", " y ", "はい", "ｙ"}) {
     folder.write("f", "text");
     send(in.second, yes + "\n"s);
-    platform.deleteAfterQuestion(folder.path("f"), false);
+    deleteAfterQuestion(platform, kJapanese, folder.path("f"));
     EXPECT_FALSE(platform.exists(folder.path("f"))) << yes;
     EXPECT_EQ(shown(), "'" + folder.path("f") + "' を削除しますか (y/n)？ 削除しました。\n");
   }
@@ -91,13 +93,13 @@ TEST_F(UserCommandsTest, DeletesOnlyOnYes) {
 
 TEST_F(UserCommandsTest, NothingToDeleteIsNotAskedAbout) {
   send(in.second, "y\n");
-  platform.deleteAfterQuestion(folder.path("f"), true);
+  deleteAfterQuestion(platform, kEnglish, folder.path("f"));
   EXPECT_EQ(shown(), "There is no file '" + folder.path("f") + "'. \n");
-  platform.deleteAfterQuestion(folder.path("bin"), true);
+  deleteAfterQuestion(platform, kEnglish, folder.path("bin"));
   EXPECT_THAT(shown(), HasSubstr("cannot be deleted. (Is a directory)"));
   in.closeSecond();
   folder.write("f", "text");
-  platform.deleteAfterQuestion(folder.path("f"), true);
+  deleteAfterQuestion(platform, kEnglish, folder.path("f"));
   EXPECT_TRUE(platform.exists(folder.path("f"))) << "the end of the input is no yes";
 }
 
@@ -106,55 +108,55 @@ TEST_F(UserCommandsTest, AnEditorGetsTheFileAsOneArgument) {
   send(in.second, "the dialogue's own line\n");
   for (const char* name :
        {"plain.txt", "with blank.txt", "a;b$(id)`id`&|>x*.txt", "quo\"te'.txt", "\xFF\x80"}) {
-    platform.editFile({"\"" + editor + "\" --flag \"two words\""}, name, true);
+    editFile(platform, kEnglish, {"\"" + editor + "\" --flag \"two words\""}, name);
     EXPECT_EQ(folder.read("args"), "<--flag>\n<two words>\n<"s + name + ">\n");
     EXPECT_EQ(folder.read("stdin"), "");
   }
-  platform.editFile({"\"" + editor + "\""}, "-rf", true);
+  editFile(platform, kEnglish, {"\"" + editor + "\""}, "-rf");
   EXPECT_EQ(folder.read("args"), "<./-rf>\n");
   EXPECT_EQ(shown(), "");
   EXPECT_EQ(platform.readLine(), "the dialogue's own line");
 }
 
 TEST_F(UserCommandsTest, AMissingEditorIsTold) {
-  platform.editFile({"no-such-editor -x"}, "f", true);
+  editFile(platform, kEnglish, {"no-such-editor -x"}, "f");
   EXPECT_EQ(shown(), "The editor 'no-such-editor' cannot be started. (No such file or directory)\n");
   folder.write("text", "not a program");
-  platform.editFile({folder.path("text")}, "f", false);
+  editFile(platform, kJapanese, {folder.path("text")}, "f");
   EXPECT_EQ(shown(), "エディタ '" + folder.path("text") + "' を起動できません。 (Permission denied)\n");
 }
 
 TEST_F(UserCommandsTest, CtrlCBelongsToTheEditorWhileItRuns) {
   const std::string editor =
       folder.writeProgram("e", "kill -INT $PPID\necho alive > '" + folder.path("done") + "'\n");
-  platform.editFile({editor}, "f", true);
+  editFile(platform, kEnglish, {editor}, "f");
   EXPECT_EQ(folder.read("done"), "alive\n");
   struct sigaction now {};
   ::sigaction(SIGINT, nullptr, &now);
   EXPECT_EQ(now.sa_handler, SIG_DFL);
   const std::string dying =
       folder.writeProgram("d", "kill -INT $$\necho ignored > '" + folder.path("ignored") + "'\n");
-  platform.editFile({dying}, "f", true);
+  editFile(platform, kEnglish, {dying}, "f");
   EXPECT_EQ(folder.read("ignored"), "") << "the editor has the signal's usual meaning";
 }
 
 TEST_F(UserCommandsTest, TheOwnEditorNeedsATerminal) {
   notingProgram("bin/nano");
   const std::string file = folder.write("f", "line\r\nlast");
-  platform.editFile({""}, file, true);
+  editFile(platform, kEnglish, {""}, file);
   EXPECT_EQ(shown(), "line\nlast\n");
 
   const test::Terminal terminal;
   PosixPlatform onTerminal(terminal.second, terminal.second);
   // the program's own descriptor 0 is no terminal of this test's, so the editor ends by itself
   folder.writeProgram("bin/nano", "echo \"$1\" > '" + folder.path("args") + "'\n");
-  onTerminal.editFile({" "}, file, true);
+  editFile(onTerminal, kEnglish, {" "}, file);
   EXPECT_EQ(folder.read("args"), file + "\n");
   folder.writeProgram("bin/sensible-editor", "echo \"sensible $1\" > '" + folder.path("args") + "'\n");
-  onTerminal.editFile({""}, file, true);
+  editFile(onTerminal, kEnglish, {""}, file);
   EXPECT_EQ(folder.read("args"), "sensible " + file + "\n");
   std::filesystem::remove(folder.path("bin/nano"));  // nothing left that sensible-editor could choose
-  onTerminal.editFile({""}, file, true);
+  editFile(onTerminal, kEnglish, {""}, file);
   onTerminal.flush();
   EXPECT_EQ(received(terminal.first), "line\r\nlast\r\n");
 }
@@ -169,10 +171,10 @@ TEST_F(UserCommandsTest, FilesAreShownInTheirEncoding) {
       {"", ""},
   };
   for (const auto& [bytes, text] : cases) {
-    platform.editFile({""}, folder.write("f", bytes), true);
+    editFile(platform, kEnglish, {""}, folder.write("f", bytes));
     EXPECT_EQ(shown(), text);
   }
-  platform.editFile({""}, folder.path("none"), true);
+  editFile(platform, kEnglish, {""}, folder.path("none"));
   EXPECT_EQ(shown(), "'" + folder.path("none") + "' cannot be shown. (No such file or directory)\n");
 }
 
@@ -180,17 +182,21 @@ TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   const std::string text = folder.write("guide.md", "# Guide");
   const std::string binary = folder.write("help.chm", "IT\0SF"s);
   folder.writeProgram("bin/xdg-open", "echo \"$1\" > '" + folder.path("opened") + "'\nexec /bin/sleep 2\n");
-  platform.openDocument(text, true);
+  openDocument(platform, kEnglish, text);
   EXPECT_EQ(shown(), "# Guide\n") << "no display";
-  platform.openDocument(binary, true);
+  openDocument(platform, kEnglish, binary);
   EXPECT_EQ(shown(), "It lies at " + binary + "\n");
+  openDocument(platform, kEnglish, std::filesystem::relative(binary));
+  EXPECT_EQ(
+      shown(),
+      "It lies at " + (std::filesystem::current_path() / std::filesystem::relative(binary)).string() + "\n");
   ::setenv("DISPLAY", ":0", 1);
   const std::int64_t start = platform.performanceCounter();
-  platform.openDocument(binary, true);
+  openDocument(platform, kEnglish, binary);
   EXPECT_LT(platform.performanceCounter() - start, 1'000'000'000);
   for (int i = 0; i < 200 && folder.read("opened").empty(); ++i) ::usleep(10'000);
   EXPECT_EQ(folder.read("opened"), binary + "\n");
-  platform.openDocument(folder.path("none"), false);
+  openDocument(platform, kJapanese, folder.path("none"));
   EXPECT_THAT(shown(), HasSubstr("を開くことができません。 (No such file or directory)"));
 }
 
