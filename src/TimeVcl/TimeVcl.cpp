@@ -2,8 +2,15 @@
 
 #include <algorithm>
 
+#include "diag/Render.h"
+
 namespace zelvaro {
 namespace {
+
+constexpr Message noFrequency =
+    notice("self-no-frequency", args(), bothLanguages("Fail to get FreqQP. \nPrgError: TimeVcl\n"));
+constexpr Message unknownClock =
+    notice("self-clock-unknown", args("index"), bothLanguages("PrgError: ClockIndex={index}\n"));
 
 enum Clock { kQPC = 0, kChrono = 1, kStdClock = 2 };
 
@@ -41,7 +48,7 @@ std::int64_t between(const Stamps& stamps, const SpanName& s) {
 Span spanOfQPC(const TimeData& t, Platform& platform, const SpanName& s) {
   const std::int64_t f = platform.performanceFrequency();
   if (f == 0) {
-    platform.print("Fail to get FreqQP. \nPrgError: TimeVcl\n");
+    platform.print(words({}, noFrequency));
     return {};
   }
   const std::int64_t d = between(t.StampQPC, s) * 1000;
@@ -95,7 +102,7 @@ void takeStamp(TimeData& t, Platform& platform, Stamp stamp) {
       t.StampChrono[at(stamp)] = platform.chronoTicks();
       break;
     default:
-      platform.print("PrgError: ClockIndex=" + std::to_string(t.ClockIndex) + "\n");
+      platform.print(words({}, unknownClock, t.ClockIndex));
       [[fallthrough]];
     case kStdClock:
       t.StampClock[at(stamp)] = platform.clockMilliseconds();
@@ -144,6 +151,10 @@ std::string timeLineOfReport(const TimeData& t, Platform& platform, ReportForm f
   if (form == ReportForm::Wide)
     return numbers + ") msec =(Read File, Assemble, Link)Time  " + t.ClockName + " \n";
   return numbers + ") msec =(ReadFile, Assemble, Link)Time " + t.ClockName + "  \n";
+}
+
+RowList rowsOfTimeVcl() {
+  return rows(noFrequency, unknownClock);
 }
 
 }  // namespace zelvaro

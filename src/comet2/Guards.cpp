@@ -87,4 +87,9 @@ void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink) {
   }
 }
 
+RowList rowsOfGuards() {
+  return rows(prGuard, registerGuard, loadGuard, loadGuardCells, storeGuard, storeWarning, stackGuard,
+              emptyStackGuard, returnGuard, nopGuard, unregisteredGuard);
+}
+
 }  // namespace zelvaro

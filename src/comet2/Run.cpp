@@ -49,4 +49,8 @@ void Run3(Tcomet2& m, const RunEnvironment& env) {
   env.sink.say(runTime, DetTimeDiff_General(env.time, platform, "RunTime"));
 }
 
+RowList rowsOfRun() {
+  return rows(startWords, endWords, runTime);
+}
+
 }  // namespace zelvaro

@@ -99,4 +99,8 @@ int SvcCall(Tcomet2& m, const Services& services, std::int32_t number) {
   }
 }
 
+RowList rowsOfServices() {
+  return rows(inputPrompt, conversionFailed, outputHeading, unknownService);
+}
+
 }  // namespace zelvaro

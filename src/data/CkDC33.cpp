@@ -238,4 +238,9 @@ int CkDC33(Assembly& a, SrcData<Char>& line) {
 template int CkDC33<char16_t>(Assembly&, SrcData<char16_t>&);
 template int CkDC33<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfCkDC33() {
+  return rows(noConst, strConstQuotes, hexMozi, hexTooLong, hexTooShort, hexOneDigit, decMozi, decOrLabel,
+              labelMozi, labelTooLong, labelUndefined, strConstNotClosed);
+}
+
 }  // namespace zelvaro

@@ -171,4 +171,8 @@ void CkLiteral15(Assembly& a, int prg) {
 template void CkLiteral15<char16_t>(Assembly&, int);
 template void CkLiteral15<char>(Assembly&, int);
 
+RowList rowsOfCkLiteral15() {
+  return rows(noLiteral, decMozi, hexMozi, hexDigits, strConstOpen, strConstEmpty);
+}
+
 }  // namespace zelvaro

@@ -82,4 +82,8 @@ void CkStrConstLiteral(Assembly& a, int prg) {
 template void CkStrConstLiteral<char16_t>(Assembly&, int);
 template void CkStrConstLiteral<char>(Assembly&, int);
 
+RowList rowsOfCkStrConstLiteral() {
+  return rows(strConstOpen, literalOpen);
+}
+
 }  // namespace zelvaro

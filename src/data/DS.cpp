@@ -173,4 +173,9 @@ template void dispatchDS<char>(Assembly&, SrcData<char>&);
 template void SetMryInAtDS<char16_t>(Assembly&, int);
 template void SetMryInAtDS<char>(Assembly&, int);
 
+RowList rowsOfDS() {
+  return rows(oprndEmpty, textBehind, hexNumber, minusSign, nonDigit, commaBehind, notANumber,
+              notANumberLater, overMachine, overStack);
+}
+
 }  // namespace zelvaro

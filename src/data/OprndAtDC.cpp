@@ -161,4 +161,8 @@ void dispatchDC(Assembly& a, SrcData<Char>& line) {
 template void dispatchDC<char16_t>(Assembly&, SrcData<char16_t>&);
 template void dispatchDC<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfOprndAtDC() {
+  return rows(oprndEmpty, commaTwice, blankBehindSign, blankBehindHexMark, commaAtEnd, constOrComment);
+}
+
 }  // namespace zelvaro

@@ -106,4 +106,8 @@ bool OprndAtDCtoChH(Assembly& a, SrcData<Char>& line) {
 template bool OprndAtDCtoChH<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool OprndAtDCtoChH<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfOprndAtDCtoChH() {
+  return rows(strConstEmpty, strConstOpen);
+}
+
 }  // namespace zelvaro

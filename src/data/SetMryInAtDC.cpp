@@ -107,4 +107,8 @@ void SetMryInAtDC(Assembly& a, int prg) {
 template void SetMryInAtDC<char16_t>(Assembly&, int);
 template void SetMryInAtDC<char>(Assembly&, int);
 
+RowList rowsOfSetMryInAtDC() {
+  return rows(strConstNoMozi, decOutOfRange, labelUnknown, oprndWithoutText);
+}
+
 }  // namespace zelvaro

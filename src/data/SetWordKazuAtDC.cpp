@@ -56,4 +56,8 @@ void SetWordKazuAtDC(Assembly& a, SrcData<Char>& line) {
 template void SetWordKazuAtDC<char16_t>(Assembly&, SrcData<char16_t>&);
 template void SetWordKazuAtDC<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfSetWordKazuAtDC() {
+  return rows(oprndWithoutText, unknownKind, notConverted);
+}
+
 }  // namespace zelvaro

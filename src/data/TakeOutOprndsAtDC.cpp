@@ -60,4 +60,8 @@ bool TakeOutOprndsAtDC10(Assembly& a, SrcData<Char>& line) {
 template bool TakeOutOprndsAtDC10<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool TakeOutOprndsAtDC10<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfTakeOutOprndsAtDC() {
+  return rows(tooManyOprnds);
+}
+
 }  // namespace zelvaro

@@ -53,4 +53,8 @@ void dcds10(Assembly& a, int prg) {
 template void dcds10<char16_t>(Assembly&, int);
 template void dcds10<char>(Assembly&, int);
 
+RowList rowsOfDcds10() {
+  return rows(tooManyLines, noData);
+}
+
 }  // namespace zelvaro

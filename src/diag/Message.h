@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "diag/Family.h"
 #include "diag/Language.h"
@@ -61,7 +62,7 @@ consteval ArgNames<sizeof...(Name)> args(Name... name) {
 /// separates the lines of the message; "{name}" is a hole for the argument of that name, "{line}" the line
 /// number.
 struct MessageRow {
-  static constexpr std::size_t kMostArgs = 8;
+  static constexpr std::size_t kMostArgs = 9;
   static constexpr std::size_t kMostOthers = 4;
 
   std::string_view code;  ///< unique: words of a to z and 0 to 9, joined by "-"
@@ -177,6 +178,13 @@ struct Message : MessageRow {
     return m;
   }
 };
+
+/// The messages of a file, for the catalogue.
+using RowList = std::vector<const MessageRow*>;
+template <std::size_t... N>
+RowList rows(const Message<N>&... row) {
+  return {&row...};
+}
 
 /// A self-check of the program's own invariants: one Error, printed as it is, no record in the log.
 template <std::size_t N>

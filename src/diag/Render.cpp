@@ -1,8 +1,5 @@
 #include "diag/Render.h"
 
-#include <fmt/args.h>
-#include <fmt/format.h>
-
 #include "diag/Heads.h"
 
 namespace zelvaro {
@@ -12,13 +9,21 @@ std::string valueOf(const MsgArg& arg) {
   return arg.kind == MsgArg::Kind::Quoted ? quotedText(arg.text) : arg.text;
 }
 
+std::string valueOf(const Diagnostic& d, std::string_view hole) {
+  for (std::size_t i = 0; i < d.args.size(); ++i)
+    if (hole == d.row->argName[i]) return valueOf(d.args[i]);
+  return std::to_string(d.line + 1);  // {line}: the compiler has refused every other name
+}
+
 std::string fillHoles(std::string_view text, const Diagnostic& d) {
-  if (text.find('{') == std::string_view::npos) return std::string(text);
-  fmt::dynamic_format_arg_store<fmt::format_context> store;
-  std::size_t i = 0;
-  for (const MsgArg& arg : d.args) store.push_back(fmt::arg(d.row->argName[i++], valueOf(arg)));
-  store.push_back(fmt::arg("line", d.line + 1));
-  return fmt::vformat(text, store);
+  std::string out;
+  for (std::size_t open = text.find('{'); open != text.npos; open = text.find('{')) {
+    const std::size_t close = text.find('}', open);
+    out += text.substr(0, open);
+    out += valueOf(d, text.substr(open + 1, close - open - 1));
+    text.remove_prefix(close + 1);
+  }
+  return out += text;
 }
 
 std::string lineHead(Severity severity, Language language, int line) {

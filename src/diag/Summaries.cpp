@@ -30,4 +30,8 @@ void SumUpWarnings(TMsgBase& game) {
   if (game.MemoKazu > 0) game.say(notesOrMemos);
 }
 
+RowList rowsOfSummaries() {
+  return rows(oneError, errors, oneWarning, warnings, notesOrMemos);
+}
+
 }  // namespace zelvaro

@@ -104,4 +104,8 @@ bool CkAdrName(Assembly& a, SrcData<Char>& line, ViewOf<Char> p) {
 template bool CkAdrName<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
 template bool CkAdrName<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 
+RowList rowsOfAdrName() {
+  return rows(badMozi, lowerCase, tooLong, externalName, undefinedName);
+}
+
 }  // namespace zelvaro

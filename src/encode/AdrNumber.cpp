@@ -142,4 +142,9 @@ template bool CkAdrDec<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 template bool CkAdrSignedDec<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
 template bool CkAdrSignedDec<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 
+RowList rowsOfAdrNumber() {
+  return rows(badHexDigit, hashAlone, manyHexDigits, oneHexDigit, fewHexDigits, nonDigit, unsignedOutOfRange,
+              signedOutOfRange);
+}
+
 }  // namespace zelvaro

@@ -112,4 +112,9 @@ template void AnalystIndexReg<char>(Assembly&, const SrcData<char>&, int);
 template void AnalystGR89<char16_t>(Assembly&, SrcData<char16_t>&);
 template void AnalystGR89<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfAnalystReg() {
+  return rows(firstIsGR89, firstBeginsWithDigit, firstHoldsSmall, indexIsGR89, indexBeginsWithDigit,
+              indexHoldsSmall, labelGR89);
+}
+
 }  // namespace zelvaro

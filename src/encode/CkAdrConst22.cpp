@@ -61,4 +61,8 @@ bool CkAdrConst22(Assembly& a, SrcData<Char>& line, int n) {
 template bool CkAdrConst22<char16_t>(Assembly&, SrcData<char16_t>&, int);
 template bool CkAdrConst22<char>(Assembly&, SrcData<char>&, int);
 
+RowList rowsOfCkAdrConst22() {
+  return rows(invalidText);
+}
+
 }  // namespace zelvaro

@@ -96,4 +96,8 @@ void CkAdrOperand(Assembly& a, SrcData<Char>& line, int n) {
 template void CkAdrOperand<char16_t>(Assembly&, SrcData<char16_t>&, int);
 template void CkAdrOperand<char>(Assembly&, SrcData<char>&, int);
 
+RowList rowsOfCkAdrOperand() {
+  return rows(firstExpected, secondExpected, anotherExpected, commaAlone, commaMissing, commaOfNoUse);
+}
+
 }  // namespace zelvaro

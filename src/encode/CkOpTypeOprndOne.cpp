@@ -160,4 +160,10 @@ template bool CkOpTypeOprndOneAddress<char>(Assembly&, SrcData<char>&);
 template bool CkOpTypeOprndOnePop<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool CkOpTypeOprndOnePop<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfCkOpTypeOprndOne() {
+  return rows(noFirstRegister, nothingBehindRegister, noRegister, registerInBranch, noBranchAddress,
+              noCallAddress, noPushAddress, noServiceNumber, serviceTakesAddress, noPopRegister,
+              badPopRegister);
+}
+
 }  // namespace zelvaro

@@ -138,4 +138,8 @@ bool CkStartAdrOperand(Assembly& a, int prg, SrcData<Char>& line) {
 template bool CkStartAdrOperand<char16_t>(Assembly&, int, SrcData<char16_t>&);
 template bool CkStartAdrOperand<char>(Assembly&, int, SrcData<char>&);
 
+RowList rowsOfCkStartAdrOperand() {
+  return rows(badMozi, tooLong, undefinedName, prgNameRefused);
+}
+
 }  // namespace zelvaro

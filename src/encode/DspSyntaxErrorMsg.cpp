@@ -26,4 +26,8 @@ void DspSyntaxErrorMsg(Assembly& a, const SrcData<Char>& line) {
 template void DspSyntaxErrorMsg<char16_t>(Assembly&, const SrcData<char16_t>&);
 template void DspSyntaxErrorMsg<char>(Assembly&, const SrcData<char>&);
 
+RowList rowsOfDspSyntaxErrorMsg() {
+  return rows(noRegisterForm);
+}
+
 }  // namespace zelvaro

@@ -158,4 +158,8 @@ void encode(Assembly& a, SrcData<Char>& line) {
 template void encode<char16_t>(Assembly&, SrcData<char16_t>&);
 template void encode<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfEncoders() {
+  return rows(registerRefused, addressNotBuilt, serviceInSource);
+}
+
 }  // namespace zelvaro

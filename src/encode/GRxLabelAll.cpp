@@ -73,4 +73,8 @@ template bool GRxLabelAll<char>(Assembly&, const SrcData<char>&);
 template bool GRxLabelAll<char16_t>(Assembly&, const SrcData<char16_t>&, Op);
 template bool GRxLabelAll<char>(Assembly&, const SrcData<char>&, Op);
 
+RowList rowsOfGRxLabelAll() {
+  return rows(commaBehindRegister, commaBehindPop, registerForAddress);
+}
+
 }  // namespace zelvaro

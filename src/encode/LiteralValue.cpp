@@ -64,4 +64,8 @@ template bool CkAdrLiteralDec<char>(Assembly&, SrcData<char>&, ViewOf<char>, int
 template bool SetLiteCharConstMryIn<char16_t>(Assembly&, SrcData<char16_t>&, ViewOf<char16_t>);
 template bool SetLiteCharConstMryIn<char>(Assembly&, SrcData<char>&, ViewOf<char>);
 
+RowList rowsOfLiteralValue() {
+  return rows(notBuilt);
+}
+
 }  // namespace zelvaro

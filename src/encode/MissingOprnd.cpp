@@ -124,4 +124,10 @@ void MissingSecondOprnd(Assembly& a, Op op, int line) {
     if (row.op == op) a.cs.report(row.second, line);
 }
 
+RowList rowsOfMissingOprnd() {
+  return rows(missingLdFirst, missingLd, missingSt, missingLad, missingAdda, missingSuba, missingAddl,
+              missingSubl, missingAnd, missingOr, missingXor, missingCpa, missingCpl, missingSla, missingSra,
+              missingSll, missingSrl);
+}
+
 }  // namespace zelvaro

@@ -189,4 +189,9 @@ template bool CkHexConstG<char>(Assembly&, int, int, ViewOf<char>);
 template int HexStrToIntG<char16_t>(Assembly&, int, int, ViewOf<char16_t>);
 template int HexStrToIntG<char>(Assembly&, int, int, ViewOf<char>);
 
+RowList rowsOfNumbers() {
+  return rows(decNonDigit, decOutOfRange, literalOutOfRange, hexNonDigit, hexTooLong, hexMissing, hexOneDigit,
+              hexTooShort, hexStopped, noNumber, noHexNumber);
+}
+
 }  // namespace zelvaro

@@ -29,4 +29,8 @@ bool OpNoOperand(Assembly& a, SrcData<Char>& line) {
 template bool OpNoOperand<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool OpNoOperand<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfOpNoOperand() {
+  return rows(takesNoOperand);
+}
+
 }  // namespace zelvaro

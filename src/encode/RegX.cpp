@@ -113,4 +113,9 @@ void RegX(Assembly& a, SrcData<Char>& line, int n) {
 template void RegX<char16_t>(Assembly&, SrcData<char16_t>&, int);
 template void RegX<char>(Assembly&, SrcData<char>&, int);
 
+RowList rowsOfRegX() {
+  return rows(commaWithoutIndex, indexWithoutComma, indexIsGR0, commaBehindIndex, noIndexRegister,
+              doubleComma);
+}
+
 }  // namespace zelvaro

@@ -59,4 +59,8 @@ bool r2(Assembly& a, SrcData<Char>& line) {
 template bool r2<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool r2<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfR2() {
+  return rows(commaBehindSecond, moreBehindSecond, badSecondRegister);
+}
+
 }  // namespace zelvaro

@@ -171,4 +171,8 @@ void AdrCk53(Assembly& a, int prg) {
 template void AdrCk53<char16_t>(Assembly&, int);
 template void AdrCk53<char>(Assembly&, int);
 
+RowList rowsOfAdrCk53() {
+  return rows(unknownOp);
+}
+
 }  // namespace zelvaro

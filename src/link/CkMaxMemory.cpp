@@ -58,4 +58,8 @@ void CkMaxMemory(Assembly& a, int prg) {
 template void CkMaxMemory<char16_t>(Assembly&, int);
 template void CkMaxMemory<char>(Assembly&, int);
 
+RowList rowsOfCkMaxMemory() {
+  return rows(overDCDS, overLiteral, overMachine, overMemory);
+}
+
 }  // namespace zelvaro

@@ -52,4 +52,8 @@ void CkMaxMrySize(Assembly& a) {
 template void CkMaxMrySize<char16_t>(Assembly&);
 template void CkMaxMrySize<char>(Assembly&);
 
+RowList rowsOfCkMaxMrySize() {
+  return rows(overAddressSpace, overStack, overMemory);
+}
+
 }  // namespace zelvaro

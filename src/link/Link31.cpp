@@ -73,4 +73,8 @@ void Link31(Assembly& a, Tcomet2& m) {
 template void Link31<char16_t>(Assembly&, Tcomet2&);
 template void Link31<char>(Assembly&, Tcomet2&);
 
+RowList rowsOfLink31() {
+  return rows(overMemory);
+}
+
 }  // namespace zelvaro

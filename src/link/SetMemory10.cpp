@@ -200,4 +200,8 @@ bool SetMemory10(Assembly& a, Tcomet2& m, int prg) {
 template bool SetMemory10<char16_t>(Assembly&, Tcomet2&, int);
 template bool SetMemory10<char>(Assembly&, Tcomet2&, int);
 
+RowList rowsOfSetMemory10() {
+  return rows(wordOverwritten, constWithoutKind, linkerError, areaOfData, areaOfLiterals, endOfMemory);
+}
+
 }  // namespace zelvaro

@@ -155,4 +155,9 @@ void address3_ck(Assembly& a, SrcData<Char>& line, int n) {
 template void address3_ck<char16_t>(Assembly&, SrcData<char16_t>&, int);
 template void address3_ck<char>(Assembly&, SrcData<char>&, int);
 
+RowList rowsOfAddress3Ck() {
+  return rows(badMozi, tooLong, reservedWord, hexOrSigned, decimal, hexOrSignedLiteral, decimalLiteral,
+              charLiteral, missing);
+}
+
 }  // namespace zelvaro

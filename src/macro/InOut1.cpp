@@ -102,4 +102,8 @@ void InOut1(Assembly& a, SrcData<Char>& line) {
 template void InOut1<char16_t>(Assembly&, SrcData<char16_t>&);
 template void InOut1<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfInOut1() {
+  return rows(undefinedFirst, undefinedSecond, missing, noAddress);
+}
+
 }  // namespace zelvaro

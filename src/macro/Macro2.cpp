@@ -64,4 +64,8 @@ void macro2(Assembly& a, SrcData<Char>& line) {
 template void macro2<char16_t>(Assembly&, SrcData<char16_t>&);
 template void macro2<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfMacro2() {
+  return rows(commaExpected, commaOfNoUse, noMacro);
+}
+
 }  // namespace zelvaro

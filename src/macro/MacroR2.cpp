@@ -32,4 +32,8 @@ void macroR2(Assembly& a, SrcData<Char>& line) {
 template void macroR2<char16_t>(Assembly&, SrcData<char16_t>&);
 template void macroR2<char>(Assembly&, SrcData<char>&);
 
+RowList rowsOfMacroR2() {
+  return rows(noMacro);
+}
+
 }  // namespace zelvaro

@@ -1,7 +1,8 @@
 // DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
-#include <fmt/format.h>
+#include <array>
 
 #include "diag/Limits.h"
+#include "diag/Render.h"
 #include "report/LabelColumn.h"
 #include "report/Report.h"
 #include "report/ReportText.h"
@@ -14,6 +15,11 @@ using namespace std::string_view_literals;
 constexpr int kRowsBehindImage = 10;
 constexpr int kZerosThatEndTheStack = 4;
 constexpr int kSeparatorWidth = 35;
+constexpr int kYearBeforeEra = 2018;  ///< 2019 is the first year of Reiwa
+constexpr Message date = notice(
+    "report-date", args("year", "month", "monthName", "day", "dayName", "era", "hour", "minute", "second"),
+    {.ja = "作成日時：{year}年{month}月{day}日 {hour}時{minute}分{second}秒",
+     .en = "{dayName} {monthName} {day}, {year}(R{era})  {hour}:{minute}:{second}s"});
 constexpr Words kRunTime{" = 実行時間 ", " = Running Time of the COMET2"};
 constexpr std::string_view kViewHead = "Char  Hex    UD     SD       Binary Code\n";
 
@@ -64,12 +70,9 @@ std::string dateText(const std::tm& t, Language language) {
   static constexpr std::array months{"January", "February", "March",     "April",   "May",      "June",
                                      "July",    "August",   "September", "October", "November", "December"};
   const int year = t.tm_year + 1900;
-  if (language == Language::Japanese)
-    return fmt::format("作成日時：{}年{}月{}日 {}時{}分{}秒", year, t.tm_mon + 1, t.tm_mday, t.tm_hour,
-                       t.tm_min, t.tm_sec);
-  return fmt::format("{} {} {}, {}(R{})  {}:{}:{}s", days[static_cast<std::size_t>(t.tm_wday)],
-                     months[static_cast<std::size_t>(t.tm_mon)], t.tm_mday, year, year - 2018, t.tm_hour,
-                     t.tm_min, t.tm_sec);
+  return words({language, FamilyId::WP}, date, year, t.tm_mon + 1, months[static_cast<std::size_t>(t.tm_mon)],
+               t.tm_mday, days[static_cast<std::size_t>(t.tm_wday)], year - kYearBeforeEra, t.tm_hour,
+               t.tm_min, t.tm_sec);
 }
 
 void SeparatorLine(ReportText& out, int n) {
@@ -305,5 +308,9 @@ void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b) {
 
 template void DspRegMry<char16_t>(const ReportFile&, Tcomet2&, const TBasicData&);
 template void DspRegMry<char>(const ReportFile&, Tcomet2&, const TBasicData&);
+
+RowList rowsOfDspRegMry() {
+  return rows(notOpened, date);
+}
 
 }  // namespace zelvaro

@@ -159,4 +159,8 @@ void TGame::release() {
   s_.b.clearTables();
 }
 
+RowList rowsOfFight() {
+  return rows(outOfMemory, assembled);
+}
+
 }  // namespace zelvaro

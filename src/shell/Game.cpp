@@ -111,4 +111,9 @@ void TGame::writeReport(Pass& pass, std::string_view filename) {
   runPhase(pass, Phase::Report);
 }
 
+RowList rowsOfGame() {
+  return rows(folderNotRecorded, folderUnknown, defaultPipeline, editorOutOfRange, banner, simpleBanner,
+              emptyBanner, reportLine, firstAssembledLine, firstResultantLine);
+}
+
 }  // namespace zelvaro

@@ -28,4 +28,8 @@ GoOn GoOnMenu(TMsgBase& game, Platform& platform) {
   return std::strtol(line->c_str(), nullptr, 10) == 1 ? GoOn::Run : GoOn::MainMenu;
 }
 
+RowList rowsOfGoOnMenu() {
+  return rows(menu);
+}
+
 }  // namespace zelvaro

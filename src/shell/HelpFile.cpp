@@ -31,4 +31,8 @@ void openHelpFile(TSession& s) {
   s.channel.say(noHelp, help, guide);
 }
 
+RowList rowsOfHelpFile() {
+  return rows(noHelp);
+}
+
 }  // namespace zelvaro

@@ -276,4 +276,9 @@ bool TMainMenu::askGoAhead() {
   return askLine(s_.platform, kGoAheadLimit).has_value();
 }
 
+RowList rowsOfMainMenu() {
+  return rows(tryAgain, askFileToAssemble, askFolder, noInput, askFileToShow, noMenuNumber, goAhead,
+              goAheadAgain);
+}
+
 }  // namespace zelvaro

@@ -66,4 +66,8 @@ ModeChange ModeSelector(TSession& s) {
   }
 }
 
+RowList rowsOfModeSelector() {
+  return rows(head, noModeNumber);
+}
+
 }  // namespace zelvaro

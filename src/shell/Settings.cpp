@@ -230,4 +230,8 @@ void WriteDefaultIni(TSession& s, const std::string& path) {
   writeTree(s, path, defaultTree(s));
 }
 
+RowList rowsOfSettings() {
+  return rows(doesNotParse, doesNotOpen, keptAside, leftAlone, doesNotWrite);
+}
+
 }  // namespace zelvaro

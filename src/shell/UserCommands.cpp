@@ -105,4 +105,9 @@ void openDocument(TSession& s, const std::string& path) {
   s.channel.say(liesAt, path.starts_with('/') || !folder ? path : *folder + "/" + path);
 }
 
+RowList rowsOfUserCommands() {
+  return rows(notListed, nothingToDelete, deleteIt, stays, isDeleted, notDeleted, notShown, editorNotStarted,
+              notOpened, liesAt);
+}
+
 }  // namespace zelvaro

@@ -18,4 +18,8 @@ void TBasicData::SetTextEdIndex(int index) {
   textEditorIndex_ = index;
 }
 
+RowList rowsOfBasicData() {
+  return rows(editorCorrected);
+}
+
 }  // namespace zelvaro

@@ -117,4 +117,8 @@ void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name,
   }
 }
 
+RowList rowsOfDetect() {
+  return rows(emptyName, bomNotRead, bytesNotRead, counted, readingAs, reading);
+}
+
 }  // namespace zelvaro

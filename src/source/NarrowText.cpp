@@ -50,4 +50,8 @@ std::string_view NarrowLines::next() {
   return narrow_;
 }
 
+RowList rowsOfNarrowText() {
+  return rows(reading, trace, notOpened);
+}
+
 }  // namespace zelvaro

@@ -67,4 +67,8 @@ bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes)
   return true;
 }
 
+RowList rowsOfOpenFileChH() {
+  return rows(lineTooLong, tooManyLines);
+}
+
 }  // namespace zelvaro

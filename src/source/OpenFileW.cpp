@@ -115,4 +115,8 @@ bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string
   return true;
 }
 
+RowList rowsOfOpenFileW() {
+  return rows(notOpenedW, noTranslation);
+}
+
 }  // namespace zelvaro

@@ -124,4 +124,8 @@ void CkOpStr(Assembly& a, int prg) {
 template void CkOpStr<char16_t>(Assembly&, int);
 template void CkOpStr<char>(Assembly&, int);
 
+RowList rowsOfCkOpStr() {
+  return rows(notAnInstruction, opTooLong, fullWidthLetter, gluedSemicolon, smallLetter, commaBehindOpcode);
+}
+
 }  // namespace zelvaro

@@ -143,4 +143,8 @@ void operand20m15(Assembly& a, int prg) {
 template void operand20m15<char16_t>(Assembly&, int);
 template void operand20m15<char>(Assembly&, int);
 
+RowList rowsOfOperand20m15() {
+  return rows(literalNotClosed, textBehindLiteral);
+}
+
 }  // namespace zelvaro

@@ -45,4 +45,8 @@ void CkLabelDouble(Assembly& a, int prg) {
 template void CkLabelDouble<char16_t>(Assembly&, int);
 template void CkLabelDouble<char>(Assembly&, int);
 
+RowList rowsOfCkLabelDouble() {
+  return rows(labelTwice);
+}
+
 }  // namespace zelvaro

@@ -26,4 +26,8 @@ void CkLabelInUse(Assembly& a) {
 template void CkLabelInUse<char16_t>(Assembly&);
 template void CkLabelInUse<char>(Assembly&);
 
+RowList rowsOfCkLabelInUse() {
+  return rows(unreferenced);
+}
+
 }  // namespace zelvaro

@@ -103,4 +103,8 @@ void CkPrgName(Assembly& a, int prg) {
 template void CkPrgName<char16_t>(Assembly&, int);
 template void CkPrgName<char>(Assembly&, int);
 
+RowList rowsOfCkPrgName() {
+  return rows(noName, firstLetter, otherCharacter, lowerCase, tooLong, reservedWord);
+}
+
 }  // namespace zelvaro

@@ -44,4 +44,8 @@ void CkPrgNameDouble(Assembly& a) {
 template void CkPrgNameDouble<char16_t>(Assembly&);
 template void CkPrgNameDouble<char>(Assembly&);
 
+RowList rowsOfCkPrgNameDouble() {
+  return rows(nameTwice);
+}
+
 }  // namespace zelvaro

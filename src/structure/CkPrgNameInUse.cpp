@@ -31,4 +31,8 @@ void CkPrgNameInUse(Assembly& a) {
 template void CkPrgNameInUse<char16_t>(Assembly&);
 template void CkPrgNameInUse<char>(Assembly&);
 
+RowList rowsOfCkPrgNameInUse() {
+  return rows(neverExecuted);
+}
+
 }  // namespace zelvaro

@@ -51,4 +51,8 @@ void IsAnySrcOutsideSartEnd(Assembly& a) {
 template void IsAnySrcOutsideSartEnd<char16_t>(Assembly&);
 template void IsAnySrcOutsideSartEnd<char>(Assembly&);
 
+RowList rowsOfIsAnySrcOutside() {
+  return rows(textBetween, itIsZenKakuSpace);
+}
+
 }  // namespace zelvaro

@@ -99,4 +99,8 @@ void Label35G(Assembly& a, int prg) {
 template void Label35G<char16_t>(Assembly&, int);
 template void Label35G<char>(Assembly&, int);
 
+RowList rowsOfLabel35G() {
+  return rows(labelAlone, firstLetter, otherCharacter, tooLong, reservedWord);
+}
+
 }  // namespace zelvaro

@@ -44,4 +44,8 @@ void StartEnd(Assembly& a, int prg) {
 template void StartEnd<char16_t>(Assembly&, int);
 template void StartEnd<char>(Assembly&, int);
 
+RowList rowsOfStartEnd() {
+  return rows(startWithoutLabel, endWithLabel);
+}
+
 }  // namespace zelvaro

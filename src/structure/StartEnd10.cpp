@@ -64,4 +64,8 @@ void StartEnd10(Assembly& a) {
 template void StartEnd10<char16_t>(Assembly&);
 template void StartEnd10<char>(Assembly&);
 
+RowList rowsOfStartEnd10() {
+  return rows(noStart, noEnd, endBeforeStart);
+}
+
 }  // namespace zelvaro

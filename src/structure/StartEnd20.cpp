@@ -266,4 +266,9 @@ void StartEnd20(Assembly& a) {
 template void StartEnd20<char16_t>(Assembly&);
 template void StartEnd20<char>(Assembly&);
 
+RowList rowsOfStartEnd20() {
+  return rows(noStart, startWithoutName, tooManyStart, noEnd, tooManyEnd, endWithLabel, moreStart, fewerStart,
+              startNotBeforeEnd, nextStartBeforeEnd, oneProgram, programs, noRet);
+}
+
 }  // namespace zelvaro

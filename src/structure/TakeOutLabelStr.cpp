@@ -57,4 +57,8 @@ void TakeOutLabelStr(Assembly& a, int prg) {
 template void TakeOutLabelStr<char16_t>(Assembly&, int);
 template void TakeOutLabelStr<char>(Assembly&, int);
 
+RowList rowsOfTakeOutLabelStr() {
+  return rows(textIsCut);
+}
+
 }  // namespace zelvaro

@@ -196,4 +196,9 @@ template void CkSTART_LR<char>(Assembly&);
 template void CkEnd_LR<char16_t>(Assembly&);
 template void CkEnd_LR<char>(Assembly&);
 
+RowList rowsOfZenKakuStartEnd() {
+  return rows(spaceBehindStart, spaceBeforeStart, spaceBehindEnd, spaceBeforeEnd, startThenSpace,
+              spaceThenStart, endThenSemicolon, spaceThenEnd, endThenSpace);
+}
+
 }  // namespace zelvaro

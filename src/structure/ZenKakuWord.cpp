@@ -99,4 +99,8 @@ template bool AnalystZenKakuMoziStr<char>(TMsgBase&, int, ViewOf<char>);
 template int DetNonLabelMoziPos<char16_t>(ViewOf<char16_t>);
 template int DetNonLabelMoziPos<char>(ViewOf<char>);
 
+RowList rowsOfZenKakuWord() {
+  return rows(spaceInWord, spaceInOperand, moziInAdrConst, moziInStart);
+}
+
 }  // namespace zelvaro

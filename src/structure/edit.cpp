@@ -64,4 +64,8 @@ void edit(Assembly& a) {
 template void edit<char16_t>(Assembly&);
 template void edit<char>(Assembly&);
 
+RowList rowsOfEdit() {
+  return rows(emptySource);
+}
+
 }  // namespace zelvaro

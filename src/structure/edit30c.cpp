@@ -57,4 +57,8 @@ void edit30c(Assembly& a, int prg) {
 template void edit30c<char16_t>(Assembly&, int);
 template void edit30c<char>(Assembly&, int);
 
+RowList rowsOfEdit30c() {
+  return rows(blankBehindSign);
+}
+
 }  // namespace zelvaro

@@ -44,4 +44,8 @@ void edit50(Assembly& a, int prg) {
 template void edit50<char16_t>(Assembly&, int);
 template void edit50<char>(Assembly&, int);
 
+RowList rowsOfEdit50() {
+  return rows(blankBehindSign);
+}
+
 }  // namespace zelvaro

@@ -1,0 +1,37 @@
+#include "engine/Catalogue.h"
+
+namespace zelvaro {
+
+// One name for each file with messages, folder by folder.
+#define ZELVARO_FILES(X)                                                                                     \
+  /* source */ X(BasicData) X(Detect) X(NarrowText) X(OpenFileChH) X(OpenFileW)                              \
+      X(Paths) /* structure */ X(CkLabelDouble) X(CkLabelInUse) X(CkPrgName) X(CkPrgNameDouble)              \
+          X(CkPrgNameInUse) X(IsAnySrcOutside) X(Label35G) X(StartEnd) X(StartEnd10) X(StartEnd20)           \
+              X(TakeOutLabelStr) X(ZenKakuStartEnd) X(ZenKakuWord) X(Edit) X(Edit30c)                        \
+                  X(Edit50) /* statements */ X(CkOpStr) X(Operand20m15) /* encode */ X(AdrName) X(AdrNumber) \
+                      X(AnalystReg) X(CkAdrConst22) X(CkAdrOperand) X(CkOpTypeOprndOne) X(CkStartAdrOperand) \
+                          X(DspSyntaxErrorMsg) X(Encoders) X(GRxLabelAll) X(LiteralValue) X(MissingOprnd)    \
+                              X(Numbers) X(OpNoOperand) X(RegX) X(R2) /* macro */ X(Address3Ck) X(InOut1)    \
+                                  X(Macro2) X(MacroR2) /* data */ X(CkDC33) X(CkLiteral15)                   \
+                                      X(CkStrConstLiteral) X(DS) X(OprndAtDC) X(OprndAtDCtoChH)              \
+                                          X(SetMryInAtDC) X(SetWordKazuAtDC) X(TakeOutOprndsAtDC)            \
+                                              X(Dcds10) /* link */ X(AdrCk53) X(CkMaxMemory) X(CkMaxMrySize) \
+                                                  X(Link31) X(SetMemory10) /* comet2 */ X(Guards) X(Run)     \
+                                                      X(Services) /* report */ X(DspRegMry) /* diag */ X(    \
+                                                          Summaries) /* TimeVcl */ X(TimeVcl)
+
+#define ZELVARO_DECLARE(file) RowList rowsOf##file();
+ZELVARO_FILES(ZELVARO_DECLARE)
+#undef ZELVARO_DECLARE
+
+RowList allRows() {
+  RowList all;
+#define ZELVARO_APPEND(file) \
+  for (const MessageRow* row : rowsOf##file()) all.push_back(row);
+  ZELVARO_FILES(ZELVARO_APPEND)
+#undef ZELVARO_APPEND
+  return all;
+}
+#undef ZELVARO_FILES
+
+}  // namespace zelvaro
