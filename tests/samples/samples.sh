@@ -45,4 +45,12 @@ while read -r file; do
   name=${file#"$src"/}
   grep -q "^${name%.txt}|" "$here/outputs.txt" || expect "$name" "no row" "a row of outputs.txt"
 done < <(find "$src" -name '*.txt')
+
+# The copies of a subroutine differ in comments only.
+for routine in PRTDEC PRTINT PRTHEX; do
+  versions=$(grep -rl "^$routine *START" "$src" | while read -r file; do
+    sed -n "/^$routine *START/,/^ *END/p" "$file" | sed 's/ *;.*//' | md5sum
+  done | sort -u | wc -l)
+  expect "versions of $routine" "$versions" 1
+done
 exit $((failures > 0))
