@@ -98,7 +98,8 @@ std::map<std::string, std::string> sources() {
   };
   const std::filesystem::path root = std::string(ZELVARO_ROOT) + "/workspace";
   for (const auto& e : std::filesystem::recursive_directory_iterator(root / "src"))
-    if (e.path().extension() == ".txt" && e.path().stem() != "f15loop") out[e.path().lexically_relative(root).string()] = fileBytes(e.path());
+    if (e.path().extension() == ".txt" && e.path().stem() != "f15loop")
+      out[e.path().lexically_relative(root).string()] = fileBytes(e.path());
   return out;
 }
 
