@@ -33,6 +33,10 @@ for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz shar
   [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
 
+# Guides and samples are read on a terminal of 80 columns.
+widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
+[ "${widest% *}" -le 78 ] || fail "there is a line of $widest columns"
+
 # What the guides and the manual pages name is there.
 doc=$scratch/root/usr/share/doc/zelvaro
 for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUIDE.*.md | tr -d '` '); do
