@@ -1,28 +1,62 @@
 #!/usr/bin/env bash
-# Builds the Debian package, unpacks it into a scratch root and runs a sample from a fresh folder with it.
+# Builds the Debian package, checks it with lintian, unpacks it into a scratch root, and uses it from there as a
+# learner does: the starter, a sample, the files that guides and manual pages name.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh
-need dpkg-dev file
+need dpkg-dev file lintian mandoc groff-base desktop-file-utils
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
+fail() {
+  echo "$*"
+  exit 1
+}
 
-(cd build/release && cpack -G DEB -B "$scratch/package" >"$scratch/cpack.log" 2>&1) || { cat "$scratch/cpack.log"; exit 1; }
+for page in docs/man/zelvaro.1 docs/man/ja/zelvaro.1; do
+  mandoc -Tlint -W warning "$page" || fail "$page: mandoc finds faults"
+  warnings=$(groff -man -ww -Kutf8 -Tutf8 -z "$page" 2>&1)
+  [ -z "$warnings" ] || fail "$warnings"
+done
+desktop-file-validate packaging/zelvaro.desktop
+
+cmake --build build/release --target compressed >/dev/null
+(cd build/release && cpack -G DEB -B "$scratch/package" >"$scratch/cpack.log" 2>&1) || fail "$(cat "$scratch/cpack.log")"
+lintian --allow-root --fail-on error,warning "$scratch"/package/*.deb
 dpkg-deb -x "$scratch"/package/*.deb "$scratch/root"
 cmake --install build/release --prefix "$scratch/prefix" >/dev/null
 
-for part in bin/zelvaro share/man/man1/zelvaro.1 share/man/ja/man1/zelvaro.1 share/doc/zelvaro/GUIDE.en.md \
-  share/doc/zelvaro/GUIDE.ja.md share/zelvaro/src/pn100.txt; do
-  [ -e "$scratch/root/usr/$part" ] || { echo "the package lacks $part"; exit 1; }
-  [ -e "$scratch/prefix/$part" ] || { echo "the installation lacks $part"; exit 1; }
+for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz share/man/ja/man1/zelvaro-start.1.gz \
+  share/doc/zelvaro/copyright share/doc/zelvaro/changelog.gz share/applications/zelvaro.desktop \
+  share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt; do
+  [ -e "$scratch/root/usr/$part" ] || fail "the package lacks $part"
+  [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
 
-mkdir "$scratch/fresh"
-cp -r "$scratch/root/usr/share/zelvaro/src" "$scratch/fresh"
-(cd "$scratch/fresh" && printf '\n1\nsrc/pn100\n\n123\n' | "$scratch/root/usr/bin/zelvaro" >"$scratch/shown")
-for report in aaAssembledRegMry.txt aaResultantRegMry.txt; do
-  grep -q "^VM COMET2: $report" "$scratch/fresh/$report" || { echo "$report is missing"; exit 1; }
+# Guides and samples are read on a terminal of 80 columns.
+widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
+[ "${widest% *}" -le 78 ] || fail "there is a line of $widest columns"
+
+# What the guides and the manual pages name is there.
+doc=$scratch/root/usr/share/doc/zelvaro
+for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUIDE.*.md | tr -d '` '); do
+  sample=$scratch/root/usr/share/zelvaro/$name
+  [ -d "$sample" ] || [ -e "$sample.txt" ] || fail "no sample $name"
 done
-grep -q '^  GR1:.*#0007' "$scratch/fresh/aaResultantRegMry.txt" || { echo "the sample gave no 7"; exit 1; }
-echo "the package runs from a fresh folder"
+for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/zelvaro.1 docs/man/ja/zelvaro.1 "$doc"/GUIDE.*.md); do
+  [ -e "$scratch/root$path" ] || fail "no $path in the package"
+done
+
+# The starter copies the samples once, and starts the program in the learner's folder.
+starts() {
+  printf '\n1\nsrc/pn100\n\n123\n' | script -qec "$scratch/root/usr/bin/zelvaro-start '$scratch/my course'" /dev/null
+}
+starts >"$scratch/shown"
+for report in aaAssembledRegMry.txt aaResultantRegMry.txt; do
+  grep -q "^VM COMET2: $report" "$scratch/my course/$report" || fail "$report is missing: $(cat "$scratch/shown")"
+done
+grep -q '^  GR1:.*#0007' "$scratch/my course/aaResultantRegMry.txt" || fail "the sample gave no 7"
+echo "; mine" >>"$scratch/my course/src/pn100.txt"
+starts >"$scratch/shown"
+grep -q '^; mine' "$scratch/my course/src/pn100.txt" || fail "the starter wrote over a learner's file"
+echo "the package is sound and runs from a fresh folder"

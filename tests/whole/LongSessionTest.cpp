@@ -98,7 +98,8 @@ std::map<std::string, std::string> sources() {
   };
   const std::filesystem::path root = std::string(ZELVARO_ROOT) + "/workspace";
   for (const auto& e : std::filesystem::recursive_directory_iterator(root / "src"))
-    if (e.path().extension() == ".txt") out[e.path().lexically_relative(root).string()] = fileBytes(e.path());
+    if (e.path().extension() == ".txt" && e.path().stem() != "f15loop")
+      out[e.path().lexically_relative(root).string()] = fileBytes(e.path());
   return out;
 }
 
@@ -126,6 +127,7 @@ std::vector<Outcome> play(const std::vector<Command>& commands) {
 Command assembling(const std::string& name, int lang, bool goesOn) {
   Command c{name, lang, {"1", name}};
   if (name == "comma.txt" || name == "svc.txt") c.typed.emplace_back(goesOn ? "1" : "2");
+  if (name.ends_with("ex14read.txt")) c.typed.insert(c.typed.end(), {"12", goesOn ? "-30" : ""});
   if (name.ends_with("ex03echo.txt")) c.typed.emplace_back(goesOn ? "Ada" : "山田");
   return c;
 }
