@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh
-need dpkg-dev file
+need dpkg-dev file binutils
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -17,6 +17,8 @@ for part in bin/zelvaro share/man/man1/zelvaro.1 share/man/ja/man1/zelvaro.1 sha
   [ -e "$scratch/root/usr/$part" ] || { echo "the package lacks $part"; exit 1; }
   [ -e "$scratch/prefix/$part" ] || { echo "the installation lacks $part"; exit 1; }
 done
+
+scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
 
 mkdir "$scratch/fresh"
 cp -r "$scratch/root/usr/share/zelvaro/src" "$scratch/fresh"
