@@ -5,8 +5,13 @@ option(ZELVARO_HARDENING "build with the hardening options of the compiler and t
 
 if(ZELVARO_HARDENING AND NOT ZELVARO_SANITIZE AND NOT EMSCRIPTEN)
   include(CheckCXXCompilerFlag)
-  # -fcf-protection is for x86, -mbranch-protection for 64-bit ARM
-  foreach(option -fstack-protector-strong -fstack-clash-protection -fcf-protection -mbranch-protection=standard)
+  set(options -fstack-protector-strong -fstack-clash-protection)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|amd64|AMD64|i.86")
+    list(APPEND options -fcf-protection)
+  elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|arm64")
+    list(APPEND options -mbranch-protection=standard)
+  endif()
+  foreach(option ${options})
     string(MAKE_C_IDENTIFIER "ZELVARO_HAS${option}" known)
     check_cxx_compiler_flag(${option} ${known})
     if(${known})
