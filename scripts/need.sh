@@ -1,11 +1,15 @@
-# Sourced by run.sh, test.sh and .ci/run: need PACKAGE... installs with apt what the machine lacks.
+# Sourced by run.sh, test.sh and .ci/run: need PACKAGE... installs with apt what the machine lacks. With show_status
+# set, apt writes what it does, and a line for each step of its progress.
 need() {
-  local missing=() package
-  for package in "$@"; do
-    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
-  done
-  [ ${#missing[@]} -eq 0 ] && return 0
-  local sudo=()
+  local missing
+  # A package that dpkg has never heard of is missing as well, without a line of its own.
+  missing=$({ dpkg-query -W -f='${Package} ${Status}\n' "$@" 2>/dev/null || true; } |
+    awk -v wanted="$*" '/ install ok installed$/ { have[$1] }
+      END { n = split(wanted, names, " "); for (i = 1; i <= n; ++i) if (!(names[i] in have)) print names[i] }')
+  [ -n "$missing" ] || return 0
+  # shellcheck disable=SC2206 # a word for each package
+  missing=($missing)
+  local sudo=() status=() shown=/dev/null
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || {
       echo "These packages are missing: ${missing[*]}. Install them, or run this as root." >&2
@@ -14,11 +18,12 @@ need() {
     sudo=(sudo)
   fi
   echo "Installing: ${missing[*]}"
-  export DEBIAN_FRONTEND=noninteractive
+  [ -z "${show_status:-}" ] || { status=(-o APT::Status-Fd=1) shown=/dev/stdout; }
+  local install=("${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get "${status[@]}" install -y -qq "${missing[@]}")
   # A machine that was never updated has no list to install from.
-  "${sudo[@]}" apt-get install -y -qq "${missing[@]}" >/dev/null 2>&1 ||
-    { "${sudo[@]}" apt-get update -qq && "${sudo[@]}" apt-get install -y -qq "${missing[@]}" >/dev/null; }
+  "${install[@]}" >"$shown" 2>&1 || { "${sudo[@]}" apt-get update -qq && "${install[@]}" >"$shown"; }
 }
 
 need_to_build() { need g++ cmake ninja-build libfmt-dev libboost-dev; }
 need_to_test() { need_to_build && need libgtest-dev libgmock-dev; }
+need_clang() { need clang; }

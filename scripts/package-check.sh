@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh
-need dpkg-dev file lintian mandoc groff-base desktop-file-utils
+need dpkg-dev file binutils lintian mandoc groff-base desktop-file-utils
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -32,6 +32,8 @@ for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz shar
   [ -e "$scratch/root/usr/$part" ] || fail "the package lacks $part"
   [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
+
+scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
 
 # Guides and samples are read on a terminal of 80 columns.
 widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
