@@ -48,6 +48,7 @@ void WatchedPlatform::takeActions() {
 void WatchedPlatform::endAnswer() {
   takeActions();
   answers.back().files = files;
+  for (const std::string& name : takenAway) files.erase(name);
 }
 
 std::optional<std::string> WatchedPlatform::readLine() {

@@ -35,6 +35,7 @@ class WatchedPlatform : public ScriptedPlatform {
   Tallies tallies{};    ///< at the last time line
   std::string logText;  ///< what the replay of the log printed then
   Files editing;        ///< what a file holds once it has been edited
+  std::vector<std::string> takenAway;  ///< files that are removed at the end of each answer
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
@@ -54,7 +55,7 @@ class Dialogue {
 
   /// Starts the program, types the lines and lets the input end; returns all that was printed.
   std::string run(const std::vector<std::string>& typed);
-  /// Assembles and runs a source with these settings of [Mode], a line each.
+  /// Assembles and runs a source; `typed` is what its run or a question asks for.
   std::string assemble(std::string_view source, const std::string& pipeline,
                        std::vector<std::string> typed = {}, const std::string& language = "ENU");
   TSession& session() { return *session_; }
@@ -63,16 +64,6 @@ class Dialogue {
   std::unique_ptr<TSession> session_;
 };
 
-/// What one source file caused.
-struct Findings {
-  std::string text;       ///< printed between the reading line and the time line, without the replay
-  Tallies tallies{};      ///< at the time line
-  bool replayed = false;  ///< the replay came, and it was that of the log
-  std::string rest;       ///< what followed the time line
-};
-
-/// Assembles a source text in a language (0 Japanese, 1 English) through the whole dialogue.  The program
-/// runs where nothing speaks against it.  `pipeline` is a name for the settings.
-Findings assemble(std::string_view source, int lang, std::string_view pipeline = "WP");
-
 }  // namespace zelvaro::test
+
+#include "whole/Assemble.h"
