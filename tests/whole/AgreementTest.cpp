@@ -110,7 +110,7 @@ std::string damaged(unsigned seed) {
   const std::string source = randomSource(seed, DataPlace::AfterCode);
   std::mt19937 random(seed);
   for (;;) {
-    const std::size_t at = random() % source.size(), begin = source.rfind('\n', at) + 1;
+    const std::size_t at = random() % source.size(), begin = source.substr(0, at).rfind('\n') + 1;
     const char other = ", 'Gx=9;#"[random() % 9];
     std::string out = source;
     out.replace(at, random() % 2, random() % 3 > 0 ? 1 : 0, other);
