@@ -30,12 +30,12 @@ class WatchedPlatform : public ScriptedPlatform {
     Files files;       ///< as they were when the next line was read
   };
   TSession* session = nullptr;
-  std::vector<Answer>
-      answers;          ///< before the first typed line, after each of them, and after the input's end
-  Tallies tallies{};    ///< at the last time line
-  std::string logText;  ///< what the replay of the log printed then
-  Files editing;        ///< what a file holds once it has been edited
+  /// Before the first typed line, after each of them, and after the end of the input.
+  std::vector<Answer> answers;
+  Tallies tallies{};                   ///< at the last time line
+  Files editing;                       ///< what a file holds once it has been edited
   std::vector<std::string> takenAway;  ///< files that are removed at the end of each answer
+  std::string logText;                 ///< what the replay of the log printed at the last time line
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
@@ -44,6 +44,7 @@ class WatchedPlatform : public ScriptedPlatform {
 
  private:
   void takeActions();
+
   std::size_t actionsSeen_ = 0;
   bool inputEnded_ = false;
 };
