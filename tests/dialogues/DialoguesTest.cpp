@@ -28,23 +28,24 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+/// A line that is expected, as the script has it.
 struct Expected {
-  char kind;  ///< as in the script
+  char kind;
   std::string text;
   int line;
 };
 
 /// A look at an answer, or at a file.
 struct Look {
-  std::size_t answer;
+  std::size_t answer = 0;
   std::string file;  ///< empty: the answer itself
-  bool toTheLetter;
-  int line;
+  bool toTheLetter = true;
+  int line = 0;
   std::vector<Expected> expected;
 };
 
 struct Script {
-  std::string path, name;
+  std::string name;
   Lines directives, typed;
   std::vector<Look> looks;
 };
@@ -61,32 +62,31 @@ Lines cut(std::string_view text, std::string_view separator) {
   return out;
 }
 
-std::string unescaped(const std::string& text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\') {
-      out += text[i];
-    } else if (text[++i] == 'x') {
-      out += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
-      i += 2;
-    } else {
-      out += text[i] == 'n' ? '\n' : text[i];
-    }
-  }
-  return out;
-}
-
 std::string trimmed(const std::string& text) {
   const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
   return text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
+std::string unescaped(const std::string& text) {
+  const Lines parts = cut(text, "\\");
+  std::string out = parts[0];
+  for (std::size_t i = 1; i < parts.size(); ++i) {
+    if (parts[i].empty()) {
+      out += "\\" + parts[++i];
+    } else if (parts[i][0] == 'x') {
+      out += static_cast<char>(std::stoi(parts[i].substr(1, 2), nullptr, 16)) + parts[i].substr(3);
+    } else {
+      out += "\n" + parts[i].substr(1);
+    }
+  }
+  return out;
+}
+
 class Parser {
  public:
-  std::vector<Script> scripts;
+  std::vector<Script> scripts{{}};  ///< the first one has the directives of all
 
   explicit Parser(const std::string& path) {
-    always_.path = path;
     std::ifstream in(path, std::ios::binary);
     for (std::string text; std::getline(in, text); ++line_)
       if (!text.starts_with("#")) parse(text.empty() ? "  " : text);
@@ -95,50 +95,42 @@ class Parser {
  private:
   void parse(const std::string& text) {
     if (text.starts_with("== ")) {
-      scripts.push_back(always_);
-      scripts.back().name = text.substr(3);
-      into_ = nullptr;
-    } else if (isOneOf(text[0], ">^$? +!\"")) {
+      scripts.push_back({text.substr(3), scripts[0].directives, {}, {}});
+    } else if (text.starts_with("define ")) {
+      look_ = &defined_["<" + text.substr(7) + ">"];
+    } else if (!isOneOf(text[0], ">^$? +!\"")) {
+      scripts.back().directives.push_back(text);
+    } else {
       Lines parts = cut(text, " => ");
-      if (isOneOf(text[0], ">^$?"))
-        look(scripts.back(), parts[0]);
-      else
-        expect(parts[0]);
+      isOneOf(text[0], ">^$?") ? look(parts[0]) : expect(parts[0]);
       for (std::size_t i = 1; i < parts.size(); ++i)
         expect(isOneOf(parts[i][0], "+!\"") ? parts[i] : "  " + parts[i]);
-    } else if (text.starts_with("define ")) {
-      into_ = &defined_["<" + text.substr(7) + ">"];
-      toTheLetter_ = true;
-    } else {
-      (scripts.empty() ? always_ : scripts.back()).directives.push_back(text);
     }
   }
-  void look(Script& s, const std::string& text) {
-    const char kind = text[0];
-    toTheLetter_ = text.substr(1, 1) == "=";
-    const std::string rest = trimmed(text.substr(toTheLetter_ ? 2 : 1));
-    if (kind == '>')
+  void look(const std::string& text) {
+    Script& s = scripts.back();
+    const bool toTheLetter = text.substr(1, 1) == "=";
+    const std::string rest = trimmed(text.substr(toTheLetter ? 2 : 1));
+    if (text[0] == '>')
       for (const std::string& part : cut(rest, "|")) s.typed.push_back(unescaped(trimmed(part)));
-    std::size_t answer = s.typed.size() + (kind == '$' ? 1 : 0);
-    if (kind == '^') answer = 0;
-    if (kind == '?') answer = s.looks.back().answer;
-    s.looks.push_back({answer, kind == '?' ? rest : "", toTheLetter_, line_, {}});
-    into_ = &s.looks.back().expected;
+    std::size_t answer = text[0] == '^' ? 0 : s.typed.size() + (text[0] == '$' ? 1 : 0);
+    if (text[0] == '?') answer = s.looks.back().answer;
+    s.looks.push_back({answer, text[0] == '?' ? rest : "", toTheLetter, line_, {}});
+    look_ = &s.looks.back();
   }
   void expect(const std::string& line) {
-    char kind = toTheLetter_ ? '+' : line[0];
+    char kind = look_->toTheLetter ? '+' : line[0];
     const std::string text = line.substr(std::min<std::size_t>(line.size(), 2));
-    if (into_ == nullptr || (text.empty() && kind == ' ')) return;
+    if (text.empty() && kind == ' ') return;
     const auto named = defined_.find(text);
-    if (named == defined_.end()) return into_->push_back({kind, text, line_});
-    for (const Expected& e : named->second) into_->push_back({std::exchange(kind, '+'), e.text, line_});
+    if (named == defined_.end()) return look_->expected.push_back({kind, text, line_});
+    for (const Expected& e : named->second.expected)
+      look_->expected.push_back({std::exchange(kind, '+'), e.text, line_});
   }
 
   int line_ = 1;
-  Script always_;
-  std::map<std::string, std::vector<Expected>> defined_;
-  std::vector<Expected>* into_ = nullptr;  ///< takes the next lines
-  bool toTheLetter_ = true;
+  std::map<std::string, Look> defined_;
+  Look* look_ = nullptr;  ///< takes the next lines
 };
 
 bool matches(std::string_view line, std::string_view pattern) {
@@ -154,20 +146,17 @@ bool matches(std::string_view line, std::string_view pattern) {
 std::string outs(const Lines& lines) {
   std::string out;
   for (std::size_t i = 0; i + 1 < lines.size(); ++i)
-    if (lines[i].starts_with("OS: Output by") || lines[i].starts_with("OS: マクロ命令( OUT )"))
-      out += (out.empty() ? "" : " | ") + lines[i + 1];
+    if (lines[i].starts_with("OS: Output by")) out += (out.empty() ? "" : " | ") + lines[i + 1];
   return out;
 }
 
-/// Reports the first line that is not as the script has it.
-void compare(const Script& script, const Look& look, const Lines& lines) {
+/// Reports the first line that is not as the script has it: what was expected and what is shown.
+void compare(const std::string& path, const Look& look, const Lines& lines) {
   std::size_t at = 0;
   const auto fail = [&](int line, const std::string& expected) {
     std::string shown = at == lines.size() ? "(nothing more)" : "";
     for (std::size_t i = at; i < lines.size(); ++i) shown += "  " + lines[i] + "\n";
-    ADD_FAILURE_AT(script.path.c_str(), line)
-        << script.name << "\nexpected " << expected << "\nshown from there:\n"
-        << shown;
+    ADD_FAILURE_AT(path.c_str(), line) << "expected " << expected << "\nshown from there:\n" << shown;
   };
   for (const auto& [kind, text, line] : look.expected) {
     std::size_t i = kind == '!' ? 0 : at;
@@ -180,39 +169,47 @@ void compare(const Script& script, const Look& look, const Lines& lines) {
 }
 
 void prepare(WatchedPlatform& platform, const std::string& directive) {
-  const std::size_t blank = directive.find(' '), colon = directive.find(": ");
-  const std::string word = directive.substr(0, blank), rest = directive.substr(blank + 1);
-  for (const std::string& name : cut(directive.substr(blank + 1, colon - blank - 1), "|")) {
-    if (word == "file") platform.files[trimmed(name)] = unescaped(directive.substr(colon + 2));
-    if (word == "edit") platform.editing[name] = unescaped(directive.substr(colon + 2));
-  }
-  if (word == "folder") platform.folders.insert(rest);
-  if (word == "unwritable") platform.unwritable.insert(rest);
-  if (word == "language") platform.japanese = rest == "ja";
-  if (word == "ticks") platform.ticksPerCall = std::stoll(rest);
-  if (word == "random") platform.random = std::stoi(rest);
+  const std::size_t blank = directive.find(' '), colon = std::min(directive.find(": "), directive.size());
+  const std::string word = directive.substr(0, blank), name = directive.substr(blank + 1, colon - blank - 1);
+  const std::string text = colon == directive.size() ? "" : unescaped(directive.substr(colon + 2));
+  if (word == "file")
+    for (const std::string& each : cut(name, "|")) platform.files[trimmed(each)] = text;
+  else if (word == "edit")
+    platform.editing[name] = text;
+  else if (word == "folder")
+    platform.folders.insert(name);
+  else if (word == "unwritable")
+    platform.unwritable.insert(name);
+  else if (word == "language")
+    platform.japanese = name == "ja";
+  else if (word == "ticks")
+    platform.ticksPerCall = std::stoll(name);
+  else if (word == "random")
+    platform.random = std::stoi(name);
+  else
+    FAIL() << "no directive: " << directive;
 }
 
-void play(const Script& script) {
+void play(const std::string& path, const Script& script) {
+  SCOPED_TRACE(script.name);
   Dialogue d;
   d.platform.files = samples();
   for (const std::string& directive : script.directives) prepare(d.platform, directive);
   d.run(script.typed);
-  ASSERT_TRUE(d.platform.typed.empty()) << script.name << ": lines were left over";
+  ASSERT_TRUE(d.platform.typed.empty()) << "lines were left over";
   for (const Look& look : script.looks) {
-    ASSERT_LT(look.answer, d.platform.answers.size()) << script.name << ": the program had ended";
+    ASSERT_LT(look.answer, d.platform.answers.size()) << "the program had ended";
     const auto& [shown, files] = d.platform.answers[look.answer];
     const auto file = files.find(look.file);
-    const std::string text = look.file.empty()     ? shown
-                             : file == files.end() ? "(no such file)\n"
-                                                   : file->second;
-    Lines lines = cut(text, "\n");
-    if (lines.back().empty()) {
-      lines.pop_back();
-    } else {
+    Lines lines = cut(look.file.empty()     ? shown
+                      : file == files.end() ? "(no such file)\n"
+                                            : file->second,
+                      "\n");
+    if (!lines.back().empty())
       lines.back() += "(no line end)";
-    }
-    compare(script, look, lines);
+    else
+      lines.pop_back();
+    compare(path, look, lines);
   }
 }
 
@@ -220,11 +217,10 @@ TEST(Dialogues, GoAsTheScriptsHaveThem) {
   std::size_t count = 0;
   for (const auto& e : std::filesystem::directory_iterator(ZELVARO_ROOT "/tests/dialogues")) {
     if (e.path().extension() != ".dialogue") continue;
-    const Parser parser(e.path().string());
-    for (const Script& script : parser.scripts) play(script);
-    count += parser.scripts.size();
+    for (const Script& script : Parser(e.path().string()).scripts) play(e.path().string(), script);
+    ++count;
   }
-  EXPECT_GE(count, 40u);
+  EXPECT_EQ(count, 7u);
 }
 
 }  // namespace
