@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes first inputs for the fuzz targets, made of the samples, the transcripts and the tests.
+"""Writes first inputs for the fuzz targets, made of the samples, the dialogues and the tests.
 
   fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini
 """
@@ -22,6 +22,15 @@ def cases(ending):
             yield dict(zip(parts[1::2], parts[2::2]))
 
 
+def dialogue_files(word):
+    """Pairs of the name and the bytes of each file that a script of tests/dialogues has or edits."""
+    for path in sorted((ROOT / "tests" / "dialogues").glob("*.dialogue")):
+        for names, text in re.findall(rf"^{word} ([^:]*): (.*)$", path.read_text(encoding="utf-8"), flags=re.M):
+            data = text.encode("utf-8").decode("latin-1")
+            data = re.sub(r"\\(?:x(..)|(.))", lambda m: chr(int(m[1], 16)) if m[1] else m[2].replace("n", "\n"), data)
+            yield names, data.encode("latin-1")
+
+
 def encodings(text):
     yield text.encode("utf-8")
     yield text.encode("utf-8-sig")
@@ -34,12 +43,9 @@ def sources():
     """Pairs of a source's bytes and the lines typed behind its name."""
     for path in sorted((ROOT / "workspace" / "src").rglob("*.txt")):
         yield path.read_bytes(), "1\n12\n3\n\n11\n"
-    for blocks in cases(".transcript"):
-        # behind the go-ahead line, the menu's 1 and the name
-        typed = "\n".join(blocks.get("typed", "").split("\n")[3:])
-        for name, text in blocks.items():
-            if name.startswith(("file ", "edit ")) and not name.endswith(".ini"):
-                yield text.encode("utf-8"), typed
+    for names, data in dialogue_files("file"):
+        if not names.endswith(".ini"):
+            yield data, "1\n12\n3\n\n11\n"
     for blocks in cases(".golden"):
         if "source" in blocks:
             yield blocks["source"].encode("utf-8"), ""
@@ -54,10 +60,10 @@ def images():
 
 
 def settings():
-    for blocks in cases(".transcript"):
-        for name, text in blocks.items():
-            if name.endswith(".ini"):
-                yield text.encode("utf-8")
+    for word in ("file", "edit"):
+        for names, data in dialogue_files(word):
+            if names.endswith(".ini"):
+                yield data
 
 
 def write(folder, data):

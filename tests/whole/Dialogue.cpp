@@ -1,29 +1,31 @@
 #include "whole/Dialogue.h"
 
-#include <algorithm>
-
-#include "MoziCode/Utf.h"
+#include <filesystem>
+#include <fstream>
 
 namespace zelvaro::test {
-namespace {
 
-constexpr std::string_view kTimeLine = " msec =(ReadFile";
-
-/// The position behind the line that tells which file is read, or 0.
-std::size_t behindReadingLine(const std::string& shown, const std::string& name, int lang) {
-  const std::string wide = lang == kJapanese ? "'" + name + "'    " : "* Reading " + name;
-  const std::string narrow = lang == kJapanese ? "'" + name + "' を読み込みます。" : "Reading " + name + ".";
-  const std::size_t at = std::min(shown.find(wide), shown.find(narrow));
-  return at == std::string::npos ? 0 : shown.find('\n', at) + 1;
+const Files& samples() {
+  static const Files all = [] {
+    Files out;
+    const std::filesystem::path root = std::string(ZELVARO_ROOT) + "/workspace";
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root / "src")) {
+      if (!e.is_regular_file()) continue;
+      std::ifstream in(e.path(), std::ios::binary);
+      out[e.path().lexically_relative(root).string()] = {std::istreambuf_iterator<char>(in),
+                                                         std::istreambuf_iterator<char>()};
+    }
+    return out;
+  }();
+  return all;
 }
-
-}  // namespace
 
 void WatchedPlatform::print(std::string_view utf8) {
   if (session != nullptr && utf8.find(kTimeLine) != std::string_view::npos) {
-    const TMsgBase* owners[] = {&session->sh, &session->cs, &session->b};
     tallies = {};
-    for (const TMsgBase* o : owners) {
+    for (const TMsgBase* o :
+         {static_cast<const TMsgBase*>(&session->sh), static_cast<const TMsgBase*>(&session->cs),
+          static_cast<const TMsgBase*>(&session->b)}) {
       tallies[0] += o->ErrorKazu;
       tallies[1] += o->WarningKazu;
       tallies[2] += o->NoteKazu;
@@ -33,15 +35,26 @@ void WatchedPlatform::print(std::string_view utf8) {
     session->dg.ReplayLog(replay);
     logText = replay.console;
   }
-  showActions();
-  seen += utf8;
+  takeActions();
+  answers.back().text += utf8;
   ScriptedPlatform::print(utf8);
 }
 
+void WatchedPlatform::takeActions() {
+  for (; actionsSeen_ < actions.size(); ++actionsSeen_)
+    answers.back().text += "[" + actions[actionsSeen_] + "]\n";
+}
+
+void WatchedPlatform::endAnswer() {
+  takeActions();
+  answers.back().files = files;
+  for (const std::string& name : takenAway) files.erase(name);
+}
+
 std::optional<std::string> WatchedPlatform::readLine() {
-  showActions();
-  if (!seen.empty() && seen.back() != '\n') seen += "\n";
-  seen += typed.empty() ? "(the input ends)\n" : "> " + typed.front() + "\n";
+  endAnswer();
+  if (!inputEnded_) answers.emplace_back();
+  inputEnded_ = typed.empty();
   return ScriptedPlatform::readLine();
 }
 
@@ -51,14 +64,12 @@ EditResult WatchedPlatform::editFile(const EditorCommand& editor, const std::str
   return ScriptedPlatform::editFile(editor, path);
 }
 
-void WatchedPlatform::showActions() {
-  for (; actionsSeen_ < actions.size(); ++actionsSeen_) seen += "[" + actions[actionsSeen_] + "]\n";
-}
-
 std::string Dialogue::run(const std::vector<std::string>& typed) {
   platform.typed.assign(typed.begin(), typed.end());
-  platform.console.clear();
-  platform.seen.clear();
+  platform.now.tm_year = 126;
+  platform.now.tm_mon = 10;
+  platform.now.tm_mday = 22;
+  platform.answers.assign(1, {});
   session_ = std::make_unique<TSession>(platform);
   platform.session = session_.get();
   {
@@ -66,35 +77,17 @@ std::string Dialogue::run(const std::vector<std::string>& typed) {
     game.SetCurrentDirChH();
     game.Start();
   }
+  platform.endAnswer();
   platform.session = nullptr;
   return platform.console;
 }
 
-Findings assemble(std::string_view source, int lang, std::string_view pipeline) {
-  Dialogue d;
-  d.platform.japanese = lang == kJapanese;
-  // The detection takes a short UTF-8 text for Shift-JIS easily; a mark leaves no doubt.
-  d.platform.files["a.txt"] = (isAscii(source) ? "" : "\xEF\xBB\xBF") + std::string(source);
-  d.platform.files["zelvaro.ini"] = std::string("[Mode]\nLangStr=") + (lang == kJapanese ? "JPN" : "ENU") +
-                                    "\nFightFunc=" + std::string(pipeline) + "\n";
-  const std::string shown = d.run({"", "1", "a.txt", "2"});
-  Findings out;
-  const std::size_t from = behindReadingLine(shown, "a.txt", lang);
-  std::size_t line = shown.find(kTimeLine, from);
-  if (line == std::string::npos) {
-    out.text = shown.substr(from);
-    return out;
-  }
-  line = shown.rfind('\n', line) + 1;
-  out.text = shown.substr(from, line - from);
-  out.rest = shown.substr(shown.find('\n', line) + 1);
-  out.tallies = d.platform.tallies;
-  const bool replays = findPipeline(pipeline)->keepsLog && out.tallies[0] > 0;
-  if (replays && out.text.ends_with(d.platform.logText)) {
-    out.replayed = true;
-    out.text.resize(out.text.size() - d.platform.logText.size());
-  }
-  return out;
+std::string Dialogue::assemble(std::string_view source, const std::string& pipeline,
+                               std::vector<std::string> typed, const std::string& language) {
+  platform.files["a.txt"] = source;
+  platform.files["zelvaro.ini"] = "[Mode]\nLangStr=" + language + "\nFightFunc=" + pipeline + "\n";
+  typed.insert(typed.begin(), {"", "1", "a.txt"});
+  return run(typed);
 }
 
 }  // namespace zelvaro::test

@@ -14,32 +14,39 @@
 
 namespace zelvaro::test {
 
-/// What one source file drew.
-struct Findings {
-  std::string text;              ///< what was printed between the reading line and the time line, without
-                                 ///< the replay
-  std::array<int, 4> tallies{};  ///< Errors, Warnings, Notes, Memos at the time line
-  bool replayed = false;         ///< the replay came, and it was that of the log
-  std::string rest;              ///< what followed the time line
-};
+using Files = std::map<std::string, std::string>;  ///< bytes by name
+using Tallies = std::array<int, 4>;                ///< Errors, Warnings, Notes, Memos
+inline constexpr char kMark8[] = "\xEF\xBB\xBF";   ///< begins a UTF-8 file, so that nothing is detected
+inline constexpr char kTimeLine[] = " msec =(ReadFile";
 
-/// A platform that looks at the tallies when the time line of a run passes by, and keeps what a person at a
-/// terminal sees: what is printed, with the typed lines and the programs started where they came.
+/// The sample sources of workspace/, under the names that a learner types.
+const Files& samples();
+
+/// A platform that keeps what a person at a terminal sees, cut at the typed lines.
 class WatchedPlatform : public ScriptedPlatform {
  public:
+  struct Answer {
+    std::string text;  ///< what was printed, and a program started as "[what it does]"
+    Files files;       ///< as they were when the next line was read
+  };
   TSession* session = nullptr;
-  std::array<int, 4> tallies{};
-  std::string logText;                         ///< what the replay of the log at that moment prints
-  std::string seen;                            ///< a typed line as "> line", an action as "[action]"
-  std::map<std::string, std::string> editing;  ///< what a file holds once it has been edited
+  /// Before the first typed line, after each of them, and after the end of the input.
+  std::vector<Answer> answers;
+  Tallies tallies{};                   ///< at the last time line
+  Files editing;                       ///< what a file holds once it has been edited
+  std::vector<std::string> takenAway;  ///< files that are removed at the end of each answer
+  std::string logText;                 ///< what the replay of the log printed at the last time line
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
   EditResult editFile(const EditorCommand& editor, const std::string& path) override;
+  void endAnswer();
 
  private:
+  void takeActions();
+
   std::size_t actionsSeen_ = 0;
-  void showActions();
+  bool inputEnded_ = false;
 };
 
 /// One use of the program, from its start to its end.
@@ -47,16 +54,17 @@ class Dialogue {
  public:
   WatchedPlatform platform;
 
-  /// Starts the program, types the lines and lets the input end; returns all that was shown.
+  /// Starts the program, types the lines and lets the input end; returns all that was printed.
   std::string run(const std::vector<std::string>& typed);
+  /// Assembles and runs a source; `typed` is what its run or a question asks for.
+  std::string assemble(std::string_view source, const std::string& pipeline,
+                       std::vector<std::string> typed = {}, const std::string& language = "ENU");
   TSession& session() { return *session_; }
 
  private:
   std::unique_ptr<TSession> session_;
 };
 
-/// Assembles a source text in a language (0 Japanese, 1 English) through the whole dialogue.  The program
-/// runs where nothing speaks against it.  `pipeline` is a name for the settings.
-Findings assemble(std::string_view source, int lang, std::string_view pipeline = "WP");
-
 }  // namespace zelvaro::test
+
+#include "whole/Assemble.h"
