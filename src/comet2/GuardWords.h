@@ -247,6 +247,23 @@ inline constexpr Message emptyStackGuard{Severity::Plain,
                                                 "It has happened when an opcode at address "
                                                 "of #{hex} is executed. "}};
 
+inline constexpr Message inputEndedGuard{
+    Severity::Plain,
+    Head::None,
+    args("count"),
+    {.ja = "\nOS: 入力がすでに終わっているのに、マクロ命令( IN )が続けて {count} 回実行されたので、"
+           "実行を中止しました。 \n",
+     .en =
+         "\nOS: The comet2 is terminated, because a Macro Instruction of IN has been executed {count} times "
+         "in a row although the input has come to its end. \n"}};
+
+inline constexpr Message nobodyThereGuard{
+    Severity::Plain,
+    Head::None,
+    args(),
+    {.ja = "\nOS: コンソールの相手がいなくなったので、実行を中止しました。 \n",
+     .en = "\nOS: The comet2 is terminated, because nobody follows the console any more. \n"}};
+
 inline constexpr Message returnGuard{Severity::Plain, Head::None, args("sp"),
                                      bothLanguages("SP=#{sp} "
                                                    "An unknown error has happened "

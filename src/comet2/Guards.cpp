@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "comet2/GuardWords.h"
+#include "comet2/Services.h"
 #include "diag/Say.h"
 
 namespace zelvaro {
@@ -94,6 +95,12 @@ void tellStop(Stop stop, Tcomet2& m, Platform& platform) {
       break;
     case Stop::Unregistered:
       say<Family, unregisteredGuard>(platform, m.IsEnglish, hex4(word), hex(m.PR), m.PR);
+      break;
+    case Stop::InputEnded:
+      say<Family, inputEndedGuard>(platform, m.IsEnglish, kMostEmptyInputs);
+      break;
+    case Stop::NobodyThere:
+      say<Family, nobodyThereGuard>(platform, m.IsEnglish);
       break;
     case Stop::End:
     case Stop::Store:

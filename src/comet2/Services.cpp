@@ -1,5 +1,6 @@
 #include "comet2/Services.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -59,8 +60,7 @@ std::string_view cutToLimit(std::string_view line) {
   return line.substr(0, line.find('\0'));
 }
 
-std::u16string readText(Platform& platform, std::int32_t isEnglish) {
-  const std::string line = platform.readLine().value_or("");
+std::u16string textOf(const std::string& line, Platform& platform, std::int32_t isEnglish) {
   std::u16string text;
   if (!utf8ToUtf16(cutToLimit(line), text)) {
     say<WP, conversionFailed>(platform, isEnglish);
@@ -81,12 +81,13 @@ std::size_t address(std::int32_t value) {
 
 int SvcIn(Tcomet2& m, Platform& platform) {
   say<WP, inputPrompt>(platform, m.IsEnglish);
-  const std::u16string text = readText(platform, m.IsEnglish);
+  const std::optional<std::string> line = platform.readLine();
+  const std::u16string text = textOf(line.value_or(""), platform, m.IsEnglish);
   const auto length = static_cast<std::int32_t>(text.size());
   m.Memory[address(m.GR[2])] = length;
   for (std::int32_t i = 0; i < length; ++i)
     m.Memory[address(unsignedWord(m.GR[1]) + i)] = text[static_cast<std::size_t>(i)];
-  return length;
+  return line || !platform.inputHasEnded() ? length : kNoLine;
 }
 
 void SvcOut(const Tcomet2& m, Platform& platform) {

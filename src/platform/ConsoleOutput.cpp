@@ -1,8 +1,11 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
+#include <utility>
 
 #include "platform/Console.h"
 
@@ -24,14 +27,35 @@ bool isPlain(unsigned char c) {
   return (c >= 0x20 && c < 0x7F) || c == '\n' || c == '\t';
 }
 
-/// The value of a complete sequence, or 0 for one that is longer than its character needs: some terminals
-/// decode such a disguise of a control character.
+/// The value of a complete sequence, or 0 for one that is longer than its character needs (some terminals
+/// decode such a disguise of a control character) or that is no character at all.
 std::uint32_t valueOf(std::string_view sequence) {
   std::uint32_t value = static_cast<unsigned char>(sequence[0]) & (0x7Fu >> sequence.size());
   for (std::size_t i = 1; i < sequence.size(); ++i)
     value = (value << 6) | (static_cast<unsigned char>(sequence[i]) & 0x3Fu);
   constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
-  return value < kLeast[sequence.size()] ? 0 : value;
+  const bool isSurrogate = value >= 0xD800 && value <= 0xDFFF;
+  return value < kLeast[sequence.size()] || isSurrogate || value > 0x10FFFF ? 0 : value;
+}
+
+/// Characters that a terminal obeys instead of showing them.
+bool steers(std::uint32_t value) {
+  constexpr std::pair<std::uint32_t, std::uint32_t> kRanges[] = {
+      {0x80, 0x9F},                                                              // controls
+      {0x61C, 0x61C},   {0x200E, 0x200F},   {0x202A, 0x202E}, {0x2066, 0x206F},  // the direction of writing
+      {0x2028, 0x2029},                      // ends of lines and paragraphs
+      {0xFFF9, 0xFFFB}, {0xE0000, 0xE007F},  // text that is not shown
+  };
+  for (const auto& [first, last] : kRanges)
+    if (value >= first && value <= last) return true;
+  return false;
+}
+
+/// "<U+009B>": at least four digits.
+std::string inDigits(std::uint32_t value) {
+  std::array<char, 12> text{};
+  std::snprintf(text.data(), text.size(), "<U+%04X>", static_cast<unsigned>(value));
+  return text.data();
 }
 
 }  // namespace
@@ -52,6 +76,11 @@ void ConsoleOutput::print(std::string_view utf8) {
 void ConsoleOutput::flush() {
   endSequence();
   writeOut();
+}
+
+void ConsoleOutput::look() {
+  pollfd other{fd_, 0, 0};
+  if (poll(&other, 1, 0) == 1 && (other.revents & (POLLERR | POLLHUP)) != 0) giveUp();
 }
 
 void ConsoleOutput::append(std::string_view bytes) {
@@ -111,9 +140,8 @@ void ConsoleOutput::endSequence() {
   announced_ = 0;
   if (value == 0) {
     append(kReplacementUtf8);
-  } else if (value < 0xA0) {
-    constexpr std::string_view kHex = "0123456789ABCDEF";
-    append(std::string("<U+00") + kHex[value >> 4] + kHex[value & 0xF] + ">");
+  } else if (steers(value)) {
+    append(inDigits(value));
   } else {
     append(sequence_);
   }
@@ -129,7 +157,7 @@ void ConsoleOutput::writeOut() {
       pollfd ready{fd_, POLLOUT, 0};
       if (poll(&ready, 1, -1) < 0 && errno != EINTR) failed_ = true;
     } else if (errno != EINTR) {
-      readerIsGone_ = errno == EPIPE;
+      readerIsGone_ = errno == EPIPE || (terminal_ && errno == EIO);
       failed_ = true;
     }
   }

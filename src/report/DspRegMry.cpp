@@ -1,6 +1,7 @@
 // DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
 #include <fmt/format.h>
 
+#include "diag/FailureWords.h"
 #include "diag/MsgBase.h"
 #include "report/LabelColumn.h"
 #include "report/Report.h"
@@ -279,8 +280,15 @@ void RegMryReport<Family>::stack(ReportText& out) const {
   SeparatorLine(out, kSeparatorWidth);
 }
 
-void tellFailure(Platform& platform, const std::string& filename, const std::string& reason) {
-  platform.print(filename + " does not open.\nMsg:: " + reason + "\n");
+template <class Family>
+constexpr std::string_view kReportName = isWide<Family>         ? "DspRegMry70NW"
+                                         : kIsFixedForm<Family> ? "DspRegMry68NH"
+                                                                : "DspRegMry68NA";
+
+template <class Family>
+void tellFailure(Platform& platform, const std::string& filename, const FileFailure& failure, int lang) {
+  platform.print(filename + " does not open.\nMsg:: " + failureWords(failure, lang) +
+                 "\nPrg. Error: 70D5A3E1 " + std::string(kReportName<Family>) + "\n");
 }
 
 }  // namespace
@@ -291,7 +299,7 @@ void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, con
   FileFailure failure;
   const std::unique_ptr<OutputFile> file = platform.createFile(filename, &failure);
   if (file == nullptr) {
-    tellFailure(platform, filename, failure.reason);
+    tellFailure<Family>(platform, filename, failure, m.IsEnglish);
     return;
   }
   if constexpr (!isWide<Family> && !kIsFixedForm<Family>) m.LastAdr = b.PrgEndAdr;
@@ -302,7 +310,7 @@ void DspRegMry(const std::string& filename, Tcomet2& m, const TBasicData& b, con
   report.memory(out);
   report.stack(out);
   out.flush();
-  if (!file->commit()) tellFailure(platform, filename, file->reason());
+  if (!file->commit()) tellFailure<Family>(platform, filename, file->failure(), m.IsEnglish);
 }
 
 #define ZELVARO_INSTANTIATE(F) \

@@ -36,10 +36,13 @@ void printTryAgain(const Command& c) {
   c.print("もう一度\n", "Try it again!\n");
 }
 
-/// Shows a file with the editor in use.  No editor is opened without a name.
-Result showFile(const Command& c, const std::string& name) {
-  if (!name.empty())
-    editFile(c.s.platform, c.game.Lang, c.s.editorData.Command, nativePath(NormalizePath(name)));
+/// Shows a source with the editor in use.  No editor is opened without a name.
+Result showSource(const Command& c, const std::string& name) {
+  showFile(c.s.platform, c.game.Lang, c.s.editorData.Command, nativePath(NormalizePath(name)));
+  return MenuDone;
+}
+Result showReport(const Command& c, std::string_view name) {
+  editFile(c.s.platform, c.game.Lang, c.s.editorData.Command, std::string(name));
   return MenuDone;
 }
 
@@ -59,10 +62,10 @@ Result assembleLast(const Command& c) {
 }
 
 Result showAssembled(const Command& c) {
-  return showFile(c, std::string(AssembledRegFile));
+  return showReport(c, AssembledRegFile);
 }
 Result showResultant(const Command& c) {
-  return showFile(c, std::string(ResultantRegFile));
+  return showReport(c, ResultantRegFile);
 }
 
 Result listNamedFolder(const Command& c) {
@@ -82,7 +85,7 @@ Result showNamed(const Command& c) {
           "Input a text filename to edit. \n");
   const std::optional<std::string> name = FindSrcFile(c.s.sh);
   if (!name) return MenuExit;
-  return showFile(c, *name);
+  return showSource(c, *name);
 }
 
 Result showLast(const Command& c) {
@@ -90,7 +93,7 @@ Result showLast(const Command& c) {
     printTryAgain(c);
     return std::nullopt;
   }
-  return showFile(c, c.s.sh.LastSrcFile);
+  return showSource(c, c.s.sh.LastSrcFile);
 }
 
 Result openHelp(const Command& c) {

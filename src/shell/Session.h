@@ -42,6 +42,7 @@ struct TSession {
   EditorData editorData;
   MoziCodeData moziCodeData;
   TimeData timeData;
+  bool iniIsLeftAlone = false;  ///< the settings file could not be read, so it is not written either
 
   Assembly assembly() { return {sh, cs, b}; }
   /// Gives the language to every object that holds a copy; TGame has its own.

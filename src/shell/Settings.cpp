@@ -6,6 +6,7 @@
 #include <sstream>
 #include <utility>
 
+#include "diag/FailureWords.h"
 #include "diag/Say.h"
 #include "shell/Prompt.h"
 
@@ -26,18 +27,28 @@ constexpr Message doesNotOpen{Severity::Plain,
                               args("path", "reason"),
                               {.ja = "設定ファイル {path} を読み込めません： {reason}",
                                .en = "The settings file {path} cannot be read: {reason}"}};
+constexpr Message tooLarge{Severity::Plain,
+                           Head::None,
+                           args("path"),
+                           {.ja = "設定ファイル {path} は 1 MiB を超えているので読み込みません。",
+                            .en = "The settings file {path} is not read, because it is larger than 1 MiB."}};
 constexpr Message keptAside{
     Severity::Plain,
     Head::None,
-    args("path"),
-    {.ja = "それを {path}.bak という名前で残し、初期設定に置きかえて続けます。",
-     .en = "It is kept under the name {path}.bak, and a file of default settings takes its place."}};
+    args("kept"),
+    {.ja = "それを {kept} という名前で残し、初期設定に置きかえて続けます。",
+     .en = "It is kept under the name {kept}, and a file of default settings takes its place."}};
+constexpr Message notKeptAside{Severity::Plain,
+                               Head::None,
+                               args("kept", "reason"),
+                               {.ja = "{kept} という名前で残すことはできませんでした： {reason}",
+                                .en = "It could not be kept under the name {kept}: {reason}"}};
 constexpr Message leftAlone{
     Severity::Plain,
     Head::None,
-    args("path"),
-    {.ja = "それはそのまま残し、初期設定で続けます。 {path}.bak という名前に変えることはできませんでした。",
-     .en = "It stays as it is, and default settings are used. It could not be renamed to {path}.bak."}};
+    args(),
+    {.ja = "それはそのまま残し、初期設定で続けます。 終了するときも設定は保存しません。",
+     .en = "It stays as it is, and default settings are used. No settings are saved at the end."}};
 constexpr Message doesNotWrite{
     Severity::Plain,
     Head::None,
@@ -45,10 +56,18 @@ constexpr Message doesNotWrite{
     {.ja = "設定ファイル {path} に書き込めません： {reason}\n今の設定は保存されません。",
      .en = "The settings file {path} cannot be written: {reason}\nThe present settings are not saved."}};
 
+template <class Value>
+const Value& inWords(const Value& value, int) {
+  return value;
+}
+std::string inWords(const FileFailure& failure, int lang) {
+  return failureWords(failure, lang);
+}
+
 template <const Message& Row, class... Arg>
 void tell(TSession& s, const Arg&... arg) {
   for (const int lang : {kJapanese, kEnglish}) {
-    say<WP, Row>(s.platform, lang, arg...);
+    say<WP, Row>(s.platform, lang, inWords(arg, lang)...);
     s.platform.print("\n");
   }
 }
@@ -122,49 +141,82 @@ Tree currentTree(TSession& s) {
   return treeOf(v);
 }
 
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;  ///< of a settings file
+
+/// Writes a file that is on the disk before it takes its name.  False with the cause in `failure`.
+bool writeSynced(Platform& platform, const std::string& path, std::string_view bytes, bool replaces,
+                 FileFailure& failure) {
+  const auto file = platform.createFile(path, &failure, {.synced = true, .replaces = replaces});
+  if (!file) return false;
+  file->write(bytes);
+  const bool done = file->commit();
+  failure = file->failure();
+  return done;
+}
+
 void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   std::ostringstream text;
   text.exceptions(std::ios::badbit);  // else a lack of memory would cut the text short
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
-  const std::unique_ptr<OutputFile> file = s.platform.createFile(path, &failure);
-  if (file) {
-    file->write(text.view());
-    if (file->commit()) return;
-    failure.reason = file->reason();
-  }
-  tell<doesNotWrite>(s, path, failure.reason);
+  if (!writeSynced(s.platform, path, text.view(), true, failure)) tell<doesNotWrite>(s, path, failure);
 }
 
-/// Puts a file that cannot be used aside, so that a default one can take its place.
-void keepAside(TSession& s, const std::string& path) {
-  if (!s.platform.renameFile(path, path + ".bak")) {
-    tell<leftAlone>(s, path);
-    return;
-  }
-  tell<keptAside>(s, path);
-  WriteDefaultIni(s, path);
+/// A file that is not understood, or not even read, is not written at the end either.
+void leaveAlone(TSession& s) {
+  s.iniIsLeftAlone = true;
+  tell<leftAlone>(s);
 }
 
-/// The tree of the file, or the default one, told, where the file cannot be used.
+/// Keeps the bytes of a file that is not understood under the first name of a row that nothing has yet, and
+/// puts a default one in its place.  A program that starts at the same time and does the same takes the next.
+void keepAside(TSession& s, const std::string& path, const std::string& bytes) {
+  constexpr int kMostKept = 100;
+  FileFailure failure;
+  std::string kept;
+  for (int i = 1; i <= kMostKept; ++i) {
+    kept = path + ".bak" + (i > 1 ? std::to_string(i) : "");
+    if (writeSynced(s.platform, kept, bytes, false, failure)) {
+      tell<keptAside>(s, kept);
+      return WriteDefaultIni(s, path);
+    }
+    if (failure.kind != FileFailure::Kind::Exists) break;
+  }
+  tell<notKeptAside>(s, kept, failure);
+  leaveAlone(s);
+}
+
+Tree parsed(std::string_view bytes) {
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+  Tree tree;
+  std::istringstream text{std::string(bytes)};
+  text.exceptions(std::ios::badbit);
+  boost::property_tree::read_ini(text, tree);
+  return tree;
+}
+
+/// The tree of the file, or the default one where there is none that can be used.
 Tree readTree(TSession& s, const std::string& path) {
   FileFailure failure;
-  const std::optional<std::string> bytes = s.platform.readFile(path, &failure);
-  if (!bytes) {
-    tell<doesNotOpen>(s, path, failure.reason);
-    keepAside(s, path);
-    return defaultTree(s);
+  const std::optional<std::string> bytes = s.platform.readFile(path, &failure, kMostBytes);
+  s.iniIsLeftAlone = false;
+  if (bytes) {
+    try {
+      return parsed(*bytes);
+    } catch (const boost::property_tree::ini_parser_error& e) {
+      tell<doesNotParse>(s, path, e.line(), e.message());
+    }
+    keepAside(s, path, *bytes);
+  } else if (failure.kind == FileFailure::Kind::Missing) {
+    WriteDefaultIni(s, path);
+  } else {
+    if (failure.kind == FileFailure::Kind::TooLarge) {
+      tell<tooLarge>(s, path);
+    } else {
+      tell<doesNotOpen>(s, path, failure);
+    }
+    leaveAlone(s);
   }
-  try {
-    Tree tree;
-    std::istringstream text(*bytes);
-    text.exceptions(std::ios::badbit);
-    boost::property_tree::read_ini(text, tree);
-    return tree;
-  } catch (const boost::property_tree::ini_parser_error& e) {
-    tell<doesNotParse>(s, path, e.line(), e.message());
-  }
-  keepAside(s, path);
   return defaultTree(s);
 }
 
@@ -213,15 +265,11 @@ void takeSettings(TSession& s, const Tree& tree) {
 }  // namespace
 
 void ReadIni(TSession& s, const std::string& path) {
-  if (!s.platform.exists(path)) {
-    WriteDefaultIni(s, path);
-    // Where nothing can be written there is still nothing to read.
-    if (!s.platform.exists(path)) return takeSettings(s, defaultTree(s));
-  }
   takeSettings(s, readTree(s, path));
 }
 
 void WriteIni(TSession& s, const std::string& path) {
+  if (s.iniIsLeftAlone && s.platform.exists(path)) return;
   writeTree(s, path, currentTree(s));
 }
 

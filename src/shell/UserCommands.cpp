@@ -5,6 +5,7 @@
 
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
+#include "diag/FailureWords.h"
 #include "diag/Say.h"
 #include "shell/Prompt.h"
 
@@ -98,7 +99,7 @@ void listFolder(Platform& platform, int lang, const std::string& path) {
   if (const auto listing = platform.folderListing(path, &failure)) {
     platform.print(*listing);
   } else {
-    say<WP, notListed>(platform, lang, path, failure.reason);
+    say<WP, notListed>(platform, lang, path, failureWords(failure, lang));
   }
 }
 
@@ -112,28 +113,38 @@ void deleteAfterQuestion(Platform& platform, int lang, const std::string& path) 
   } else if (platform.deleteFile(path, &failure)) {
     say<WP, isDeleted>(platform, lang);
   } else {
-    say<WP, notDeleted>(platform, lang, path, failure.reason);
+    say<WP, notDeleted>(platform, lang, path, failureWords(failure, lang));
   }
 }
 
 void editFile(Platform& platform, int lang, const EditorCommand& editor, const std::string& path) {
-  if (path.empty()) return;
   const EditResult result = platform.editFile(editor, path);
-  if (result.status == EditResult::Status::NotStarted)
-    say<WP, editorNotStarted>(platform, lang, result.editor, result.reason);
-  if (result.status != EditResult::Status::NoEditor) return;
-  FileFailure failure;
-  if (const auto bytes = platform.readFile(path, &failure)) {
-    printText(platform, *bytes);
-  } else {
-    say<WP, notShown>(platform, lang, path, failure.reason);
+  FileFailure failure = result.failure;
+  switch (result.status) {
+    case EditResult::Status::Edited:
+      return;
+    case EditResult::Status::NotStarted:
+      return say<WP, editorNotStarted>(platform, lang, result.editor, failureWords(failure, lang));
+    case EditResult::Status::NoEditor:
+      if (const auto bytes = platform.readFile(path, &failure)) return printText(platform, *bytes);
+      break;
+    case EditResult::Status::Refused:
+      break;
   }
+  say<WP, notShown>(platform, lang, path, failureWords(failure, lang));
+}
+
+void showFile(Platform& platform, int lang, const EditorCommand& editor, const std::string& path) {
+  FileFailure failure;
+  if (path.empty()) return;
+  if (platform.canRead(path, &failure)) return editFile(platform, lang, editor, path);
+  say<WP, notShown>(platform, lang, path, failureWords(failure, lang));
 }
 
 void openDocument(Platform& platform, int lang, const std::string& path) {
   FileFailure failure;
   const auto bytes = platform.readFile(path, &failure);
-  if (!bytes) return say<WP, notOpened>(platform, lang, path, failure.reason);
+  if (!bytes) return say<WP, notOpened>(platform, lang, path, failureWords(failure, lang));
   if (platform.openOnDesktop(path)) return;
   if (bytes->find('\0') == std::string::npos) return printText(platform, *bytes);
   const auto folder = platform.workingDirectory();

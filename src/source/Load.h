@@ -20,13 +20,19 @@ struct MoziCodeData {
 /// A source file, read once for the detection and the loader; nothing where it does not open.
 using SourceBytes = std::optional<FileBytes>;
 
+inline constexpr int kNotLoaded = -3;  ///< result of a load whose file cannot be read
+
 /// Trims, quotes a name with blanks, and turns "/" into a backslash: the form that the system passes on.
 /// A name that is quoted already stays so.
 std::string NormalizePath(const std::string& name);
 /// A passed-on name as the file layer wants it: without the quotes round it, with "/".
 std::string nativePath(const std::string& name);
-/// Whether a passed-on name is a file that opens for reading.
-bool FileExists(Platform& platform, const std::string& name);
+
+/// Whether a passed-on name is a file that opens for reading; if not, the cause is stored.
+bool FileExists(Platform& platform, const std::string& name, FileFailure* failure = nullptr);
+/// Reports why a source cannot be read where its name is right all the same: it is a folder or a device, is too
+/// large, or memory does not suffice.  False, with nothing printed, for any other failure.
+bool tellRefusal(TShellData& sh, const std::string& name, const FileFailure& failure);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
 /// exists.  Nothing at the end of the input.  A typed name is cut behind 247 characters.

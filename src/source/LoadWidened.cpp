@@ -5,7 +5,10 @@
 namespace zelvaro {
 
 int loadWidened(Assembly& a, MoziCodeData&, const std::string& name, int) {
-  const int result = OpenFileA(a, name, a.sh.console().loadFile(nativePath(name)));
+  FileFailure failure;
+  const SourceBytes bytes = a.sh.console().loadFile(nativePath(name), &failure);
+  if (!bytes && tellRefusal(a.sh, name, failure)) return kNotLoaded;
+  const int result = OpenFileA(a, name, bytes);
   if (result != 0) return result;
   LineStore<char>& narrow = a.b.vecSrcA;
   LineStore<char16_t>& wide = a.b.vecSrcW;

@@ -25,11 +25,9 @@ constexpr Message noTranslation =
         .uncounted()
         .unlogged();
 
-constexpr int kNotOpened = -3;
-
 int notOpened(Assembly& a, const std::string& name) {
   a.sh.report<WP, notOpenedW>(0, quote(toUtf16(name)), name);
-  return kNotOpened;
+  return kNotLoaded;
 }
 
 /// CP932 to wide text; a byte that has no character is told once for the text.

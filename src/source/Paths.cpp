@@ -62,8 +62,8 @@ std::string nativePath(const std::string& name) {
   return out;
 }
 
-bool FileExists(Platform& platform, const std::string& name) {
-  return !name.empty() && platform.canRead(nativePath(name));
+bool FileExists(Platform& platform, const std::string& name, FileFailure* failure) {
+  return !name.empty() && platform.canRead(nativePath(name), failure);
 }
 
 std::optional<std::string> FindSrcFile(TShellData& sh) {
@@ -73,14 +73,16 @@ std::optional<std::string> FindSrcFile(TShellData& sh) {
   constexpr std::string_view kWhiteSpace = " \t\r\v\f";
   rest.remove_prefix(std::min(rest.find_first_not_of(kWhiteSpace), rest.size()));
   const std::string typed(withoutQuotes(trimName(firstCharacters(rest, kLongestName))));
+  FileFailure failure;  // of the name as it was typed
   for (const std::string_view extension : kExtensions) {
     if (typed.empty()) break;
     const std::string candidate = NormalizePath(typed + std::string(extension));
-    if (!FileExists(sh.console(), candidate)) continue;
+    if (!FileExists(sh.console(), candidate, extension.empty() ? &failure : nullptr)) continue;
     sh.CurrentFile = candidate;
     sh.LastSrcFile = candidate;
     return candidate;
   }
+  tellRefusal(sh, NormalizePath(typed), failure);
   sh.print(inLanguage(sh.Lang, "ファイルが見つかりませんでした。\n", "The file is not found there. *"));
   return std::string();
 }
