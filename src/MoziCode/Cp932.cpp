@@ -1,61 +1,118 @@
 #include "MoziCode/Cp932.h"
 
-#include <iconv.h>
-
-#include <algorithm>
-#include <bit>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
+#include "MoziCode/Cp932Chart.h"
 #include "MoziCode/Utf.h"
 
 namespace zelvaro {
 namespace {
 
-/// One direction of iconv, opened once for the life of the program.  A machine whose C library lacks the
-/// table gets ASCII only: every other character counts as one without a code.
-class Converter {
- public:
-  Converter(const char* to, const char* from) : cd_(iconv_open(to, from)) {}
-  ~Converter() {
-    if (usable()) iconv_close(cd_);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
+// The tables are made by the compiler, so they are the same everywhere and nothing is written at run time.
 
-  /// Converts as much of `in` as is complete and known, moves both ends on, and returns whether that was
-  /// all.  `to` has room for everything.
-  bool convert(std::string_view& in, char*& to, std::size_t room) {
-    if (in.empty()) return true;
-    if (!usable()) return false;
-    char* from = const_cast<char*>(in.data());
-    std::size_t left = in.size();
-    iconv(cd_, nullptr, nullptr, nullptr, nullptr);
-    const bool all = iconv(cd_, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
-    in.remove_prefix(in.size() - left);
-    return all;
-  }
+using Code = std::uint16_t;  ///< a code of one or two bytes; 0 for none, since ASCII is not looked up
 
- private:
-  /// iconv_open tells a failure as the value -1 of a pointer.
-  bool usable() const { return std::bit_cast<std::intptr_t>(cd_) != -1; }
-  iconv_t cd_;
+constexpr std::size_t kTrails = 188;  ///< 40 to FC without 7F
+constexpr Code kHalfKatakana = 0xA1;  ///< to DF
+constexpr char16_t kHalfKatakanaWide = 0xFF61;
+constexpr Code kUserDefined = 0xF040;  ///< to F9FC
+constexpr char16_t kUserDefinedWide = 0xE000;
+constexpr std::size_t kUserDefinedSize = 10 * kTrails;
+
+constexpr bool isLead(std::uint8_t b) {
+  return isCp932Lead(static_cast<char>(b));
+}
+constexpr bool isTrail(std::uint8_t b) {
+  return b >= 0x40 && b <= 0xFC && b != 0x7F;
+}
+constexpr bool isHalfKatakana(std::uint8_t b) {
+  return b >= kHalfKatakana && b <= 0xDF;
+}
+
+/// The position of a double-byte code among all of them.  Successive codes have successive cells.
+constexpr std::size_t cellOf(std::uint8_t lead, std::uint8_t trail) {
+  const std::size_t row = lead - (lead < 0xE0 ? 0x81u : 0xC1u);
+  return row * kTrails + trail - (trail < 0x7F ? 0x40u : 0x41u);
+}
+constexpr std::size_t cellOf(Code code) {
+  return cellOf(static_cast<std::uint8_t>(code >> 8), static_cast<std::uint8_t>(code));
+}
+constexpr Code codeOfCell(std::size_t cell) {
+  const std::size_t row = cell / kTrails;
+  const std::size_t column = cell % kTrails;
+  return static_cast<Code>((row + (row < 31 ? 0x81u : 0xC1u)) << 8 |
+                           (column + (column < 63 ? 0x40u : 0x41u)));
+}
+
+/// Calls put(cell, character) for each double-byte code, in the order of preference.
+template <class Put>
+constexpr void forEachCode(Put put) {
+  for (const cp932::Run& run : cp932::kRuns)
+    for (std::size_t i = 0; i < run.text.size(); ++i) put(cellOf(run.first) + i, run.text[i]);
+  for (std::size_t i = 0; i < kUserDefinedSize; ++i)
+    put(cellOf(kUserDefined) + i, static_cast<char16_t>(kUserDefinedWide + i));
+}
+
+/// From a cell to the character, 0 for none.
+constexpr auto kWide = [] {
+  std::array<char16_t, cellOf(0xFCFC) + 1> wide{};
+  forEachCode([&wide](std::size_t cell, char16_t c) { wide[cell] = c; });
+  return wide;
+}();
+
+// From a character to the code in two steps, since few of the 256 pages of 256 characters are in use.
+
+using Page = std::array<Code, 256>;
+
+struct PageIndex {
+  std::array<std::uint8_t, 256> at{};  ///< number of each page; page 0 is empty
+  std::size_t count = 1;
+
+  constexpr void use(char16_t c) {
+    std::uint8_t& number = at[c >> 8];
+    if (number == 0) number = static_cast<std::uint8_t>(count++);
+  }
 };
 
-constexpr const char* kUtf16 = std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
+constexpr PageIndex kPageOf = [] {
+  PageIndex index;
+  forEachCode([&index](std::size_t, char16_t c) { index.use(c); });
+  for (const cp932::LookAlike& l : cp932::kLookAlikes) index.use(l.character);
+  index.use(kHalfKatakanaWide);
+  return index;
+}();
 
-Converter& wideFromCp932() {
-  static Converter c(kUtf16, "CP932");
-  return c;
+constexpr auto kPages = [] {
+  std::array<Page, kPageOf.count> pages{};
+  const auto put = [&pages](char16_t c, Code code) {
+    Code& slot = pages[kPageOf.at[c >> 8]][c & 0xFF];
+    if (slot == 0) slot = code;
+  };
+  forEachCode([&put](std::size_t cell, char16_t c) { put(c, codeOfCell(cell)); });
+  for (const cp932::LookAlike& l : cp932::kLookAlikes) put(l.character, l.code);
+  for (Code b = kHalfKatakana; b <= 0xDF; ++b)
+    put(static_cast<char16_t>(kHalfKatakanaWide + (b - kHalfKatakana)), b);
+  return pages;
+}();
+
+/// The code of a character outside ASCII, 0 for none.
+Code codeOf(char16_t c) {
+  return kPages[kPageOf.at[c >> 8]][c & 0xFF];
 }
-Converter& cp932FromWide() {
-  static Converter c("CP932", kUtf16);
-  return c;
-}
 
-constexpr std::size_t kUnit = sizeof(char16_t);
-
-std::string_view bytesOf(std::u16string_view text) {
-  return {reinterpret_cast<const char*>(text.data()), text.size() * kUnit};
+/// The character at the front of `bytes`, which is taken off: 0 for a byte that begins none.
+char16_t takeCharacter(std::string_view& bytes) {
+  const auto first = static_cast<std::uint8_t>(bytes[0]);
+  if (isLead(first) && bytes.size() > 1) {
+    const auto trail = static_cast<std::uint8_t>(bytes[1]);
+    const char16_t wide = isTrail(trail) ? kWide[cellOf(first, trail)] : u'\0';
+    bytes.remove_prefix(wide != 0 ? 2 : 1);
+    return wide;
+  }
+  bytes.remove_prefix(1);
+  return isHalfKatakana(first) ? static_cast<char16_t>(kHalfKatakanaWide + (first - kHalfKatakana)) : u'\0';
 }
 
 bool isAscii(char16_t c) {
@@ -63,14 +120,6 @@ bool isAscii(char16_t c) {
 }
 bool isAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
-}
-
-/// How many characters from the front are ASCII, which is the same on both sides.
-template <class Char>
-std::size_t asciiPrefix(std::basic_string_view<Char> s) {
-  std::size_t n = 0;
-  while (n < s.size() && isAscii(s[n])) ++n;
-  return n;
 }
 
 }  // namespace
@@ -81,16 +130,14 @@ bool cp932ToUtf16(std::string_view bytes, std::u16string& out) {
   out.resize(before + bytes.size());  // no character is shorter in CP932
   char16_t* to = out.data() + before;
   while (!bytes.empty()) {
-    const std::size_t ascii = asciiPrefix(bytes);
-    to = std::copy_n(bytes.begin(), ascii, to);
-    bytes.remove_prefix(ascii);
-    char* at = reinterpret_cast<char*>(to);
-    const bool all = wideFromCp932().convert(bytes, at, bytes.size() * kUnit);
-    to = reinterpret_cast<char16_t*>(at);
-    if (all) continue;
-    known = false;
-    *to++ = kReplacement;
-    bytes.remove_prefix(1);
+    if (isAscii(bytes[0])) {
+      *to++ = static_cast<char16_t>(bytes[0]);
+      bytes.remove_prefix(1);
+      continue;
+    }
+    const char16_t c = takeCharacter(bytes);
+    known = known && c != 0;
+    *to++ = c != 0 ? c : kReplacement;
   }
   out.resize(static_cast<std::size_t>(to - out.data()));
   return known;
@@ -107,18 +154,20 @@ bool utf16ToCp932(std::u16string_view text, std::string& out) {
   const std::size_t before = out.size();
   out.resize(before + text.size() * 2);
   char* to = out.data() + before;
-  while (!text.empty()) {
-    const std::size_t ascii = asciiPrefix(text);
-    for (std::size_t i = 0; i < ascii; ++i) *to++ = static_cast<char>(text[i]);
-    text.remove_prefix(ascii);
-    std::string_view bytes = bytesOf(text);
-    const bool all = cp932FromWide().convert(bytes, to, bytes.size());
-    text.remove_prefix(text.size() - bytes.size() / kUnit);
-    if (all) continue;
-    known = false;
-    *to++ = '?';
-    const bool pair = text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
-    text.remove_prefix(pair ? 2 : 1);
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (isAscii(text[i])) {
+      *to++ = static_cast<char>(text[i]);
+      continue;
+    }
+    const Code code = codeOf(text[i]);
+    if (code == 0) {
+      known = false;
+      *to++ = '?';
+      if (isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) ++i;
+      continue;
+    }
+    if (code > 0xFF) *to++ = static_cast<char>(code >> 8);
+    *to++ = static_cast<char>(code);
   }
   out.resize(static_cast<std::size_t>(to - out.data()));
   return known;
@@ -134,12 +183,21 @@ std::string cp932ToUtf8(std::string_view bytes) {
   return isAscii(bytes) ? std::string(bytes) : toUtf8(cp932ToUtf16(bytes));
 }
 
+std::string fileTextAsUtf8(std::string_view bytes) {
+  const bool little = bytes.starts_with(kUtf16LeMark);
+  if (little || bytes.starts_with(kUtf16BeMark)) {
+    std::u16string text;
+    const Utf16Units units(bytes, little);
+    for (std::size_t i = 1; i < units.size(); ++i) text += units[i];
+    return toUtf8(text);
+  }
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  std::u16string text;
+  return utf8ToUtf16(bytes, text) ? std::string(bytes) : cp932ToUtf8(bytes);
+}
+
 bool isFullWidth(char16_t c) {
-  if (isAscii(c)) return false;
-  char code[4] = {};
-  char* to = code;
-  std::string_view bytes = bytesOf({&c, 1});
-  return cp932FromWide().convert(bytes, to, sizeof code) && to - code == 2;
+  return !isAscii(c) && codeOf(c) > 0xFF;
 }
 
 }  // namespace zelvaro

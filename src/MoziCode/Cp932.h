@@ -1,4 +1,5 @@
-// CP932 (Shift-JIS with Microsoft's mapping), both ways, through iconv.
+// CP932 (Shift-JIS with Microsoft's mapping), both ways, by a table of our own: the same on every platform, and
+// without state, so any number of threads may use it.
 #pragma once
 
 #include <string>
@@ -16,6 +17,10 @@ std::string utf16ToCp932(std::u16string_view text);
 
 /// CP932 to UTF-8, for printing narrow text.
 std::string cp932ToUtf8(std::string_view bytes);
+
+/// The text of a file in any of the encodings that a source may have, as UTF-8: UTF-16 and UTF-8 by their byte
+/// order marks, else UTF-8 if it is well-formed, else CP932.
+std::string fileTextAsUtf8(std::string_view bytes);
 
 /// Whether a character has a double-byte code in CP932: the meaning of "full-width" everywhere here.
 /// False for a character that CP932 does not have.

@@ -1,21 +1,15 @@
 #include "MoziCode/Utf.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
 namespace zelvaro {
 namespace {
 
-bool isHighSurrogate(char16_t c) {
-  return (c & 0xFC00) == 0xD800;
-}
-bool isLowSurrogate(char16_t c) {
-  return (c & 0xFC00) == 0xDC00;
-}
-
 /// Length of the sequence that `lead` announces and the range of its second byte; 0 for no lead byte.
 struct Sequence {
-  int length;
+  std::size_t length;
   unsigned char low, high;
 };
 
@@ -30,23 +24,25 @@ Sequence sequenceOf(unsigned char lead) {
   return {0, 0, 0};
 }
 
-/// Decodes one non-ASCII sequence at `i` and moves `i` behind it.  False for an ill-formed one, of which
-/// `i` passes the longest part that a well-formed sequence could begin with.
-bool decodeSequence(std::string_view bytes, std::size_t& i, char32_t& codePoint) {
-  const auto lead = static_cast<unsigned char>(bytes[i++]);
-  const Sequence s = sequenceOf(lead);
-  if (s.length == 0) return false;
-  codePoint = lead & (0x7Fu >> s.length);
-  for (int k = 1; k < s.length; ++k) {
-    if (i >= bytes.size()) return false;
-    const auto c = static_cast<unsigned char>(bytes[i]);
-    const unsigned char low = k == 1 ? s.low : 0x80;
-    const unsigned char high = k == 1 ? s.high : 0xBF;
-    if (c < low || c > high) return false;
-    codePoint = (codePoint << 6) | (c & 0x3F);
-    ++i;
+/// How many bytes the character has that begins with `c`, by its first byte alone.
+std::size_t announcedLength(char c) {
+  const auto b = static_cast<unsigned char>(c);
+  return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
+}
+
+/// Takes one blank of any kind off either end; false if there is none.
+bool dropBlank(std::string_view& utf8) {
+  for (const std::string_view blank : {std::string_view(" "), std::string_view("\t"), kZenKakuSpaceUtf8}) {
+    if (utf8.starts_with(blank)) {
+      utf8.remove_prefix(blank.size());
+      return true;
+    }
+    if (utf8.ends_with(blank)) {
+      utf8.remove_suffix(blank.size());
+      return true;
+    }
   }
-  return true;
+  return false;
 }
 
 void appendUtf16(std::u16string& out, char32_t codePoint) {
@@ -94,6 +90,54 @@ std::string toUtf8(std::u16string_view text) {
   return out;
 }
 
+Utf8Mozi decodeUtf8(std::string_view bytes) {
+  using Kind = Utf8Mozi::Kind;
+  const auto lead = static_cast<unsigned char>(bytes[0]);
+  if (lead < 0x80) return {Kind::Whole, 1, lead};
+  const Sequence s = sequenceOf(lead);
+  if (s.length == 0) return {Kind::IllFormed, 1, 0};
+  char32_t codePoint = lead & (0x7Fu >> s.length);
+  for (std::size_t k = 1; k < s.length; ++k) {
+    if (k == bytes.size()) return {Kind::Cut, k, 0};
+    const auto c = static_cast<unsigned char>(bytes[k]);
+    const unsigned char low = k == 1 ? s.low : 0x80;
+    const unsigned char high = k == 1 ? s.high : 0xBF;
+    if (c < low || c > high) return {Kind::IllFormed, k, 0};
+    codePoint = (codePoint << 6) | (c & 0x3Fu);
+  }
+  return {Kind::Whole, s.length, codePoint};
+}
+
+bool isUnsafeOnTerminal(char32_t codePoint) {
+  struct Range {
+    char32_t first, last;
+  };
+  static constexpr Range kUnsafe[] = {
+      {0x00, 0x1F},           // C0
+      {0x7F, 0x9F},           // delete, C1
+      {0xAD, 0xAD},           // soft hyphen
+      {0x61C, 0x61C},         // bidirectional: Arabic letter mark
+      {0x115F, 0x1160},       // Hangul fillers
+      {0x180E, 0x180E},       // Mongolian vowel separator
+      {0x200B, 0x200B},       // zero width space
+      {0x200E, 0x200F},       // bidirectional: marks
+      {0x2028, 0x202E},       // line and paragraph separator; bidirectional: embeddings, overrides
+      {0x2060, 0x206F},       // word joiner, invisible operators; bidirectional: isolates
+      {0x3164, 0x3164},       // Hangul filler
+      {0xD800, 0xDFFF},       // surrogates
+      {0xFEFF, 0xFEFF},       // byte order mark
+      {0xFFA0, 0xFFA0},       // half-width Hangul filler
+      {0xFFF0, 0xFFFB},       // annotations; unassigned, invisible
+      {0x1BCA0, 0x1BCA3},     // shorthand format controls
+      {0x1D173, 0x1D17A},     // musical format controls
+      {0xE0000, 0xE00FF},     // tags
+      {0xE01F0, 0xE0FFF},     // unassigned, invisible
+      {0x110000, 0xFFFFFFFF}  // beyond Unicode
+  };
+  const auto range = std::ranges::lower_bound(kUnsafe, codePoint, {}, &Range::last);
+  return codePoint >= range->first;
+}
+
 bool utf8ToUtf16(std::string_view bytes, std::u16string& out) {
   bool wellFormed = true;
   out.reserve(out.size() + bytes.size());
@@ -102,12 +146,11 @@ bool utf8ToUtf16(std::string_view bytes, std::u16string& out) {
       out.push_back(static_cast<char16_t>(bytes[i++]));
       continue;
     }
-    char32_t codePoint = 0;
-    if (!decodeSequence(bytes, i, codePoint)) {
-      wellFormed = false;
-      codePoint = kReplacement;
-    }
-    appendUtf16(out, codePoint);
+    const Utf8Mozi mozi = decodeUtf8(bytes.substr(i));
+    const bool whole = mozi.kind == Utf8Mozi::Kind::Whole;
+    wellFormed = wellFormed && whole;
+    appendUtf16(out, whole ? mozi.codePoint : kReplacement);
+    i += mozi.size;
   }
   return wellFormed;
 }
@@ -128,6 +171,26 @@ bool isAscii(std::string_view bytes) {
   }
   for (; i < bytes.size(); ++i) seen |= static_cast<unsigned char>(bytes[i]);
   return (seen & 0x8080808080808080u) == 0;
+}
+
+std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
+  for (std::size_t i = 0; i < utf8.size(); ++i)
+    if (!isContinuation(utf8[i]) && count-- == 0) return utf8.substr(0, i);
+  return utf8;
+}
+
+std::string_view firstBytes(std::string_view utf8, std::size_t most) {
+  if (utf8.size() <= most) return utf8;
+  std::size_t lead = most - 1;
+  while (lead > most - 3 && isContinuation(utf8[lead])) --lead;
+  const bool isCut = isContinuation(utf8[most]) && lead + announcedLength(utf8[lead]) > most;
+  return utf8.substr(0, isCut ? lead : most);
+}
+
+std::string_view trimAnyBlanks(std::string_view utf8) {
+  while (dropBlank(utf8)) {
+  }
+  return utf8;
 }
 
 }  // namespace zelvaro

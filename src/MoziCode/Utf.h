@@ -2,13 +2,18 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace zelvaro {
 
 inline constexpr char16_t kReplacement = 0xFFFD;
-inline constexpr char16_t kZenKakuSpace = 0x3000;  ///< the full-width space; no blank for any stage
+inline constexpr std::string_view kZenKakuSpaceUtf8 = "\u3000";  ///< the full-width space
+// byte order marks, as bytes of a file
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16LeMark = "\xFF\xFE";
+inline constexpr std::string_view kUtf16BeMark = "\xFE\xFF";
 
 /// UTF-16 to UTF-8.  A lone surrogate becomes U+FFFD; a pair is one character.
 std::string toUtf8(std::u16string_view text);
@@ -18,7 +23,64 @@ void appendUtf8(std::string& out, char32_t codePoint);
 bool utf8ToUtf16(std::string_view bytes, std::u16string& out);
 std::u16string toUtf16(std::string_view utf8);
 
+/// What is at the front of a UTF-8 text.
+struct Utf8Mozi {
+  enum class Kind : std::uint8_t {
+    Whole,      ///< a character
+    Cut,        ///< the bytes end within what may become a character
+    IllFormed,  ///< no character: longer than needed, a surrogate, beyond U+10FFFF, a stray byte
+  };
+  Kind kind = Kind::IllFormed;
+  std::size_t size = 0;    ///< its bytes; of an ill-formed part, those that a character could have begun with
+  char32_t codePoint = 0;  ///< of a whole character
+};
+/// Looks at the first character of `bytes`, which are not empty.
+Utf8Mozi decodeUtf8(std::string_view bytes);
+
+/// Whether a character does more on a terminal than show itself, so that it has to be shown by its number: it
+/// steers the terminal (C0, C1, line and paragraph separators), reorders the text around it (bidirectional
+/// controls), is invisible (tags, fillers, joiners of words and the like) or no character at all (surrogates,
+/// beyond U+10FFFF).  Line feed and tab are among them; a caller that wants them lets them pass.  What ordinary
+/// writing needs is not: combining marks, variation selectors, the joiners in emoji.
+bool isUnsafeOnTerminal(char32_t codePoint);
+
 /// Whether all bytes are below 0x80.
 bool isAscii(std::string_view bytes);
+
+constexpr bool isHighSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xD800;
+}
+constexpr bool isLowSurrogate(char16_t c) {
+  return (c & 0xFC00) == 0xDC00;
+}
+/// Whether a byte of UTF-8 is not the first of its character.
+constexpr bool isContinuation(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
+}
+
+/// The first characters of UTF-8 text, `count` at most.
+std::string_view firstCharacters(std::string_view utf8, std::size_t count);
+/// The first bytes of UTF-8 text, `most` at most (4 or more), without a part of a character at the end.
+std::string_view firstBytes(std::string_view utf8, std::size_t most);
+/// UTF-8 text without spaces, tabs and full-width spaces at either end.
+std::string_view trimAnyBlanks(std::string_view utf8);
+
+/// The 16-bit units of UTF-16 text in bytes; an odd byte at the end is not one of them.
+class Utf16Units {
+ public:
+  Utf16Units(std::string_view bytes, bool littleEndian)
+      : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
+        size_(bytes.size() / 2),
+        low_(littleEndian ? 0 : 1) {}
+  std::size_t size() const { return size_; }
+  char16_t operator[](std::size_t i) const {
+    return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));
+  }
+
+ private:
+  const unsigned char* bytes_;
+  std::size_t size_;
+  std::size_t low_;  ///< which byte of a pair is the low one
+};
 
 }  // namespace zelvaro

@@ -39,24 +39,9 @@ constexpr Message unknownService{
 
 constexpr std::size_t kMostBytes = 256;  ///< of a line that is read
 
-constexpr bool isContinuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
-}
-
-/// How many bytes the character that begins with `c` has.
-constexpr std::size_t lengthOfCharacter(char c) {
-  const auto b = static_cast<unsigned char>(c);
-  return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
-}
-
 /// The bytes of a line that count: at most kMostBytes, no part of a character, nothing behind a zero byte.
 std::string_view cutToLimit(std::string_view line) {
-  if (line.size() > kMostBytes) {
-    std::size_t lead = kMostBytes - 1;
-    while (lead > kMostBytes - 3 && isContinuation(line[lead])) --lead;
-    const bool isCut = isContinuation(line[kMostBytes]) && lead + lengthOfCharacter(line[lead]) > kMostBytes;
-    line = line.substr(0, isCut ? lead : kMostBytes);
-  }
+  line = firstBytes(line, kMostBytes);
   return line.substr(0, line.find('\0'));
 }
 
@@ -67,10 +52,6 @@ std::u16string textOf(const std::string& line, Platform& platform, std::int32_t 
     text.clear();
   }
   return text;
-}
-
-constexpr bool isHighSurrogate(char16_t c) {
-  return c >= 0xD800 && c <= 0xDBFF;
 }
 
 std::size_t address(std::int32_t value) {

@@ -207,7 +207,7 @@ bool ckOprnd(Assembly& a, SrcOf<Family>& line, int nr, ViewOf<Family> text) {
     ckHex<Family>(a, line.Line, nr, text);
     return true;
   }
-  if (isDigit(c) || c == Char('+') || c == Char('-')) {
+  if (isDigit(c) || isSign(c)) {
     ckDec<Family>(a, line.Line, nr, text);
     return true;
   }

@@ -127,7 +127,7 @@ Next ckLine(Assembly& a, const SrcOf<Family>& line) {
   const Char first = literal.empty() ? Char(0) : literal[0];
   const Char second = literal.size() < 2 ? Char(0) : literal[1];
   if (first == Char('\'')) return ckStrConst<Family>(a, line, literal);
-  if (isDigit(first) || ((first == Char('+') || first == Char('-')) && isDigit(second))) {
+  if (isDigit(first) || (isSign(first) && isDigit(second))) {
     ckDec<Family>(a, line.Line, literal);
     return Next::Line;
   }

@@ -2,6 +2,7 @@
 // operand buffer 0 of the line, or on the line's elements in vecOprndAtDC.
 #pragma once
 
+#include "MoziCode/Characters.h"
 #include "data/Data.h"
 
 namespace zelvaro {
@@ -19,8 +20,7 @@ void SetWordKazuAtDC(Assembly& a, SrcOf<Family>& line);
 /// Whether an operand says nothing: it is empty, or a sign or # alone.
 template <class Char>
 constexpr bool isEmptyConst(std::basic_string_view<Char> text) {
-  return text.empty() ||
-         (text.size() == 1 && (text[0] == Char('+') || text[0] == Char('-') || text[0] == Char('#')));
+  return text.empty() || (text.size() == 1 && isSignOrHash(text[0]));
 }
 
 /// What an operand is by its first character; ConstKind::Const for one that is none of the kinds.
@@ -30,8 +30,8 @@ constexpr ConstKind kindOfConst(std::basic_string_view<Char> text) {
   const Char c = text[0];
   if (c == Char('#')) return ConstKind::Hex;
   if (c == Char('\'')) return ConstKind::CharConst;
-  if ((c >= Char('0') && c <= Char('9')) || c == Char('+') || c == Char('-')) return ConstKind::Dec;
-  if (c >= Char('A') && c <= Char('Z')) return ConstKind::AdrConst;
+  if (isDigit(c) || isSign(c)) return ConstKind::Dec;
+  if (isCapital(c)) return ConstKind::AdrConst;
   return ConstKind::Const;
 }
 

@@ -83,18 +83,6 @@ constexpr Message overStack{
     bothLanguages("More than 65035 words cannot be reserved, because 500 words has been "
                   "prereserved for Stack Area in comet2. ")};
 
-/// The character at an index, whole: both bytes or both code units where it has two.
-template <class Char>
-std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text, std::size_t i) {
-  bool isPair = false;
-  if constexpr (sizeof(Char) == 1) {
-    isPair = isCp932Lead(text[i]);
-  } else {
-    isPair = text[i] >= 0xD800 && text[i] <= 0xDBFF;
-  }
-  return text.substr(i, isPair ? 2 : 1);
-}
-
 template <class Family>
 void tellNonDigit(Assembly& a, int line, ViewOf<Family> number, std::size_t i) {
   using Char = CharOf<Family>;

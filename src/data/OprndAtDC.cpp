@@ -110,7 +110,7 @@ Scan ckMozi(Assembly& a, int line, ViewOf<Family> text, std::size_t i) {
     a.cs.report<Family, commaTwice>(line, quote(text));
     return Scan::Fault;
   }
-  if ((c == Char('+') || c == Char('-')) && blankFollows) {
+  if (isSign(c) && blankFollows) {
     a.cs.report<Family, blankBehindSign>(line);
     return Scan::Fault;
   }

@@ -35,8 +35,7 @@ template <class View>
 int hexValue(View text) {
   unsigned value = 0;
   for (const auto c : text.substr(1)) {
-    const bool isLetter = c >= 'A';
-    value = value << 4 | static_cast<unsigned>(isLetter ? c - 'A' + 10 : c - '0');
+    value = value << 4 | static_cast<unsigned>(digitValue(c));
   }
   return static_cast<int>(value);
 }

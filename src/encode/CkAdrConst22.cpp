@@ -31,7 +31,7 @@ int CkAdrLiteral(Assembly& a, SrcOf<Family>& line, ViewOf<Family> p, int n) {
   using Char = CharOf<Family>;
   const Char kind = p.size() > 1 ? p[1] : Char(' ');
   if (kind == Char('#')) return CkAdrLiteralHex<Family>(a, line, p, n);
-  const bool sign = kind == Char('+') || kind == Char('-');
+  const bool sign = isSign(kind);
   if (digitAt(p, sign ? 2 : 1)) return CkAdrLiteralDec<Family>(a, line, p, n);
   if (kind == Char('\'')) {
     if (SetLiteCharConstMryIn<Family>(a, line, p) == 0) line.Word2 = literalOf(a.store<Family>(), line).AbAdr;
@@ -55,7 +55,7 @@ int CkAdrConst22(Assembly& a, SrcOf<Family>& line, int n) {
   if (isCapital(first)) return CkAdrName<Family>(a, line, p);
   if (first == Char('#')) return CkAdrHex<Family>(a, line, p, n);
   if (isDigit(first)) return CkAdrDec<Family>(a, line, p);
-  if ((first == Char('+') || first == Char('-')) && digitAt(p, 1)) return CkAdrSignedDec<Family>(a, line, p);
+  if (isSign(first) && digitAt(p, 1)) return CkAdrSignedDec<Family>(a, line, p);
   if (first == Char('=')) return CkAdrLiteral<Family>(a, line, p, n);
   return invalid<Family>(a, line, p);
 }

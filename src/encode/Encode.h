@@ -1,6 +1,7 @@
 // The encoders and the checks of operands.  `line` is a line record of the program with index `line.PrgNr`.
 #pragma once
 
+#include "MoziCode/Characters.h"
 #include "diag/Family.h"
 #include "encode/Instructions.h"
 #include "source/Assembly.h"
@@ -67,10 +68,10 @@ template <class View>
 constexpr int decimalValue(View text) {
   std::size_t i = 0;
   bool negative = false;
-  if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
+  if (i < text.size() && isSign(text[i])) negative = text[i++] == '-';
   long long value = 0;
-  for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i) {
-    value = value * 10 + static_cast<int>(text[i] - '0');
+  for (; i < text.size() && isDigit(text[i]); ++i) {
+    value = value * 10 + digitValue(text[i]);
     if (value > 0x80000000LL) value = 0x80000000LL;
   }
   if (negative) return static_cast<int>(-value);

@@ -20,7 +20,7 @@ constexpr bool beginsLikeGR89(View s) {
 /// The number of a text that begins like a register.
 template <class View>
 constexpr int registerNumber(View s) {
-  return static_cast<int>(s[2]) - '0';
+  return digitValue(s[2]);
 }
 /// The same buffer without text.  "No buffer" would be another thing.
 template <class View>

@@ -29,7 +29,7 @@ Op findOp(std::basic_string_view<Char> word, bool exitKnown) {
   if (word.size() > kLongestMnemonic) return Op::Unknown;
   std::uint64_t key = 0;
   for (const Char c : word) {
-    if (c < Char('A') || c > Char('Z')) return Op::Unknown;
+    if (!isCapital(c)) return Op::Unknown;
     key = key << 8 | static_cast<unsigned char>(c);
   }
   const auto at = opsByKey().find(key);

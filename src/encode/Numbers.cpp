@@ -100,7 +100,7 @@ constexpr Message hexStopped =
 template <class Family>
 int CkDecConstG(TCorrectScode& cs, int line, int k0, ViewOf<Family> text) {
   using Char = CharOf<Family>;
-  const bool sign = !text.empty() && (text.front() == Char('+') || text.front() == Char('-'));
+  const bool sign = !text.empty() && isSign(text.front());
   if (!sign && (text.empty() || !isDigit(text.front())))
     cs.selfCheck("Prg. Error: 先頭文字が(+, -, 数字)でこの関数に引き渡されることになっている。" +
                  plain(text.substr(0, 1)));
@@ -165,7 +165,7 @@ int HexStrToIntG(TCorrectScode& cs, int line, int k0, ViewOf<Family> text) {
       cs.report<Family, hexStopped>(line, k0);
       break;
     }
-    value = std::min(kMost, value * 16 + (isDigit(c) ? c - Char('0') : c - Char('A') + 10));
+    value = std::min(kMost, value * 16 + digitValue(c));
   }
   return static_cast<int>(value);
 }

@@ -113,7 +113,6 @@ template <class Family>
 void ckNumber(Assembly& a, int line, ViewOf<Family> p) {
   using Char = CharOf<Family>;
   const auto at = [p](std::size_t i) { return i < p.size() ? p[i] : Char(0); };
-  const auto isSign = [](Char c) { return c == Char('+') || c == Char('-'); };
   if (at(0) == Char('#') || (isSign(at(0)) && isDigit(at(1)))) {
     a.cs.report<Family, hexOrSigned>(line);
   } else if (isDigit(at(0))) {

@@ -32,9 +32,6 @@ class ConsoleOutput {
  private:
   void append(std::string_view bytes);
   void appendHarmless(std::string_view utf8);
-  void appendControl(unsigned char c);
-  bool takeIntoSequence(unsigned char c);
-  void endSequence();
   void writeOut();
 
   int fd_;
@@ -42,8 +39,7 @@ class ConsoleOutput {
   bool failed_ = false;
   bool readerIsGone_ = false;
   std::string buffer_;
-  std::string sequence_;       ///< the begun multi-byte character, on a terminal
-  std::size_t announced_ = 0;  ///< how many bytes it is to have
+  std::string begun_;  ///< the first bytes of a character that has not come whole, on a terminal
 };
 
 /// Lines from a descriptor, through a buffer of its own.  Nothing is ever sought or rewound.

@@ -38,7 +38,7 @@ ReportText& ReportText::word(std::int32_t cell) {
   }
   at[4] = at[10] = at[16] = at[23] = at[44] = ':';
   at[5] = '#';
-  for (int digit = 0; digit < 4; ++digit) at[6 + digit] = kHexDigits[w >> (12 - 4 * digit) & 0xF];
+  for (int digit = 0; digit < 4; ++digit) at[6 + digit] = kDigits[w >> (12 - 4 * digit) & 0xF];
   setDigits(at + 16, w);
   *(setDigits(at + 23, static_cast<std::uint32_t>(s < 0 ? -s : s)) - 1) = s < 0 ? '-' : '+';
   for (int bit = 0; bit < 16; ++bit) at[25 + bit + bit / 4] = static_cast<char>('0' + (w >> (15 - bit) & 1));

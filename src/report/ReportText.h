@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "MoziCode/Characters.h"
 #include "comet2/Comet2.h"
 #include "diag/Quote.h"
 #include "platform/Platform.h"
@@ -69,7 +70,7 @@ class ReportText {
     while (digits < 8 && value >> (4 * digits) != 0) ++digits;
     char* at = take(static_cast<std::size_t>(digits) + 1);
     *at++ = '#';
-    while (digits-- > 0) *at++ = kHexDigits[value >> (4 * digits) & 0xF];
+    while (digits-- > 0) *at++ = kDigits[value >> (4 * digits) & 0xF];
     return *this;
   }
   /// The view of a word: Char, Hex, UD, SD and Binary Code, each with its colon.
@@ -82,8 +83,6 @@ class ReportText {
   }
 
  private:
-  static constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-
   static constexpr std::size_t kSize = 64 * 1024;
   static constexpr std::size_t kTake = 1024;  ///< the longest piece that is set in place
 

@@ -2,29 +2,13 @@
 
 #include <cstdlib>
 
-#include "source/LineStore.h"
+#include "MoziCode/Characters.h"
 
 namespace zelvaro {
-namespace {
-
-constexpr std::string_view kZenKakuBlank = "\u3000";
-
-/// The first `limit` characters of UTF-8 text.
-void cutAt(std::string& text, std::size_t limit) {
-  std::size_t characters = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool beginsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0u) != 0x80u;
-    if (!beginsCharacter || ++characters <= limit) continue;
-    text.resize(i);
-    return;
-  }
-}
-
-}  // namespace
 
 std::optional<std::string> askLine(Platform& platform, std::size_t limit) {
   std::optional<std::string> line = platform.readLine();
-  if (line) cutAt(*line, limit);
+  if (line) line->resize(firstCharacters(*line, limit).size());
   return line;
 }
 
@@ -33,16 +17,7 @@ std::string withoutBlanks(std::string_view text) {
 }
 
 std::string withoutAnyBlanks(std::string_view text) {
-  for (;;) {
-    text = trim(text);
-    if (text.starts_with(kZenKakuBlank)) {
-      text.remove_prefix(kZenKakuBlank.size());
-    } else if (text.ends_with(kZenKakuBlank)) {
-      text.remove_suffix(kZenKakuBlank.size());
-    } else {
-      return std::string(text);
-    }
-  }
+  return std::string(trimAnyBlanks(text));
 }
 
 std::optional<long> decimalNumber(const std::string& text) {

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "MoziCode/Cp932.h"
-#include "MoziCode/Utf.h"
 #include "diag/FailureWords.h"
 #include "diag/Say.h"
 #include "shell/Prompt.h"
@@ -56,23 +55,6 @@ constexpr Message liesAt{Severity::Plain,
                          args("place"),
                          {.ja = "次の場所にあります： {place}\n", .en = "It lies at {place}\n"}};
 
-/// A text file of any of the encodings that a source may have, for the console.
-std::string asUtf8(std::string_view bytes) {
-  const bool little = bytes.starts_with("\xFF\xFE");
-  if (little || bytes.starts_with("\xFE\xFF")) {
-    std::u16string text;
-    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
-      const auto first = static_cast<unsigned char>(bytes[i]);
-      const auto second = static_cast<unsigned char>(bytes[i + 1]);
-      text += static_cast<char16_t>(little ? first | (second << 8) : (first << 8) | second);
-    }
-    return toUtf8(text);
-  }
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-  std::u16string text;
-  return utf8ToUtf16(bytes, text) ? std::string(bytes) : cp932ToUtf8(bytes);
-}
-
 /// CR LF read as line ends: a terminal would show the CR.
 std::string withLineFeeds(std::string text) {
   std::string out;
@@ -89,7 +71,7 @@ bool isYes(const std::string& answer) {
 }
 
 void printText(Platform& platform, std::string_view bytes) {
-  platform.print(withLineFeeds(asUtf8(bytes)));
+  platform.print(withLineFeeds(fileTextAsUtf8(bytes)));
 }
 
 }  // namespace

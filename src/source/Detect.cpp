@@ -91,11 +91,11 @@ std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, 
     sh.report<WP, bomNotRead>(0, name);
     return {};
   }
-  if (bytes->bytes.starts_with("\xEF\xBB\xBF")) {
+  if (bytes->bytes.starts_with(kUtf8Mark)) {
     setBom(code, 65001, 3, "EFBBBF", "utf-8 with bom(EF BB BF)");
-  } else if (bytes->bytes.starts_with("\xFF\xFE")) {
+  } else if (bytes->bytes.starts_with(kUtf16LeMark)) {
     setBom(code, 1200, 2, "FFFE", "utf-16 le(FF FE)");
-  } else if (bytes->bytes.starts_with("\xFE\xFF")) {
+  } else if (bytes->bytes.starts_with(kUtf16BeMark)) {
     setBom(code, 1201, 2, "FEFF", "utf-16 be(FE FF)");
   } else {
     setBom(code, 0, 0, "", "utf-8 or sjis");

@@ -7,46 +7,12 @@
 #include <unordered_map>
 #include <vector>
 
+#include "MoziCode/Characters.h"
 #include "platform/Memory.h"
 #include "source/SrcData.h"
 #include "source/TextArena.h"
 
 namespace zelvaro {
-
-/// Blanks are the space and the tab, nothing else.
-template <class Char>
-constexpr bool isBlank(Char c) {
-  return c == Char(' ') || c == Char('\t');
-}
-template <class Char>
-constexpr std::basic_string_view<Char> trimLeft(std::basic_string_view<Char> s) {
-  while (!s.empty() && isBlank(s.front())) s.remove_prefix(1);
-  return s;
-}
-template <class Char>
-constexpr std::basic_string_view<Char> trimRight(std::basic_string_view<Char> s) {
-  while (!s.empty() && isBlank(s.back())) s.remove_suffix(1);
-  return s;
-}
-template <class Char>
-constexpr std::basic_string_view<Char> trim(std::basic_string_view<Char> s) {
-  return trimLeft(trimRight(s));
-}
-/// Whether a text equals ASCII text, whatever its character type.
-template <class Char>
-constexpr bool equals(std::basic_string_view<Char> s, std::string_view ascii) {
-  if (s.size() != ascii.size()) return false;
-  for (std::size_t i = 0; i < s.size(); ++i)
-    if (s[i] != static_cast<Char>(ascii[i])) return false;
-  return true;
-}
-/// The position of ASCII text in a text from `from` on, or npos.
-template <class Char>
-constexpr std::size_t find(std::basic_string_view<Char> s, std::string_view ascii, std::size_t from = 0) {
-  for (std::size_t i = from; i + ascii.size() <= s.size(); ++i)
-    if (equals(s.substr(i, ascii.size()), ascii)) return i;
-  return std::basic_string_view<Char>::npos;
-}
 
 /// Whether a line holds a statement: something that is no blank, and whose first such character is no ';'.
 template <class Char>

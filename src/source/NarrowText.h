@@ -25,7 +25,7 @@ class NarrowLines {
  public:
   NarrowLines(TShellData& sh, std::string_view bytes, OtherBytes otherBytes = OtherBytes::Mended)
       : sh_(sh), rest_(bytes), otherBytes_(otherBytes) {
-    if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);  // CP932 has no such character
+    if (rest_.starts_with(kUtf8Mark)) rest_.remove_prefix(kUtf8Mark.size());  // CP932 has no such character
   }
   bool atEnd() const { return rest_.empty(); }
   /// Bytes that have not been read yet.

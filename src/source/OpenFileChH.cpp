@@ -1,5 +1,5 @@
 // The loader of the fixed form.  It measures a line in the bytes of its CP932 text, without the line end.
-#include "MoziCode/Cp932.h"
+#include "MoziCode/Characters.h"
 #include "source/FixedForm.h"
 #include "source/NarrowText.h"
 
@@ -29,22 +29,10 @@ constexpr Message tooManyLines =
 
 constexpr int kTooManyLines = -4;
 
-/// The front of a text: `size` bytes, or one less where the last one would begin a character.
-std::string_view front(std::string_view text, std::size_t size) {
-  if (text.size() <= size) return text;
-  std::size_t end = 0;
-  while (end < size) {
-    const std::size_t next = end + (isCp932Lead(text[end]) ? 2 : 1);
-    if (next > size) break;
-    end = next;
-  }
-  return text.substr(0, end);
-}
-
 /// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
 /// line, or for the line end alone, which needs room as well.
 bool takeRead(std::string_view& line, std::string_view& read) {
-  read = front(line, kFixedReadLength);
+  read = firstMozi(line, kFixedReadLength);
   line.remove_prefix(read.size());
   return !line.empty() || read.size() == kFixedReadLength;
 }
@@ -66,7 +54,7 @@ int OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) 
         a.sh.report<NH, lineTooLong>(store.lineCount(), read.size());
         isTold = true;
       }
-      const std::string_view text = front(read, kFixedLineLength);
+      const std::string_view text = firstMozi(read, kFixedLineLength);
       store.addLine(holdsStatement(text) ? store.arena.keep(text) : std::string_view());
     }
   }

@@ -43,26 +43,8 @@ std::u16string_view widen(TextArena<char16_t>& arena, std::string_view ascii) {
   return {at, ascii.size()};
 }
 
-/// The 16-bit units of a file.
-class Units {
- public:
-  Units(std::string_view bytes, bool littleEndian)
-      : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
-        size_(bytes.size() / 2),
-        low_(littleEndian ? 0 : 1) {}
-  std::size_t size() const { return size_; }
-  char16_t operator[](std::size_t i) const {
-    return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));
-  }
-
- private:
-  const unsigned char* bytes_;
-  std::size_t size_;
-  std::size_t low_;  ///< which byte of a pair is the low one
-};
-
 /// A line of the units, put into the arena if it holds a statement.
-void addUnits(LineStore<char16_t>& store, const Units& units, std::size_t from, std::size_t to) {
+void addUnits(LineStore<char16_t>& store, const Utf16Units& units, std::size_t from, std::size_t to) {
   std::size_t first = from;
   while (first < to && isBlank(units[first])) ++first;
   if (first == to || units[first] == u';') {
@@ -88,7 +70,7 @@ int OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
-  const Units units(bytes->bytes, code.CodePage == 1200);
+  const Utf16Units units(bytes->bytes, code.CodePage == 1200);
   std::size_t start = 1;  // unit 0 is the mark
   for (std::size_t i = start; i + 1 < units.size(); ++i) {
     if (units[i] != u'\r' || units[i + 1] != u'\n') continue;

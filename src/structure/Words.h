@@ -5,6 +5,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "MoziCode/Characters.h"
 #include "diag/Message.h"
 #include "source/LineStore.h"
 
@@ -19,20 +20,6 @@ constexpr bool holdsBehindBlank(std::basic_string_view<Char> text, std::string_v
   for (std::size_t i = 1; i + word.size() <= text.size(); ++i)
     if (isBlank(text[i - 1]) && equals(text.substr(i, word.size()), word)) return true;
   return false;
-}
-
-/// Position of the first blank, or npos.
-template <class Char>
-constexpr std::size_t findBlank(std::basic_string_view<Char> text) {
-  for (std::size_t i = 0; i < text.size(); ++i)
-    if (isBlank(text[i])) return i;
-  return text.npos;
-}
-
-/// The signs of a number.
-template <class Char>
-constexpr bool isSign(Char c) {
-  return c == Char('+') || c == Char('-') || c == Char('#');
 }
 
 /// The pair of equal names that a nested walk (each name, then those behind it) would meet first: the

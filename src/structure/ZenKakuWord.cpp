@@ -55,20 +55,6 @@ constexpr Message notLabelMozi =
              .en = "An invalid character is found in the address constant of {quote}."}}
         .withHead({.ja = "エラー： {line} 行目： {quote}", .en = "Error : {quote}line {line}: "});
 
-/// Whether a word holds a character of two bytes in CP932.  An invalid sequence of narrow text ends the
-/// search.
-template <class Char>
-bool holdsFullWidth(std::basic_string_view<Char> word) {
-  if constexpr (sizeof(Char) == 1) {
-    const auto lead = std::ranges::find_if(word, isCp932Lead);
-    if (lead == word.end() || lead + 1 == word.end()) return false;
-    const auto trail = static_cast<unsigned char>(lead[1]);
-    return trail >= 0x40 && trail <= 0xFC && trail != 0x7F;
-  } else {
-    return std::ranges::any_of(word, isFullWidth);
-  }
-}
-
 }  // namespace
 
 template <class Family>

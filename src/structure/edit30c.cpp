@@ -34,7 +34,7 @@ std::basic_string_view<Char> closeUp(TextArena<Char>& arena, std::basic_string_v
 template <class Char>
 bool holdsSignAndBlank(std::basic_string_view<Char> text) {
   for (std::size_t i = 0; i + 2 < text.size(); ++i)
-    if (text[i] == Char('=') && isSign(text[i + 1]) && isBlank(text[i + 2])) return true;
+    if (text[i] == Char('=') && isSignOrHash(text[i + 1]) && isBlank(text[i + 2])) return true;
   return false;
 }
 

@@ -22,11 +22,11 @@ constexpr Message blankBehindSign{
 /// Whether the first sign stands in front of the first apostrophe, and some sign in front of a blank.
 template <class Char>
 bool isFaulty(std::basic_string_view<Char> text) {
-  const auto sign = std::ranges::find_if(text, isSign<Char>);
+  const auto sign = std::ranges::find_if(text, isSignOrHash<Char>);
   if (sign == text.end() || static_cast<std::size_t>(sign - text.begin()) > text.find(Char('\'')))
     return false;
-  return std::adjacent_find(sign, text.end(), [](Char c, Char next) { return isSign(c) && isBlank(next); }) !=
-         text.end();
+  return std::adjacent_find(sign, text.end(),
+                            [](Char c, Char next) { return isSignOrHash(c) && isBlank(next); }) != text.end();
 }
 
 }  // namespace

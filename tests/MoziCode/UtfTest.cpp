@@ -1,0 +1,117 @@
+// UTF-8 and UTF-16, both ways, and what is counted, cut and judged in UTF-8.
+#include <gtest/gtest.h>
+
+#include "MoziCode/Utf.h"
+
+namespace zelvaro {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(Utf, WellFormedTextGoesBothWays) {
+  for (const char16_t* text : {u"", u"abc", u"long ascii text, longer than a word", u"\x7F\x80\u07FF\u0800",
+                               u"\uD7FF\uE000\uFFFF", u"a𠮷\U00010000\U0010FFFFz", u"日本語 ｱ"}) {
+    std::u16string back;
+    EXPECT_TRUE(utf8ToUtf16(toUtf8(text), back));
+    EXPECT_EQ(back, text);
+  }
+  EXPECT_EQ(toUtf8(u"aあ𠮷"), "aあ𠮷");
+}
+
+TEST(Utf, LoneSurrogatesBecomeAReplacement) {
+  const char16_t high = 0xD842, low = 0xDFB7;
+  EXPECT_EQ(toUtf8(std::u16string{high, low}), "𠮷");
+  EXPECT_EQ(toUtf8(std::u16string{low, high}), "\uFFFD\uFFFD");
+  EXPECT_EQ(toUtf8(std::u16string{high, high, low, u'x', low}), "\uFFFD𠮷x\uFFFD");
+  EXPECT_EQ(toUtf8(std::u16string{high, u'x'}), "\uFFFDx");
+}
+
+TEST(Utf, IllFormedPartsAreReplacedOneByOne) {
+  const std::pair<std::string, std::u16string> cases[] = {
+      {"\x80", u"\uFFFD"},
+      {"a\xFF"
+       "b",
+       u"a\uFFFDb"},
+      {"\xC0\xAF", u"\uFFFD\uFFFD"},  // longer than needed
+      {"\xE0\x80\x80", u"\uFFFD\uFFFD\uFFFD"},
+      {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},            // a surrogate
+      {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},  // beyond U+10FFFF
+      {"\xE3\x81", u"\uFFFD"},
+      {"\xE3\x81(", u"\uFFFD("},
+      {"\xF0\x9F\x98x", u"\uFFFDx"},
+      {"\xE3\x81\xE3\x81\x82", u"\uFFFDあ"},
+  };
+  for (const auto& [bytes, text] : cases) {
+    std::u16string out = u"before";
+    EXPECT_FALSE(utf8ToUtf16(bytes, out));
+    EXPECT_EQ(out, u"before" + text) << testing::PrintToString(bytes);
+  }
+}
+
+TEST(Utf, IsAsciiLooksAtEveryByte) {
+  EXPECT_TRUE(isAscii(""));
+  EXPECT_TRUE(isAscii(std::string(33, '\x7F')));
+  for (std::size_t i = 0; i < 33; ++i) {
+    std::string s(33, '\0');
+    s[i] = '\x80';
+    EXPECT_FALSE(isAscii(s)) << i;
+  }
+}
+
+TEST(Utf, TheFirstPartEndsWithAWholeCharacter) {
+  EXPECT_EQ(firstCharacters("aあ𠮷z", 0), "");
+  EXPECT_EQ(firstCharacters("aあ𠮷z", 3), "aあ𠮷");
+  EXPECT_EQ(firstCharacters("aあ", 9), "aあ");
+  EXPECT_EQ(firstBytes("abcdあ", 7), "abcdあ");
+  EXPECT_EQ(firstBytes("abcdあ", 6), "abcd");
+  EXPECT_EQ(firstBytes("abcd𠮷", 7), "abcd");
+  EXPECT_EQ(firstBytes("あい𠮷", 6), "あい");
+  EXPECT_EQ(trimAnyBlanks("　 \t　a　b　 "), "a　b");
+  EXPECT_EQ(trimAnyBlanks("　"), "");
+}
+
+TEST(Utf, DecodesOneCharacterStrictly) {
+  using Kind = Utf8Mozi::Kind;
+  const struct {
+    std::string_view bytes;
+    Kind kind;
+    std::size_t size;
+    char32_t codePoint;
+  } cases[] = {
+      {"a\xFF", Kind::Whole, 1, U'a'},
+      {"あい", Kind::Whole, 3, U'あ'},
+      {"\U0010FFFF", Kind::Whole, 4, 0x10FFFF},
+      {"\xF0\x9F\x98", Kind::Cut, 3, 0},
+      {"\xE3", Kind::Cut, 1, 0},
+      {"\x80\x80", Kind::IllFormed, 1, 0},
+      {"\xC1\x9B", Kind::IllFormed, 1, 0},          // longer than needed: an escape's disguise
+      {"\xE0\x9F\x80", Kind::IllFormed, 1, 0},      // longer than needed
+      {"\xED\xA0\x80", Kind::IllFormed, 1, 0},      // a surrogate
+      {"\xF4\x90\x80\x80", Kind::IllFormed, 1, 0},  // beyond U+10FFFF
+      {"\xF0\x9F(", Kind::IllFormed, 2, 0},
+  };
+  for (const auto& c : cases) {
+    const Utf8Mozi mozi = decodeUtf8(c.bytes);
+    EXPECT_EQ(mozi.kind, c.kind) << testing::PrintToString(c.bytes);
+    EXPECT_EQ(mozi.size, c.size) << testing::PrintToString(c.bytes);
+    EXPECT_EQ(mozi.codePoint, c.codePoint) << testing::PrintToString(c.bytes);
+  }
+}
+
+TEST(Utf, WhatATerminalWouldObeyOrHideIsUnsafe) {
+  // escape, delete, CSI; bidirectional marks, overrides and isolates; separators; surrogates, beyond Unicode;
+  // tags; characters without a shape
+  for (const char32_t c :
+       {0x00,   0x1B,   0x7F,   0x80,   0x9B,   0x9F,   0x61C,    0x200E,     0x200F,  0x202A,  0x202E,
+        0x2066, 0x2069, 0x2028, 0x2029, 0xD800, 0xDFFF, 0x110000, 0x7FFFFFFF, 0xE0001, 0xE0041, 0xE007F,
+        0xAD,   0x115F, 0x200B, 0x2060, 0x3164, 0xFEFF, 0xFFA0,   0xFFF9,     0x1D173})
+    EXPECT_TRUE(isUnsafeOnTerminal(c)) << std::hex << static_cast<unsigned>(c);
+  // ASCII, the neighbours of what is unsafe, Japanese, the parts of an emoji, variation selectors
+  for (const char32_t c :
+       std::u32string(U" ~\u00A0\u00AC\u00AE\u00E9\u0301\u061B\u200A\u200C\u200D\u2010\u2027\u202F"
+                      U"\u3000あｱ漢～\uD7FF\uE000\uFE0F\uFF9F\uFFFC\uFFFD𠮷😀\U000E0100\U000E01EF\U0010FFFF"))
+    EXPECT_FALSE(isUnsafeOnTerminal(c)) << std::hex << static_cast<unsigned>(c);
+}
+
+}  // namespace
+}  // namespace zelvaro
