@@ -22,7 +22,7 @@ bool isPlain(unsigned char c) {
 /// Caret notation of a control character of ASCII ("^[" for escape), the number of any other ("<U+009B>").
 std::string shown(char32_t character) {
   if (character < 0x80) return {'^', static_cast<char>(character ^ 0x40)};
-  std::array<char, 12> text{};
+  std::array<char, 16> text{};
   std::snprintf(text.data(), text.size(), "<U+%04X>", static_cast<unsigned>(character));
   return text.data();
 }
