@@ -58,13 +58,14 @@ std::optional<std::string> linkAt(const Place& place) {
   return std::string(link, static_cast<std::size_t>(n));
 }
 
-/// Follows the links under `path` as far as they stay in its folder.
-std::optional<Place> findTarget(const std::string& path, FileFailure& failure) {
+/// The place that a file of that name gets: links are followed as far as they stay in its folder, where there is
+/// a file to be replaced.
+std::optional<Place> findTarget(const std::string& path, FileWriting writing, FileFailure& failure) {
   constexpr int kMostLinks = 40;
   Place place = placeOf(AT_FDCWD, path);
   int links = 0;
   Descriptor root;
-  while (place.folder.isOpen()) {
+  while (place.folder.isOpen() && writing.replaces) {
     const auto link = linkAt(place);
     if (!link) break;
     if (links++ == 0) root = openFolder(place.folder.get(), ".");
@@ -191,7 +192,7 @@ bool TemporaryFile::open(const std::string& path) {
     fail(failureOf(path.empty() ? ENOENT : EINVAL));
     return false;
   }
-  auto target = writing_.replaces ? findTarget(path, failure_) : placeOf(AT_FDCWD, path);
+  auto target = findTarget(path, writing_, failure_);
   if (!target) return false;
   target_ = std::move(*target);
   if (!targetCanBeReplaced()) return false;

@@ -39,6 +39,8 @@ class Place {
     for (const auto& [name, bytes] : before) {
       if (name.ends_with('/')) {
         std::filesystem::create_directory(folder_.path(name));
+      } else if (name.ends_with('@')) {
+        std::filesystem::create_symlink(bytes, folder_.path(name.substr(0, name.size() - 1)));
       } else {
         folder_.write(name, bytes);
       }
@@ -60,7 +62,9 @@ class Place {
     outcome.console = console_.read("shown");
     for (const auto& e : std::filesystem::directory_iterator(folder_.path())) {
       const std::string name = e.path().filename().string();
-      if (e.is_directory()) {
+      if (e.is_symlink()) {
+        outcome.files[name + "@"] = std::filesystem::read_symlink(e.path()).string();
+      } else if (e.is_directory()) {
         outcome.files[name + "/"];
       } else {
         outcome.files[name] = folder_.read(name);
@@ -95,43 +99,34 @@ Outcome play(const Files& before, std::string_view typed, const Faults& faults) 
   const Place place(before, typed);
   Outcome outcome;
   {
-    const CallFaults calls(faults.call, place.in, place.out);
-    const AllocationFaults allocations(faults.allocation, faults.lack);
+    const Struck struck(faults.call, faults.allocation, place.in, place.out);
     outcome.status = playAt(place, faults.output);
-    outcome.calls = calls.calls();
-    outcome.readsAtTheEnd = calls.readsAtTheEnd();
-    outcome.allocations = allocations.allocations();
+    outcome.calls = struck.calls();
+    outcome.readsAtTheEnd = struck.readsAtTheEnd();
+    outcome.allocations = struck.allocations();
   }
   place.collect(outcome);
   return outcome;
 }
 
 Outcome playInChild(const Files& before, std::string_view typed, const Faults& faults) {
+  constexpr unsigned kLongest = 60;
   const Place place(before, typed);
   Outcome outcome;
-  outcome.status = inChild([&] {
-    const CallFaults calls(faults.call, place.in, place.out);
-    return playAt(place, faults.output);
-  });
+  const pid_t pid = ::fork();
+  if (pid == 0) {
+    ::alarm(kLongest);
+    const Struck struck(faults.call, faults.allocation, place.in, place.out);
+    ::_exit(playAt(place, faults.output));
+  }
+  while (::waitpid(pid, &outcome.status, 0) < 0 && errno == EINTR) {
+  }
   place.collect(outcome);
   return outcome;
 }
 
 bool isWholeIni(const std::string& text) {
   return text.starts_with("[Mode]\nLangStr=") && text.ends_with("TextEditorPath2=\n");
-}
-
-int inChild(const std::function<int()>& work) {
-  constexpr unsigned kLongest = 60;
-  const pid_t pid = ::fork();
-  if (pid == 0) {
-    ::alarm(kLongest);
-    ::_exit(work());
-  }
-  int status = -1;
-  while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-  }
-  return status;
 }
 
 }  // namespace zelvaro::test
