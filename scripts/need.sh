@@ -21,4 +21,4 @@ need() {
 }
 
 need_to_build() { need g++ cmake ninja-build libfmt-dev libboost-dev; }
-need_to_test() { need_to_build && need libgtest-dev libgmock-dev; }
+need_to_test() { need_to_build && need libgtest-dev libgmock-dev vim vim-tiny nano; }
