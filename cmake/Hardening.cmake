@@ -21,7 +21,8 @@ if(ZELVARO_HARDENING AND NOT ZELVARO_SANITIZE AND NOT EMSCRIPTEN)
   # The run loop jumps from handler to handler for each instruction, and a mark at each of them is 1 to 3 % of its time.
   # Its returns stay protected.
   if(ZELVARO_HAS_fcf_protection)
-    set_source_files_properties(src/comet2/RunLoop.cpp PROPERTIES COMPILE_OPTIONS -fcf-protection=return)
+    set_source_files_properties(src/comet2/RunLoop.cpp PROPERTIES COMPILE_OPTIONS -fcf-protection=return
+      SKIP_PRECOMPILE_HEADERS ON)  # compiled with the other option
   endif()
   # The checked calls need an optimising build. A distribution may have chosen a level of its own before.
   set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)

@@ -1,5 +1,7 @@
 #include <unistd.h>
 
+#include <cstdlib>
+#include <exception>
 #include <new>
 #include <string_view>
 
@@ -17,17 +19,28 @@ void play() {
   game.Start();
 }
 
+/// The files are whole, and nothing that was to be printed waits in a buffer any more.
+[[noreturn]] void endWithoutMemory() {
+  constexpr std::string_view kWords =
+      "zelvaro: メモリが足りないので終了します。 There is not enough memory to go on.\n";
+  std::_Exit(::write(STDERR_FILENO, kWords.data(), kWords.size()) < 0 ? 2 : 1);
+}
+
+/// Where there is no memory even for the exception that would report it, no exception is on its way.
+[[noreturn]] void endUncaught() {
+  if (std::current_exception() == nullptr) endWithoutMemory();
+  std::abort();
+}
+
 }  // namespace
 
 int main() {
+  std::set_terminate(endUncaught);
   zelvaro::holdStandardDescriptors();
   try {
     play();
     return 0;
   } catch (const std::bad_alloc&) {
-    // The files are whole, and nothing that was to be said waits in a buffer any more.
-    constexpr std::string_view kWords =
-        "zelvaro: メモリが足りないので終了します。 There is not enough memory to go on.\n";
-    return ::write(STDERR_FILENO, kWords.data(), kWords.size()) < 0 ? 2 : 1;
+    endWithoutMemory();
   }
 }

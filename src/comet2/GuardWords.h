@@ -251,6 +251,25 @@ inline constexpr Message emptyStackGuard{"empty-stack-guard",
                                                 "It has happened when an opcode at address "
                                                 "of #{hex} is executed. "}};
 
+inline constexpr Message inputEndedGuard{
+    "input-ended-guard",
+    Severity::Notice,
+    Head::Open,
+    args("count"),
+    {.ja = "\nOS: 入力がすでに終わっているのに、マクロ命令( IN )が続けて {count} 回実行されたので、"
+           "実行を中止しました。 \n",
+     .en =
+         "\nOS: The comet2 is terminated, because a Macro Instruction of IN has been executed {count} times "
+         "in a row although the input has come to its end. \n"}};
+
+inline constexpr Message nobodyThereGuard{
+    "nobody-there-guard",
+    Severity::Notice,
+    Head::Open,
+    args(),
+    {.ja = "\nOS: コンソールの相手がいなくなったので、実行を中止しました。 \n",
+     .en = "\nOS: The comet2 is terminated, because nobody follows the console any more. \n"}};
+
 inline constexpr Message returnGuard{"return-guard", Severity::Notice, Head::Open, args("sp"),
                                      bothLanguages("SP=#{sp} "
                                                    "An unknown error has happened "

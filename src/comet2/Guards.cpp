@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "comet2/GuardWords.h"
+#include "comet2/Services.h"
 
 namespace zelvaro {
 
@@ -80,6 +81,10 @@ void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink) {
       return sink.say(nopGuard, hex4(word), m.PR);
     case Stop::Unregistered:
       return sink.say(unregisteredGuard, hex4(word), hex(m.PR), m.PR);
+    case Stop::InputEnded:
+      return sink.say(inputEndedGuard, kMostEmptyInputs);
+    case Stop::NobodyThere:
+      return sink.say(nobodyThereGuard);
     case Stop::End:
     case Stop::Store:
     case Stop::Steps:
@@ -88,8 +93,9 @@ void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink) {
 }
 
 RowList rowsOfGuards() {
-  return rows(prGuard, registerGuard, loadGuard, loadGuardCells, storeGuard, storeWarning, stackGuard,
-              emptyStackGuard, returnGuard, nopGuard, unregisteredGuard);
+  return rows(inputEndedGuard, nobodyThereGuard, prGuard, registerGuard, loadGuard, loadGuardCells,
+              storeGuard, storeWarning, stackGuard, emptyStackGuard, returnGuard, nopGuard,
+              unregisteredGuard);
 }
 
 }  // namespace zelvaro

@@ -20,6 +20,8 @@ enum class Stop : std::uint8_t {
   Return,        ///< a RET with OS above 0 and SP above #FFFF
   Nop,           ///< a NOP that is not the word 0
   Unregistered,  ///< a word that is no instruction
+  InputEnded,    ///< IN has found the end of an input that is no terminal kMostEmptyInputs times in a row
+  NobodyThere,   ///< nobody follows the console any more
   Steps          ///< the number of steps asked for is reached
 };
 

@@ -39,12 +39,24 @@ void setFlags(Tcomet2& m, Flags f) {
   m.Fovf = f.ovf != 0 ? 1 : 0;
 }
 
-/// Serves an SVC and tells the decoded image which cells it has written.
-void serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number) {
+/// Serves an SVC and tells the decoded image which cells it has written.  `emptyInputs` counts the IN in a row
+/// that have found no line any more.  Returns Stop::End where the run goes on.
+Stop serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number, int& emptyInputs) {
   const int stored = SvcCall(m, services, static_cast<std::int32_t>(number));
-  if (number != static_cast<std::uint32_t>(kSvcIn)) return;
-  image.stored(unsignedWord(m.GR[2]));
-  for (int i = 0; i < stored; ++i) image.stored(unsignedWord(unsignedWord(m.GR[1]) + i));
+  if (number == static_cast<std::uint32_t>(kSvcIn)) {
+    image.stored(unsignedWord(m.GR[2]));
+    for (int i = 0; i < stored; ++i) image.stored(unsignedWord(unsignedWord(m.GR[1]) + i));
+    emptyInputs = stored == kNoLine ? emptyInputs + 1 : 0;
+    if (emptyInputs >= kMostEmptyInputs) return Stop::InputEnded;
+  }
+  return services.platform.consoleIsGone() ? Stop::NobodyThere : Stop::End;
+}
+
+/// A loop takes a jump or a CALL each time round.  Each of these looks at the console when its count has a
+/// multiple of this: within a second on any image, and seldom enough to cost nothing.
+constexpr std::uint32_t kJumpsBetweenLooks = 4096;
+constexpr bool isTimeToLook(std::uint32_t count) {
+  return count % kJumpsBetweenLooks == 0;
 }
 
 // --- the parts of handlers ---
@@ -133,14 +145,16 @@ void serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t n
   effAdr = far & kHighestAddress;          \
   if (far > kHighestAddress) goto FarJump; \
   e = entries + far;
-#define ZELVARO_JUMP(kind, cut, condition) \
-  {                                        \
-    ZELVARO_COUNT();                       \
-    if (condition) {                       \
-      ZELVARO_TARGET_##cut##_##kind();     \
-      ZELVARO_NEXT();                      \
-    }                                      \
-    e += 2;                                \
+#define ZELVARO_JUMP(kind, cut, condition)  \
+  {                                         \
+    ZELVARO_COUNT();                        \
+    if (condition) {                        \
+      const std::uint32_t count = e->count; \
+      ZELVARO_TARGET_##cut##_##kind();      \
+      if (isTimeToLook(count)) goto Look;   \
+      ZELVARO_NEXT();                       \
+    }                                       \
+    e += 2;                                 \
   }
 #define ZELVARO_PART_JMI(kind) ZELVARO_JUMP(kind, UNCUT, f.sz < 0)
 #define ZELVARO_PART_JNZ(kind) ZELVARO_JUMP(kind, CUT, f.sz != 0)
@@ -165,7 +179,9 @@ void serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t n
     ZELVARO_COUNT();                       \
     ++m.OS;                                \
     ZELVARO_PUSHED(kind, e - entries + 2); \
+    const std::uint32_t count = e->count;  \
     e = entries + effAdr;                  \
+    if (isTimeToLook(count)) goto Look;    \
   }
 #define ZELVARO_PART_POP(kind)                  \
   {                                             \
@@ -199,12 +215,13 @@ void serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t n
     ZELVARO_COUNT();           \
     e += 1;                    \
   }
-#define ZELVARO_PART_SVC(kind)         \
-  {                                    \
-    ZELVARO_COUNT();                   \
-    ZELVARO_ADDRESS_##kind();          \
-    serve(m, services, image, effAdr); \
-    e += 2;                            \
+#define ZELVARO_PART_SVC(kind)                             \
+  {                                                        \
+    ZELVARO_COUNT();                                       \
+    ZELVARO_ADDRESS_##kind();                              \
+    stop = serve(m, services, image, effAdr, emptyInputs); \
+    e += 2;                                                \
+    if (stop != Stop::End) goto Served;                    \
   }
 
 // The words that stop a run.
@@ -264,6 +281,7 @@ template <bool stepped>
   Entry* e = entries;
   std::uint32_t far = static_cast<std::uint32_t>(m.PR);
   Stop stop = Stop::End;
+  int emptyInputs = 0;
 
   if (far > kHighestAddress) goto FarJump;
   e = entries + far;
@@ -305,6 +323,12 @@ StoredIntoCode:
   e += 2;
   ZELVARO_NEXT();
 
+Look:
+  if (services.platform.consoleIsGone()) ZELVARO_LEAVE(NobodyThere, 0);
+  ZELVARO_NEXT();
+Served:
+  m.PR = static_cast<std::int32_t>(e - entries);
+  goto Leave;
 FarJump:
   m.PR = static_cast<std::int32_t>(far);
   goto Leave;

@@ -1,5 +1,6 @@
 #include "comet2/Services.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -43,8 +44,7 @@ std::string_view cutToLimit(std::string_view line) {
   return line.substr(0, line.find('\0'));
 }
 
-std::u16string readText(const Services& services) {
-  const std::string line = services.platform.readLine().value_or("");
+std::u16string textOf(const std::string& line, const Services& services) {
   std::u16string text;
   if (!utf8ToUtf16(cutToLimit(line), text)) {
     services.sink.say(conversionFailed);
@@ -61,12 +61,13 @@ std::size_t address(std::int32_t value) {
 
 int SvcIn(Tcomet2& m, const Services& services) {
   services.sink.say(inputPrompt);
-  const std::u16string text = readText(services);
+  const std::optional<std::string> line = services.platform.readLine();
+  const std::u16string text = textOf(line.value_or(""), services);
   const auto length = static_cast<std::int32_t>(text.size());
   m.Memory[address(m.GR[2])] = length;
   for (std::int32_t i = 0; i < length; ++i)
     m.Memory[address(unsignedWord(m.GR[1]) + i)] = text[static_cast<std::size_t>(i)];
-  return length;
+  return line || !services.platform.inputHasEnded() ? length : kNoLine;
 }
 
 void SvcOut(const Tcomet2& m, const Services& services) {

@@ -10,6 +10,9 @@ namespace zelvaro {
 inline constexpr std::int32_t kSvcIn = 1;
 inline constexpr std::int32_t kSvcOut = 2;
 
+inline constexpr int kMostEmptyInputs = 100;  ///< ends of the input in a row that IN takes for lines
+inline constexpr int kNoLine = -1;            ///< result of SvcIn at an input that has ended for good
+
 /// What the services work with.
 struct Services {
   Platform& platform;  ///< where IN reads and OUT writes
@@ -17,11 +20,12 @@ struct Services {
 };
 
 /// Answers an SVC: 1 is SvcIn, 2 SvcOut, any other number prints a note.  No service changes a register, a
-/// flag, PR or SP.  Returns how many characters SvcIn has stored, 0 otherwise.
+/// flag, PR or SP.  Returns what SvcIn has returned, 0 for any other service.
 int SvcCall(Tcomet2& m, const Services& services, std::int32_t number);
 
 /// Reads one line into `Memory`: its length goes to the address in GR2, its characters, a UTF-16 unit a word,
-/// from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of characters.
+/// from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of characters, or kNoLine,
+/// with a length of 0 stored, where no terminal is read and there is no line any more.
 int SvcIn(Tcomet2& m, const Services& services);
 
 /// Prints as many words from the address in GR1 as the cell at the address in GR2 says, as UTF-16.

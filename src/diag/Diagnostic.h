@@ -17,17 +17,19 @@ struct Quoted {
   std::string text;
 };
 
-/// One argument: a UTF-8 text, a text of the source to be quoted, or a number.
+/// One argument: a UTF-8 text, a text of the source to be quoted, a number, or the words of another row.
 struct MsgArg {
-  enum class Kind : unsigned char { Text, Quoted, Number };
+  enum class Kind : unsigned char { Text, Quoted, Number, Row };
 
   Kind kind = Kind::Text;
-  std::string text;
+  std::string text;                 ///< of any kind but Row
+  const MessageRow* row = nullptr;  ///< of kind Row: a row without arguments, in the language of the message
 
   MsgArg(Quoted q) : kind(Kind::Quoted), text(std::move(q.text)) {}
   MsgArg(std::string t) : text(std::move(t)) {}
   MsgArg(std::string_view t) : text(t) {}
   MsgArg(const char* t) : text(t) {}
+  MsgArg(const Message<0>& words) : kind(Kind::Row), row(&words) {}
   template <std::integral Int>
   MsgArg(Int value) : kind(Kind::Number), text(std::to_string(value)) {}
 };

@@ -5,22 +5,23 @@
 namespace zelvaro {
 namespace {
 
-std::string valueOf(const MsgArg& arg) {
+std::string valueOf(const MsgArg& arg, Wording wording) {
+  if (arg.kind == MsgArg::Kind::Row) return std::string(arg.row->text(wording.family, wording.language));
   return arg.kind == MsgArg::Kind::Quoted ? quotedText(arg.text) : arg.text;
 }
 
-std::string valueOf(const Diagnostic& d, std::string_view hole) {
+std::string valueOf(const Diagnostic& d, std::string_view hole, Wording wording) {
   for (std::size_t i = 0; i < d.args.size(); ++i)
-    if (hole == d.row->argName[i]) return valueOf(d.args[i]);
+    if (hole == d.row->argName[i]) return valueOf(d.args[i], wording);
   return std::to_string(d.line + 1);  // {line}: the compiler has refused every other name
 }
 
-std::string fillHoles(std::string_view text, const Diagnostic& d) {
+std::string fillHoles(std::string_view text, const Diagnostic& d, Wording wording) {
   std::string out;
   for (std::size_t open = text.find('{'); open != text.npos; open = text.find('{')) {
     const std::size_t close = text.find('}', open);
     out += text.substr(0, open);
-    out += valueOf(d, text.substr(open + 1, close - open - 1));
+    out += valueOf(d, text.substr(open + 1, close - open - 1), wording);
     text.remove_prefix(close + 1);
   }
   return out += text;
@@ -55,11 +56,11 @@ std::string headOf(const Diagnostic& d, Wording wording) {
       return lineHead(row.severity, language, d.line);
     case Head::QuoteLine: {
       const std::string number = std::to_string(d.line + 1);
-      return std::string(severityHead(row.severity).in(language)) + valueOf(d.args.front()) +
+      return std::string(severityHead(row.severity).in(language)) + valueOf(d.args.front(), wording) +
              (english ? std::string(kLineWord.en) + number + ": " : number + std::string(kLineWord.ja));
     }
     case Head::Own:
-      return fillHoles(row.headText(wording.family, language), d);
+      return fillHoles(row.headText(wording.family, language), d, wording);
   }
   return {};
 }
@@ -73,18 +74,18 @@ struct Filled {
 Filled fill(const Diagnostic& d, Wording wording) {
   Filled out{headOf(d, wording), {}, false};
   std::string_view text = d.row->text(wording.family, wording.language);
-  if (d.row->head == Head::Open) return {{}, fillHoles(text, d), false};
+  if (d.row->head == Head::Open) return {{}, fillHoles(text, d, wording), false};
   // A quote directly after the head belongs to the head: the replay leaves it out.
   constexpr std::string_view kQuoteHole = "{quote}";
   if (text.starts_with(kQuoteHole) && d.row->head != Head::None) {
-    out.head += fillHoles(kQuoteHole, d);
+    out.head += fillHoles(kQuoteHole, d, wording);
     text.remove_prefix(kQuoteHole.size());
   }
   if (text.starts_with('\n')) {
     out.breakAfterHead = true;
     text.remove_prefix(1);
   }
-  out.text = fillHoles(text, d);
+  out.text = fillHoles(text, d, wording);
   return out;
 }
 

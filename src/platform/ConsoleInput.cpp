@@ -50,6 +50,11 @@ bool ConsoleInput::endsByKey() const {
   return terminal_ && tcgetattr(fd_, &mode) == 0 && (mode.c_lflag & ICANON) != 0;
 }
 
+bool ConsoleInput::hasHungUp() const {
+  pollfd other{fd_, 0, 0};
+  return terminal_ && poll(&other, 1, 0) == 1 && (other.revents & POLLHUP) != 0;
+}
+
 /// Fills the empty buffer; false at the end of the input.  An input that cannot be read has ended.
 bool ConsoleInput::refill() {
   buffer_.resize(kBuffer);
@@ -62,6 +67,7 @@ bool ConsoleInput::refill() {
       if (poll(&ready, 1, -1) >= 0 || errno == EINTR) continue;
     }
     buffer_.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+    ended_ = n <= 0;
     return n > 0;
   }
 }

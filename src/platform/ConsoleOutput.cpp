@@ -1,9 +1,12 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
-#include <cstdint>
+#include <cstdio>
+#include <utility>
 
+#include "MoziCode/Utf.h"
 #include "platform/Console.h"
 
 namespace zelvaro {
@@ -12,26 +15,16 @@ namespace {
 constexpr std::size_t kBuffer = 64 * 1024;
 constexpr std::string_view kReplacementUtf8 = "\xEF\xBF\xBD";
 
-/// Number of bytes that a first byte announces; 0 for one that begins no character.
-std::size_t announcedBy(unsigned char lead) {
-  if (lead >= 0xC2 && lead <= 0xDF) return 2;
-  if (lead >= 0xE0 && lead <= 0xEF) return 3;
-  if (lead >= 0xF0 && lead <= 0xF4) return 4;
-  return 0;
-}
-
 bool isPlain(unsigned char c) {
   return (c >= 0x20 && c < 0x7F) || c == '\n' || c == '\t';
 }
 
-/// The value of a complete sequence, or 0 for one that is longer than its character needs: some terminals
-/// decode such a disguise of a control character.
-std::uint32_t valueOf(std::string_view sequence) {
-  std::uint32_t value = static_cast<unsigned char>(sequence[0]) & (0x7Fu >> sequence.size());
-  for (std::size_t i = 1; i < sequence.size(); ++i)
-    value = (value << 6) | (static_cast<unsigned char>(sequence[i]) & 0x3Fu);
-  constexpr std::uint32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
-  return value < kLeast[sequence.size()] ? 0 : value;
+/// Caret notation of a control character of ASCII ("^[" for escape), the number of any other ("<U+009B>").
+std::string shown(char32_t character) {
+  if (character < 0x80) return {'^', static_cast<char>(character ^ 0x40)};
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "<U+%04X>", static_cast<unsigned>(character));
+  return text.data();
 }
 
 }  // namespace
@@ -50,8 +43,13 @@ void ConsoleOutput::print(std::string_view utf8) {
 }
 
 void ConsoleOutput::flush() {
-  endSequence();
+  if (!std::exchange(begun_, {}).empty()) append(kReplacementUtf8);
   writeOut();
+}
+
+void ConsoleOutput::look() {
+  pollfd other{fd_, 0, 0};
+  if (poll(&other, 1, 0) == 1 && (other.revents & (POLLERR | POLLHUP)) != 0) giveUp();
 }
 
 void ConsoleOutput::append(std::string_view bytes) {
@@ -64,58 +62,27 @@ void ConsoleOutput::append(std::string_view bytes) {
 }
 
 void ConsoleOutput::appendHarmless(std::string_view utf8) {
-  for (std::size_t i = 0; i < utf8.size();) {
-    const auto c = static_cast<unsigned char>(utf8[i]);
-    if (announced_ != 0) {
-      if (takeIntoSequence(c)) ++i;
-      continue;
+  const std::string joined = begun_.empty() ? std::string() : std::exchange(begun_, {}) + std::string(utf8);
+  if (!joined.empty()) utf8 = joined;
+  while (!utf8.empty()) {
+    std::size_t plain = 0;
+    while (plain < utf8.size() && isPlain(static_cast<unsigned char>(utf8[plain]))) ++plain;
+    append(utf8.substr(0, plain));
+    utf8.remove_prefix(plain);
+    if (utf8.empty()) break;
+    const Utf8Mozi front = decodeUtf8(utf8);
+    if (front.kind == Utf8Mozi::Kind::Cut) {
+      begun_ = utf8;
+      break;
     }
-    std::size_t end = i;
-    while (end < utf8.size() && isPlain(static_cast<unsigned char>(utf8[end]))) ++end;
-    if (end > i) {
-      append(utf8.substr(i, end - i));
-      i = end;
-      continue;
-    }
-    ++i;
-    if (c < 0x80) {
-      appendControl(c);
-    } else if ((announced_ = announcedBy(c)) != 0) {
-      sequence_.assign(1, static_cast<char>(c));
-    } else {
+    if (front.kind == Utf8Mozi::Kind::IllFormed) {
       append(kReplacementUtf8);
+    } else if (isUnsafeOnTerminal(front.codePoint)) {
+      append(shown(front.codePoint));
+    } else {
+      append(utf8.substr(0, front.size));
     }
-  }
-}
-
-/// Caret notation: "^[" for escape, "^?" for 0x7F.
-void ConsoleOutput::appendControl(unsigned char c) {
-  const char shown[2] = {'^', static_cast<char>(c ^ 0x40)};
-  append({shown, 2});
-}
-
-/// Adds a byte to the begun character; false, with the character ended, if it does not belong to it.
-bool ConsoleOutput::takeIntoSequence(unsigned char c) {
-  if ((c & 0xC0) != 0x80) {
-    endSequence();
-    return false;
-  }
-  sequence_ += static_cast<char>(c);
-  if (sequence_.size() == announced_) endSequence();
-  return true;
-}
-
-void ConsoleOutput::endSequence() {
-  if (announced_ == 0) return;
-  const std::uint32_t value = sequence_.size() == announced_ ? valueOf(sequence_) : 0;
-  announced_ = 0;
-  if (value == 0) {
-    append(kReplacementUtf8);
-  } else if (value < 0xA0) {
-    constexpr std::string_view kHex = "0123456789ABCDEF";
-    append(std::string("<U+00") + kHex[value >> 4] + kHex[value & 0xF] + ">");
-  } else {
-    append(sequence_);
+    utf8.remove_prefix(front.size);
   }
 }
 
@@ -129,7 +96,7 @@ void ConsoleOutput::writeOut() {
       pollfd ready{fd_, POLLOUT, 0};
       if (poll(&ready, 1, -1) < 0 && errno != EINTR) failed_ = true;
     } else if (errno != EINTR) {
-      readerIsGone_ = errno == EPIPE;
+      readerIsGone_ = errno == EPIPE || (terminal_ && errno == EIO);
       failed_ = true;
     }
   }

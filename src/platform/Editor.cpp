@@ -1,8 +1,7 @@
 // What is handed to other programs: a file to the editor, a document to the desktop; and deleting.
+#include <sys/stat.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
 
 #include "platform/Files.h"
@@ -27,13 +26,15 @@ std::optional<std::string> PosixPlatform::folderListing(const std::string& path,
 }
 
 bool PosixPlatform::deleteFile(const std::string& path, FileFailure* failure) {
-  if (::unlink(path.c_str()) == 0) return true;
-  posix::tell(failure, posix::wordsOf(errno));
-  return false;
+  return posix::deleteFile(path, failure);
 }
 
 EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::string& path) {
-  std::vector<std::string> command = posix::splitCommandLine(editor.commandLine);
+  struct stat status {};
+  const bool exists = ::stat(path.c_str(), &status) == 0;
+  if (const auto refusal = exists ? posix::refusalOf(status.st_mode) : std::nullopt)
+    return {EditResult::Status::Refused, {}, *refusal};
+  std::vector<std::string> command = posix::editorCommand(editor.commandLine);
   if (command.empty()) {
     const bool terminal = input_.isTerminal() && output_.isTerminal();
     const auto own = terminal ? posix::ownEditor() : std::nullopt;
@@ -42,9 +43,9 @@ EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::strin
   }
   command.push_back(posix::asArgument(path));
   flush();
-  const int error = posix::runAndWait(command, input_.isTerminal());
+  const int error = posix::runAndWait(command, input_.isTerminal() ? input_.descriptor() : -1);
   if (error == 0) return {};
-  return {EditResult::Status::NotStarted, command.front(), posix::wordsOf(error)};
+  return {EditResult::Status::NotStarted, command.front(), posix::failureOf(error)};
 }
 
 bool PosixPlatform::openOnDesktop(const std::string& path) {

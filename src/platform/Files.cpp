@@ -20,58 +20,59 @@
 namespace zelvaro::posix {
 namespace {
 
-constexpr const char* kNoRegularFile = "Not a regular file";
-
-/// A descriptor that is closed with this.
-class Descriptor {
- public:
-  explicit Descriptor(int fd) : fd_(fd) {}
-  ~Descriptor() {
-    if (fd_ >= 0) ::close(fd_);
-  }
-  Descriptor(Descriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-
-  bool isOpen() const { return fd_ >= 0; }
-  int get() const { return fd_; }
-
- private:
-  int fd_;
-};
-
-/// Opens a regular file for reading, never waiting for the other end of a pipe.  None with the reason.
+/// Opens a regular file for reading, never waiting for the other end of a pipe.
 Descriptor openRegular(const std::string& path, struct stat& status, FileFailure* failure) {
   if (path.find('\0') != std::string::npos) {
-    tell(failure, wordsOf(EINVAL));
-    return Descriptor(-1);
+    tell(failure, failureOf(EINVAL));
+    return Descriptor();
   }
   Descriptor file(
       uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-  if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
-    tell(failure, wordsOf(errno));
-  } else if (S_ISDIR(status.st_mode)) {
-    tell(failure, wordsOf(EISDIR));
-  } else if (!S_ISREG(status.st_mode)) {
-    tell(failure, kNoRegularFile);
+  // a socket does not open at all, and a device may refuse to
+  const bool known = (file.isOpen() ? ::fstat(file.get(), &status) : ::stat(path.c_str(), &status)) == 0;
+  const int error = errno;
+  if (const auto refusal = known ? refusalOf(status.st_mode) : std::nullopt) {
+    tell(failure, *refusal);
+  } else if (!file.isOpen() || !known) {
+    tell(failure, failureOf(error));
   } else {
     return file;
   }
-  return Descriptor(-1);
+  return Descriptor();
 }
 
-/// Reads to the end of the file, whatever size it had when it was opened.  0 or an errno.
-int readToEnd(int fd, std::size_t expected, std::string& bytes) {
+/// Reads to the end of the file, whatever size it had when it was opened, or until there are more than `most`
+/// bytes.  0 or an errno.
+int readToEnd(int fd, std::size_t expected, std::size_t most, std::string& bytes) {
   bytes.resize(expected + 1);  // one more, so that the read that finds the end needs no growth
   std::size_t have = 0;
-  for (;;) {
+  while (have <= most) {
     const ssize_t n = uninterrupted([&] { return ::read(fd, bytes.data() + have, bytes.size() - have); });
     if (n < 0) return errno;
-    if (n == 0) break;
+    if (n == 0) {
+      bytes.resize(have);
+      return 0;
+    }
     have += static_cast<std::size_t>(n);
     if (have == bytes.size()) bytes.resize(have * 2);
   }
-  bytes.resize(have);
-  return 0;
+  return EFBIG;
+}
+
+std::optional<std::string> readOpened(const Descriptor& file, const struct stat& status, std::size_t most,
+                                      FileFailure* failure) {
+  const auto size = static_cast<std::size_t>(status.st_size);
+  std::string bytes;
+  int error = EFBIG;
+  try {
+    if (size <= most) error = readToEnd(file.get(), size, most, bytes);
+  } catch (const std::bad_alloc&) {
+    error = ENOMEM;
+  } catch (const std::length_error&) {
+  }
+  if (error == 0) return bytes;
+  tell(failure, failureOf(error));
+  return std::nullopt;
 }
 
 /// Memory straight from the system, in large pages where it has them: a fresh page costs more than reading
@@ -119,55 +120,73 @@ std::optional<std::size_t> readUpTo(int fd, char* to, std::size_t size) {
   return have;
 }
 
+/// A file that grows while it is read is taken as long as it was when it was opened.
+std::optional<FileBytes> loadLarge(const Descriptor& file, std::size_t size, FileFailure* failure) {
+  const auto memory = LargeMemory::allocate(size);
+  const auto have = memory ? readUpTo(file.get(), memory->bytes, size) : std::nullopt;
+  if (have) return FileBytes{{memory->bytes, *have}, memory};
+  tell(failure, failureOf(memory ? errno : ENOMEM));
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string wordsOf(int error) {
   return std::generic_category().message(error);
 }
 
-void tell(FileFailure* failure, std::string reason) {
-  if (failure != nullptr) failure->reason = std::move(reason);
+FileFailure failureOf(int error) {
+  using Kind = FileFailure::Kind;
+  constexpr std::pair<int, Kind> kKinds[] = {{ENOENT, Kind::Missing},
+                                             {EEXIST, Kind::Exists},
+                                             {ENOMEM, Kind::NoMemory},
+                                             {EISDIR, Kind::Folder},
+                                             {EFBIG, Kind::TooLarge}};
+  for (const auto& [known, kind] : kKinds)
+    if (known == error) return {kind, wordsOf(error)};
+  return {Kind::System, wordsOf(error)};
 }
 
-bool canRead(const std::string& path) {
+void tell(FileFailure* failure, FileFailure cause) {
+  if (failure != nullptr) *failure = std::move(cause);
+}
+
+std::optional<FileFailure> refusalOf(mode_t mode) {
+  if (S_ISREG(mode)) return std::nullopt;
+  if (S_ISDIR(mode)) return failureOf(EISDIR);
+  return FileFailure{FileFailure::Kind::NotRegular, "Not a regular file"};
+}
+
+bool canRead(const std::string& path, FileFailure* failure) {
   struct stat status {};
-  return openRegular(path, status, nullptr).isOpen();
+  return openRegular(path, status, failure).isOpen();
 }
 
-std::optional<std::string> readFile(const std::string& path, FileFailure* failure) {
+std::optional<std::string> readFile(const std::string& path, FileFailure* failure, std::size_t most) {
   struct stat status {};
   const Descriptor file = openRegular(path, status, failure);
   if (!file.isOpen()) return std::nullopt;
-  std::string bytes;
-  int error = 0;
-  try {
-    error = readToEnd(file.get(), static_cast<std::size_t>(status.st_size), bytes);
-  } catch (const std::bad_alloc&) {
-    error = ENOMEM;
-  } catch (const std::length_error&) {
-    error = EFBIG;
-  }
-  if (error != 0) {
-    tell(failure, wordsOf(error));
-    return std::nullopt;
-  }
-  return bytes;
+  return readOpened(file, status, most, failure);
 }
 
-/// A file that grows while it is read is taken as long as it was when it was opened.
 std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) {
+  constexpr std::size_t kLarge = std::size_t{1} << 20;
   struct stat status {};
   const Descriptor file = openRegular(path, status, failure);
   if (!file.isOpen()) return std::nullopt;
   const auto size = static_cast<std::size_t>(status.st_size);
-  const auto memory = LargeMemory::allocate(size);
-  const auto have = memory ? readUpTo(file.get(), memory->bytes, size) : std::nullopt;
-  const int error = memory ? errno : ENOMEM;
-  if (!have) {
-    tell(failure, wordsOf(error));
-    return std::nullopt;
-  }
-  return FileBytes{{memory->bytes, *have}, memory};
+  if (size >= kLarge && size <= Platform::kMostSourceBytes) return loadLarge(file, size, failure);
+  auto text = readOpened(file, status, Platform::kMostSourceBytes, failure);
+  if (!text) return std::nullopt;
+  const auto memory = std::make_shared<const std::string>(std::move(*text));
+  return FileBytes{*memory, memory};
+}
+
+bool deleteFile(const std::string& path, FileFailure* failure) {
+  const bool named = path.find('\0') == std::string::npos;
+  if (named && ::unlink(path.c_str()) == 0) return true;
+  tell(failure, failureOf(named ? errno : EINVAL));
+  return false;
 }
 
 bool exists(const std::string& path) {
@@ -177,7 +196,7 @@ bool exists(const std::string& path) {
 
 std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) {
   if (path.find('\0') != std::string::npos) {
-    tell(failure, wordsOf(EINVAL));
+    tell(failure, failureOf(EINVAL));
     return std::nullopt;
   }
   struct Close {
@@ -187,7 +206,7 @@ std::optional<std::string> folderListing(const std::string& path, FileFailure* f
   if (folder == nullptr) {
     const int error = errno;
     if (error == ENOTDIR && exists(path)) return path + "\n";
-    tell(failure, wordsOf(error));
+    tell(failure, failureOf(error));
     return std::nullopt;
   }
   std::vector<std::string> names;

@@ -1,10 +1,12 @@
+// A file is written beside its target and renamed.  All names are taken relative to the folder that was opened
+// first, so that nobody who moves folders or links meanwhile can lead the bytes elsewhere.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 
 #include "platform/Files.h"
 
@@ -13,29 +15,79 @@ namespace {
 
 constexpr std::size_t kBuffer = 64 * 1024;
 
-std::string folderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "" : path.substr(0, slash + 1);
+/// A name in a folder that is held open.
+struct Place {
+  Descriptor folder;
+  std::string name;
+};
+
+Descriptor openFolder(int in, const std::string& path) {
+  return Descriptor(uninterrupted(
+      [&] { return ::openat(in, path.empty() ? "." : path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-/// Follows symbolic links, so that a link stays a link and its file is replaced.  A circle of links ends
-/// in a name that does not open.
-std::string followLinks(std::string path) {
-  constexpr int kMostLinks = 40;
-  for (int i = 0; i < kMostLinks; ++i) {
-    char link[4096];
-    const ssize_t n = ::readlink(path.c_str(), link, sizeof link);
-    if (n <= 0 || static_cast<std::size_t>(n) == sizeof link) break;
-    const std::string_view to(link, static_cast<std::size_t>(n));
-    path.resize(to.front() == '/' ? 0 : folderOf(path).size());
-    path += to;
+/// `path` relative to an open folder, or to the working folder (AT_FDCWD).
+Place placeOf(int in, const std::string& path) {
+  const std::size_t slash = path.rfind('/') + 1;  // 0 where there is none
+  return {openFolder(in, path.substr(0, slash)), path.substr(slash)};
+}
+
+bool isSame(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+/// Whether a folder is `root` or lies below it, found by going up from it.
+bool isWithin(const Descriptor& folder, const Descriptor& root) {
+  struct stat wanted {
+  }, here{}, above{};
+  Descriptor at = openFolder(folder.get(), ".");
+  if (::fstat(root.get(), &wanted) != 0 || !at.isOpen() || ::fstat(at.get(), &here) != 0) return false;
+  while (!isSame(here, wanted)) {
+    at = openFolder(at.get(), "..");
+    if (!at.isOpen() || ::fstat(at.get(), &above) != 0 || isSame(above, here)) return false;
+    here = above;
   }
-  return path;
+  return true;
+}
+
+/// What a symbolic link names; nothing where the place has no link.
+std::optional<std::string> linkAt(const Place& place) {
+  char link[4096];
+  const ssize_t n = ::readlinkat(place.folder.get(), place.name.c_str(), link, sizeof link);
+  if (n <= 0 || static_cast<std::size_t>(n) == sizeof link) return std::nullopt;
+  return std::string(link, static_cast<std::size_t>(n));
+}
+
+/// The place that a file of that name gets: links are followed as far as they stay in its folder, where there is
+/// a file to be replaced.
+std::optional<Place> findTarget(const std::string& path, FileWriting writing, FileFailure& failure) {
+  constexpr int kMostLinks = 40;
+  Place place = placeOf(AT_FDCWD, path);
+  int links = 0;
+  Descriptor root;
+  while (place.folder.isOpen() && writing.replaces) {
+    const auto link = linkAt(place);
+    if (!link) break;
+    if (links++ == 0) root = openFolder(place.folder.get(), ".");
+    if (links > kMostLinks) {
+      failure = failureOf(ELOOP);
+      return std::nullopt;
+    }
+    place = placeOf(place.folder.get(), *link);
+  }
+  if (!place.folder.isOpen()) {
+    failure = failureOf(errno);
+  } else if (links > 0 && !isWithin(place.folder, root)) {
+    failure = {FileFailure::Kind::LeadsOutside, "The link leads out of the folder"};
+  } else {
+    return place;
+  }
+  return std::nullopt;
 }
 
 class TemporaryFile : public OutputFile {
  public:
-  TemporaryFile() = default;
+  explicit TemporaryFile(FileWriting writing) : writing_(writing) {}
   ~TemporaryFile() override { discard(); }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -43,76 +95,114 @@ class TemporaryFile : public OutputFile {
   bool open(const std::string& path);
   void write(std::string_view bytes) override;
   bool commit() override;
-  std::string reason() const override { return reason_; }
+  FileFailure failure() const override { return failure_; }
 
  private:
-  void fail(std::string reason) {
-    if (reason_.empty()) reason_ = std::move(reason);
+  bool failed() const { return !failure_.reason.empty(); }
+  void fail(FileFailure cause) {
+    if (!failed()) failure_ = std::move(cause);
   }
-  bool targetCanBeReplaced(mode_t& mode);
-  void create(mode_t mode);
+  bool targetCanBeReplaced();
+  bool hasName(const Descriptor& file) const;
+  bool removeLeftover() const;
+  bool createNew();
+  void create();
+  void keepOwnerAndMode();
   void writeOut();
+  void close();
+  bool rename();
   void discard();
 
-  std::string target_;
+  FileWriting writing_;
+  Place target_;
   std::string name_;  ///< of the temporary file, empty while there is none
   std::string buffer_;
-  std::string reason_;
-  int fd_ = -1;
+  FileFailure failure_;
+  std::optional<struct stat> replaced_;  ///< of the file that is replaced
+  Descriptor file_;
+  Descriptor lock_;  ///< keeps the temporary file locked until it is renamed
 };
 
-/// A new file gets the usual rights, a file that is replaced hands its own on in `mode`.
-bool TemporaryFile::targetCanBeReplaced(mode_t& mode) {
+bool TemporaryFile::targetCanBeReplaced() {
+  const char* name = target_.name.c_str();
   struct stat status {};
-  if (::stat(target_.c_str(), &status) != 0) {
-    if (errno != ENOENT) fail(wordsOf(errno));
-    return errno == ENOENT;
-  }
-  if (S_ISDIR(status.st_mode)) {
-    fail(wordsOf(EISDIR));
-  } else if (!S_ISREG(status.st_mode)) {
-    fail("Not a regular file");
-  } else if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) {
-    fail(wordsOf(errno));
+  if (::fstatat(target_.folder.get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (errno != ENOENT || target_.name.empty()) fail(failureOf(errno));
+  } else if (!writing_.replaces) {
+    fail(failureOf(EEXIST));
+  } else if (const auto refusal = refusalOf(status.st_mode)) {
+    fail(*refusal);
+  } else if (::faccessat(target_.folder.get(), name, W_OK, AT_EACCESS) != 0) {
+    fail(failureOf(errno));
   } else {
-    mode = status.st_mode & 0777;
-    return true;
+    replaced_ = status;
   }
+  return !failed();
+}
+
+/// Whether an open file is the regular file that has the temporary name.
+bool TemporaryFile::hasName(const Descriptor& file) const {
+  struct stat opened {
+  }, named{};
+  return ::fstat(file.get(), &opened) == 0 && S_ISREG(opened.st_mode) &&
+         ::fstatat(target_.folder.get(), name_.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+         isSame(opened, named);
+}
+
+/// Removes the temporary file of a program that was killed; that of a living one is locked.
+bool TemporaryFile::removeLeftover() const {
+  constexpr int kAsItIs = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  const int folder = target_.folder.get();
+  const Descriptor old(uninterrupted([&] { return ::openat(folder, name_.c_str(), kAsItIs); }));
+  return old.isOpen() && ::flock(old.get(), LOCK_EX | LOCK_NB) == 0 && hasName(old) &&
+         ::unlinkat(folder, name_.c_str(), 0) == 0;
+}
+
+/// Creates and locks the temporary file; false, with errno set, where something has the name.  The rights of a
+/// file that is replaced may be narrower than the usual ones: until they are set nobody else reads.
+bool TemporaryFile::createNew() {
+  const mode_t rights = replaced_ || !writing_.replaces ? 0600 : 0666;
+  constexpr int kNewFile = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
+  file_ = Descriptor(
+      uninterrupted([&] { return ::openat(target_.folder.get(), name_.c_str(), kNewFile, rights); }));
+  if (!file_.isOpen()) return false;
+  // before the lock was there another program may have taken the file for a leftover
+  const bool locked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  if (locked && hasName(file_)) return true;
+  errno = EEXIST;
   return false;
 }
 
-/// Takes a name beside the target that nothing else has.
-void TemporaryFile::create(mode_t mode) {
-  constexpr int kMostTries = 1000;
-  for (int i = 0; i < kMostTries; ++i) {
-    name_ = folderOf(target_) + ".zelvaro-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
-    constexpr int kNewFile = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
-    fd_ = uninterrupted([&] { return ::open(name_.c_str(), kNewFile, 0666); });
-    if (fd_ >= 0 || errno != EEXIST) break;
+/// Takes a name beside the target: the same each time, or a further one while another program is writing.
+void TemporaryFile::create() {
+  constexpr int kMostTries = 100;
+  int error = EEXIST;
+  for (int i = 1; error == EEXIST && i <= kMostTries; ++i) {
+    name_ = "." + target_.name + (i > 1 ? "." + std::to_string(i) : "") + ".tmp";
+    if (createNew()) return;
+    error = errno;
+    if (error == EEXIST && removeLeftover() && createNew()) return;
   }
-  if (fd_ < 0) {
-    fail(wordsOf(errno));
-    name_.clear();
-  } else if (mode != 0 && uninterrupted([&] { return ::fchmod(fd_, mode); }) != 0) {
-    fail(wordsOf(errno));
-  }
+  fail(failureOf(error));
+  name_.clear();
 }
 
 bool TemporaryFile::open(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) {
-    fail(wordsOf(path.empty() ? ENOENT : EINVAL));
+    fail(failureOf(path.empty() ? ENOENT : EINVAL));
     return false;
   }
-  target_ = followLinks(path);
-  mode_t mode = 0;
-  if (!targetCanBeReplaced(mode)) return false;
-  create(mode);
+  auto target = findTarget(path, writing_, failure_);
+  if (!target) return false;
+  target_ = std::move(*target);
+  if (!targetCanBeReplaced()) return false;
+  create();
   buffer_.reserve(kBuffer);
-  return reason_.empty();
+  return !failed();
 }
 
 void TemporaryFile::write(std::string_view bytes) {
-  while (!bytes.empty() && reason_.empty()) {
+  while (!bytes.empty() && !failed()) {
     const std::string_view part = bytes.substr(0, kBuffer - buffer_.size());
     buffer_ += part;
     bytes.remove_prefix(part.size());
@@ -123,9 +213,9 @@ void TemporaryFile::write(std::string_view bytes) {
 void TemporaryFile::writeOut() {
   std::string_view rest = buffer_;
   while (!rest.empty()) {
-    const ssize_t n = uninterrupted([&] { return ::write(fd_, rest.data(), rest.size()); });
+    const ssize_t n = uninterrupted([&] { return ::write(file_.get(), rest.data(), rest.size()); });
     if (n <= 0) {
-      fail(wordsOf(n == 0 ? ENOSPC : errno));
+      fail(failureOf(n == 0 ? ENOSPC : errno));
       break;
     }
     rest.remove_prefix(static_cast<std::size_t>(n));
@@ -133,39 +223,63 @@ void TemporaryFile::writeOut() {
   buffer_.clear();
 }
 
+/// Rights of a group that could not be kept go to nobody whom "others" does not name.
+void TemporaryFile::keepOwnerAndMode() {
+  if (!replaced_) return;
+  mode_t mode = replaced_->st_mode & 0777;
+  const int fd = file_.get();
+  if (::fchown(fd, replaced_->st_uid, replaced_->st_gid) != 0 &&
+      ::fchown(fd, static_cast<uid_t>(-1), replaced_->st_gid) != 0)
+    mode = (mode & 0707) | ((mode & 07) << 3 & mode);
+  if (uninterrupted([&] { return ::fchmod(fd, mode); }) != 0) fail(failureOf(errno));
+}
+
+/// Some systems report a failed write not before the file is closed; the lock outlives that.
+void TemporaryFile::close() {
+  if (!file_.isOpen()) return;
+  lock_ = Descriptor(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0));
+  // an interrupted close has closed the file all the same
+  if (file_.close() != 0 && errno != EINTR) fail(failureOf(errno));
+}
+
+bool TemporaryFile::rename() {
+  const int folder = target_.folder.get();
+  const char* const from = name_.c_str();
+  const char* const to = target_.name.c_str();
+  if (writing_.replaces) return uninterrupted([&] { return ::renameat(folder, from, folder, to); }) == 0;
+  // not every file system knows this kind of renaming, nor every one links
+  if (uninterrupted([&] { return ::renameat2(folder, from, folder, to, RENAME_NOREPLACE); }) == 0)
+    return true;
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  return ::linkat(folder, from, folder, to, 0) == 0 && ::unlinkat(folder, from, 0) == 0;
+}
+
 bool TemporaryFile::commit() {
-  if (reason_.empty()) writeOut();
-  if (fd_ >= 0) {
-    const int closed = ::close(fd_);
-    // An interrupted close has closed the file all the same.
-    if (closed != 0 && errno != EINTR) fail(wordsOf(errno));
-    fd_ = -1;
-  }
-  if (reason_.empty() && name_.empty()) fail(wordsOf(EBADF));
-  if (reason_.empty()) {
-    if (uninterrupted([&] { return std::rename(name_.c_str(), target_.c_str()); }) == 0) {
-      name_.clear();
-      return true;
-    }
-    fail(wordsOf(errno));
-  }
+  if (!failed() && name_.empty()) fail(failureOf(EBADF));
+  if (!failed()) writeOut();
+  if (!failed()) keepOwnerAndMode();
+  if (!failed() && writing_.synced && uninterrupted([&] { return ::fsync(file_.get()); }) != 0)
+    fail(failureOf(errno));
+  close();
+  if (!failed() && !rename()) fail(failureOf(errno));
+  if (!failed()) name_.clear();
   discard();
-  return false;
+  return !failed();
 }
 
 void TemporaryFile::discard() {
-  if (fd_ >= 0) ::close(fd_);
-  fd_ = -1;
-  if (!name_.empty()) ::unlink(name_.c_str());
+  file_.close();
+  if (!name_.empty()) ::unlinkat(target_.folder.get(), name_.c_str(), 0);
   name_.clear();
+  lock_.close();
 }
 
 }  // namespace
 
-std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) {
-  auto file = std::make_unique<TemporaryFile>();
+std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure, FileWriting writing) {
+  auto file = std::make_unique<TemporaryFile>(writing);
   if (file->open(path)) return file;
-  tell(failure, file->reason());
+  tell(failure, file->failure());
   return nullptr;
 }
 

@@ -47,35 +47,46 @@ std::optional<std::string> PosixPlatform::readLine() {
   return input_.readLine();
 }
 
-bool PosixPlatform::canRead(const std::string& path) {
-  return posix::canRead(path);
+bool PosixPlatform::consoleIsGone() {
+  constexpr std::int64_t kBetweenLooks = 250'000'000;
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  const std::int64_t time = static_cast<std::int64_t>(now.tv_sec) * 1'000'000'000 + now.tv_nsec;
+  if (time - lastLook_ >= kBetweenLooks) {
+    lastLook_ = time;
+    if (input_.hasHungUp()) output_.giveUp();
+    output_.look();
+  }
+  return output_.readerIsGone();
 }
 
-std::optional<std::string> PosixPlatform::readFile(const std::string& path, FileFailure* failure) {
-  return posix::readFile(path, failure);
+bool PosixPlatform::canRead(const std::string& path, FileFailure* failure) {
+  return posix::canRead(path, failure);
+}
+
+std::optional<std::string> PosixPlatform::readFile(const std::string& path, FileFailure* failure,
+                                                   std::size_t most) {
+  return posix::readFile(path, failure, most);
 }
 
 std::optional<FileBytes> PosixPlatform::loadFile(const std::string& path, FileFailure* failure) {
   return posix::loadFile(path, failure);
 }
 
-std::unique_ptr<OutputFile> PosixPlatform::createFile(const std::string& path, FileFailure* failure) {
-  return posix::createFile(path, failure);
+std::unique_ptr<OutputFile> PosixPlatform::createFile(const std::string& path, FileFailure* failure,
+                                                      FileWriting writing) {
+  return posix::createFile(path, failure, writing);
 }
 
 bool PosixPlatform::exists(const std::string& path) {
   return posix::exists(path);
 }
 
-bool PosixPlatform::renameFile(const std::string& from, const std::string& to) {
-  return posix::uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
-}
-
 std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure) {
   std::string path(256, '\0');
   while (::getcwd(path.data(), path.size()) == nullptr) {
     if (errno != ERANGE) {
-      posix::tell(failure, posix::wordsOf(errno));
+      posix::tell(failure, posix::failureOf(errno));
       return std::nullopt;
     }
     path.resize(path.size() * 2);

@@ -27,13 +27,16 @@ class PosixPlatform : public Platform {
   void print(std::string_view utf8) override { output_.print(utf8); }
   void flush() override { output_.flush(); }
   std::optional<std::string> readLine() override;
+  bool inputHasEnded() override { return input_.hasEnded(); }
+  bool consoleIsGone() override;
 
-  bool canRead(const std::string& path) override;
-  std::optional<std::string> readFile(const std::string& path, FileFailure* failure) override;
+  bool canRead(const std::string& path, FileFailure* failure) override;
+  std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
+                                      std::size_t most) override;
   std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) override;
-  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
+  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure,
+                                         FileWriting writing) override;
   bool exists(const std::string& path) override;
-  bool renameFile(const std::string& from, const std::string& to) override;
 
   std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
   bool deleteFile(const std::string& path, FileFailure* failure) override;
@@ -55,6 +58,7 @@ class PosixPlatform : public Platform {
   ConsoleOutput output_;
   std::mt19937 random_;
   std::vector<pid_t> started_;  ///< programs that were not waited for
+  std::int64_t lastLook_ = 0;   ///< at the console, in nanoseconds of the monotonic clock
 };
 
 }  // namespace zelvaro

@@ -4,8 +4,10 @@
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
@@ -76,12 +78,42 @@ class IgnoredKeys {
   struct sigaction quit_ {};
 };
 
+/// Puts back how a terminal was set, and whose it was, whatever the program on it has done meanwhile.
+class KeptTerminal {
+ public:
+  explicit KeptTerminal(int fd) : fd_(fd), known_(fd >= 0 && ::tcgetattr(fd, &mode_) == 0) {}
+  ~KeptTerminal() {
+    if (!known_) return;
+    // a program that has made itself the terminal's own leaves this one in the background, which the signal
+    // would stop
+    struct sigaction ignore {
+    }, old{};
+    ignore.sa_handler = SIG_IGN;
+    ::sigaction(SIGTTOU, &ignore, &old);
+    ::tcsetpgrp(fd_, ::getpgrp());
+    ::tcsetattr(fd_, TCSADRAIN, &mode_);
+    ::sigaction(SIGTTOU, &old, nullptr);
+  }
+  KeptTerminal(const KeptTerminal&) = delete;
+  KeptTerminal& operator=(const KeptTerminal&) = delete;
+
+ private:
+  int fd_;
+  termios mode_{};
+  bool known_;
+};
+
 int spawn(pid_t& pid, const std::vector<std::string>& arguments, const SpawnSetting& setting) {
   std::vector<char*> argv;
   argv.reserve(arguments.size() + 1);
   for (const std::string& a : arguments) argv.push_back(const_cast<char*>(a.c_str()));
   argv.push_back(nullptr);
   return ::posix_spawnp(&pid, argv[0], &setting.actions, &setting.attributes, argv.data(), environ);
+}
+
+bool isProgramFile(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::access(path.c_str(), X_OK) == 0;
 }
 
 bool isSet(const char* variable) {
@@ -111,8 +143,21 @@ std::vector<std::string> splitCommandLine(std::string_view commandLine) {
   return words;
 }
 
+std::vector<std::string> editorCommand(std::string_view setting) {
+  constexpr std::string_view kBlanks = " \t";
+  const std::size_t first = std::min(setting.find_first_not_of(kBlanks), setting.size());
+  std::string_view whole = setting.substr(first, setting.find_last_not_of(kBlanks) + 1 - first);
+  if (whole.size() > 1 && whole.front() == '"' && whole.back() == '"')
+    whole = whole.substr(1, whole.size() - 2);
+  std::string name(whole);
+  const bool hasFolder = name.find('/') != std::string::npos;
+  const bool isProgram = !name.empty() && (hasFolder ? isProgramFile(name) : isInstalled(name));
+  if (isProgram) return {std::move(name)};
+  return splitCommandLine(setting);
+}
+
 std::string asArgument(const std::string& path) {
-  return path.starts_with('-') ? "./" + path : path;
+  return path.starts_with('/') || path.starts_with("./") ? path : "./" + path;
 }
 
 bool isInstalled(const std::string& program) {
@@ -121,9 +166,7 @@ bool isInstalled(const std::string& program) {
   for (;;) {
     const std::size_t colon = folders.find(':');
     const std::string file = std::string(folders.substr(0, colon)) + "/" + program;
-    struct stat status {};
-    const bool regular = ::stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode);
-    if (regular && ::access(file.c_str(), X_OK) == 0) return true;
+    if (isProgramFile(file)) return true;
     if (colon == std::string_view::npos) return false;
     folders.remove_prefix(colon + 1);
   }
@@ -139,13 +182,14 @@ std::optional<std::string> ownEditor() {
   return std::nullopt;
 }
 
-int runAndWait(const std::vector<std::string>& arguments, bool terminalInput) {
+int runAndWait(const std::vector<std::string>& arguments, int terminal) {
   const IgnoredKeys keys;
+  const KeptTerminal kept(terminal);
   SpawnSetting setting;
   setting.resetSignals(keys.forTheProgram());
   setting.setFlags(POSIX_SPAWN_SETSIGDEF);
   // what is piped in belongs to this program's own dialogue
-  if (!terminalInput) setting.redirectToNothing(STDIN_FILENO);
+  if (terminal < 0) setting.redirectToNothing(STDIN_FILENO);
   pid_t pid = 0;
   const int error = spawn(pid, arguments, setting);
   if (error != 0) return error;

@@ -19,8 +19,12 @@ inline constexpr int kIgnoredSignals[] = {SIGPIPE, SIGXFSZ};
 /// Nothing else has a meaning.
 std::vector<std::string> splitCommandLine(std::string_view commandLine);
 
-/// A file name as an argument: one that begins with "-" gets "./" in front, so that no program takes it
-/// for an option.
+/// The words that the setting of an editor stands for: the one program that it names, quotes round it or
+/// none, or else those of a command line.
+std::vector<std::string> editorCommand(std::string_view setting);
+
+/// A file name as an argument: a relative one gets "./" in front, so that no program takes it for an option,
+/// a command ("+..."), a pipe or an address.
 std::string asArgument(const std::string& path);
 
 /// Whether a program of that name (without a folder) lies in the search path.
@@ -29,10 +33,10 @@ bool isInstalled(const std::string& program);
 /// The command of the platform's own text editor, or nothing if the machine has none.
 std::optional<std::string> ownEditor();
 
-/// Starts a program and waits for its end; Ctrl+C is the program's alone meanwhile.  With
-/// `terminalInput` it reads this program's standard input, otherwise it finds nothing to read.
-/// Returns 0, or the errno that kept it from starting.
-int runAndWait(const std::vector<std::string>& arguments, bool terminalInput);
+/// Starts a program and waits for its end; Ctrl+C is the program's alone meanwhile.  With a `terminal` (a
+/// descriptor) it reads this program's standard input, and the terminal's settings are put back afterwards;
+/// with none (-1) it finds nothing to read.  Returns 0, or the errno that kept it from starting.
+int runAndWait(const std::vector<std::string>& arguments, int terminal);
 
 /// Starts a program that lives on by itself, cut off from the console, and stores its process id.  Returns
 /// 0 or an errno.

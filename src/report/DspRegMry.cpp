@@ -1,6 +1,7 @@
 // DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
 #include <array>
 
+#include "diag/FailureWords.h"
 #include "diag/Limits.h"
 #include "diag/Render.h"
 #include "report/LabelColumn.h"
@@ -23,8 +24,9 @@ constexpr Message date = notice(
 constexpr Words kRunTime{" = 実行時間 ", " = Running Time of the COMET2"};
 constexpr std::string_view kViewHead = "Char  Hex    UD     SD       Binary Code\n";
 
-constexpr Message notOpened = notice("report-not-opened", args("file", "reason"),
-                                     bothLanguages("{file} does not open.\nMsg:: {reason}\n"));
+constexpr Message notOpened = notice("report-not-opened", args("file", "reason", "function"),
+                                     bothLanguages("{file} does not open.\nMsg:: {reason}\n"
+                                                   "Prg. Error: 70D5A3E1 {function}\n"));
 
 /// What differs between the reports of the wide, the narrow and the fixed pipelines.
 struct Layout {
@@ -288,13 +290,21 @@ void RegMryReport<Char>::stack(ReportText& out) const {
   SeparatorLine(out, kSeparatorWidth);
 }
 
+void reportFailure(const ReportFile& file, const FileFailure& failure) {
+  const ReportForm form = file.family.report;
+  file.sink.say(notOpened, file.name, failureWords(failure),
+                form == ReportForm::Wide     ? "DspRegMry70NW"
+                : form == ReportForm::Narrow ? "DspRegMry68NA"
+                                             : "DspRegMry68NH");
+}
+
 }  // namespace
 
 template <class Char>
 void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b) {
   FileFailure failure;
   const std::unique_ptr<OutputFile> output = file.platform.createFile(std::string(file.name), &failure);
-  if (output == nullptr) return file.sink.say(notOpened, file.name, failure.reason);
+  if (output == nullptr) return reportFailure(file, failure);
   if (file.family.report == ReportForm::Narrow) m.LastAdr = b.PrgEndAdr;
   RegMryReport<Char> report(file, m, b, b.store<Char>());
   ReportText out(*output);
@@ -303,7 +313,7 @@ void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b) {
   report.memory(out);
   report.stack(out);
   out.flush();
-  if (!output->commit()) file.sink.say(notOpened, file.name, output->reason());
+  if (!output->commit()) reportFailure(file, output->failure());
 }
 
 template void DspRegMry<char16_t>(const ReportFile&, Tcomet2&, const TBasicData&);

@@ -51,9 +51,13 @@ struct Command {
 /// A command's result, or nothing where the menu stays.
 using Result = std::optional<MenuResult>;
 
-/// Shows a file with the editor in use.  No editor is opened without a name.
-Result showFile(const Command& c, const std::string& name) {
-  if (!name.empty()) editFile(c.s, c.s.editorData.Command, nativePath(NormalizePath(name)));
+/// Shows a source with the editor in use.  No editor is opened without a name.
+Result showSource(const Command& c, const std::string& name) {
+  showFile(c.s, c.s.editorData.Command, nativePath(NormalizePath(name)));
+  return MenuResult::Done;
+}
+Result showReport(const Command& c, std::string_view name) {
+  editFile(c.s, c.s.editorData.Command, std::string(name));
   return MenuResult::Done;
 }
 
@@ -73,10 +77,10 @@ Result assembleLast(const Command& c) {
 }
 
 Result showAssembled(const Command& c) {
-  return showFile(c, std::string(AssembledRegFile));
+  return showReport(c, AssembledRegFile);
 }
 Result showResultant(const Command& c) {
-  return showFile(c, std::string(ResultantRegFile));
+  return showReport(c, ResultantRegFile);
 }
 
 Result listNamedFolder(const Command& c) {
@@ -94,7 +98,7 @@ Result showNamed(const Command& c) {
   c.s.channel.say(askFileToShow);
   const std::optional<std::string> name = FindSrcFile(c.s.sh, c.s.platform);
   if (!name) return MenuResult::Leave;
-  return showFile(c, *name);
+  return showSource(c, *name);
 }
 
 Result showLast(const Command& c) {
@@ -102,7 +106,7 @@ Result showLast(const Command& c) {
     c.s.channel.say(tryAgain);
     return std::nullopt;
   }
-  return showFile(c, c.s.sh.LastSrcFile);
+  return showSource(c, c.s.sh.LastSrcFile);
 }
 
 Result openHelp(const Command& c) {

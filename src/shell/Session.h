@@ -51,6 +51,7 @@ struct TSession {
   EditorData editorData;
   MoziCodeData moziCodeData;
   TimeData timeData;
+  bool iniIsLeftAlone = false;  ///< the settings file could not be read, so it is not written either
 
   /// Takes over the editor's slot of `b`: into `sh`, and as the command that shows files.
   void chooseEditor();

@@ -6,6 +6,8 @@
 #include <sstream>
 #include <utility>
 
+#include "MoziCode/Utf.h"
+#include "diag/FailureWords.h"
 #include "shell/Prompt.h"
 
 namespace zelvaro {
@@ -27,20 +29,32 @@ constexpr Message doesNotOpen{"settings-not-opened",
                               args("path", "reason"),
                               {.ja = "設定ファイル {path} を読み込めません： {reason}",
                                .en = "The settings file {path} cannot be read: {reason}"}};
+constexpr Message tooLarge{"settings-too-large",
+                           Severity::Notice,
+                           Head::None,
+                           args("path"),
+                           {.ja = "設定ファイル {path} は 1 MiB を超えているので読み込みません。",
+                            .en = "The settings file {path} is not read, because it is larger than 1 MiB."}};
 constexpr Message keptAside{
     "settings-set-aside",
     Severity::Notice,
     Head::None,
-    args("path"),
-    {.ja = "それを {path}.bak という名前で残し、初期設定に置きかえて続けます。",
-     .en = "It is kept under the name {path}.bak, and a file of default settings takes its place."}};
+    args("kept"),
+    {.ja = "それを {kept} という名前で残し、初期設定に置きかえて続けます。",
+     .en = "It is kept under the name {kept}, and a file of default settings takes its place."}};
+constexpr Message notKeptAside{"settings-not-set-aside",
+                               Severity::Notice,
+                               Head::None,
+                               args("kept", "reason"),
+                               {.ja = "{kept} という名前で残すことはできませんでした： {reason}",
+                                .en = "It could not be kept under the name {kept}: {reason}"}};
 constexpr Message leftAlone{
     "settings-left-alone",
     Severity::Notice,
     Head::None,
-    args("path"),
-    {.ja = "それはそのまま残し、初期設定で続けます。 {path}.bak という名前に変えることはできませんでした。",
-     .en = "It stays as it is, and default settings are used. It could not be renamed to {path}.bak."}};
+    args(),
+    {.ja = "それはそのまま残し、初期設定で続けます。 終了するときも設定は保存しません。",
+     .en = "It stays as it is, and default settings are used. No settings are saved at the end."}};
 constexpr Message doesNotWrite{
     "settings-not-written",
     Severity::Notice,
@@ -128,49 +142,83 @@ Tree currentTree(TSession& s) {
   return treeOf(v);
 }
 
+constexpr std::size_t kMostBytes = std::size_t{1} << 20;  ///< of a settings file
+
+/// Writes a file that is on the disk before it takes its name.  False with the cause in `failure`.
+bool writeSynced(Platform& platform, const std::string& path, std::string_view bytes, bool replaces,
+                 FileFailure& failure) {
+  const auto file = platform.createFile(path, &failure, {.synced = true, .replaces = replaces});
+  if (!file) return false;
+  file->write(bytes);
+  const bool done = file->commit();
+  failure = file->failure();
+  return done;
+}
+
 void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   std::ostringstream text;
   text.exceptions(std::ios::badbit);  // else a lack of memory would cut the text short
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
-  const std::unique_ptr<OutputFile> file = s.platform.createFile(path, &failure);
-  if (file) {
-    file->write(text.view());
-    if (file->commit()) return;
-    failure.reason = file->reason();
-  }
-  report(s, doesNotWrite, path, failure.reason);
+  if (!writeSynced(s.platform, path, text.view(), true, failure))
+    report(s, doesNotWrite, path, failureWords(failure));
 }
 
-/// Puts a file that cannot be used aside, so that a default one can take its place.
-void keepAside(TSession& s, const std::string& path) {
-  if (!s.platform.renameFile(path, path + ".bak")) {
-    report(s, leftAlone, path);
-    return;
-  }
-  report(s, keptAside, path);
-  WriteDefaultIni(s, path);
+/// A file that is not understood, or not even read, is not written at the end either.
+void leaveAlone(TSession& s) {
+  s.iniIsLeftAlone = true;
+  report(s, leftAlone);
 }
 
-/// The tree of the file, or the default one, told, where the file cannot be used.
+/// Keeps the bytes of a file that is not understood under the first name of a row that nothing has yet, and
+/// puts a default one in its place.  A program that starts at the same time and does the same takes the next.
+void keepAside(TSession& s, const std::string& path, const std::string& bytes) {
+  constexpr int kMostKept = 100;
+  FileFailure failure;
+  std::string kept;
+  for (int i = 1; i <= kMostKept; ++i) {
+    kept = path + ".bak" + (i > 1 ? std::to_string(i) : "");
+    if (writeSynced(s.platform, kept, bytes, false, failure)) {
+      report(s, keptAside, kept);
+      return WriteDefaultIni(s, path);
+    }
+    if (failure.kind != FileFailure::Kind::Exists) break;
+  }
+  report(s, notKeptAside, kept, failureWords(failure));
+  leaveAlone(s);
+}
+
+Tree parsed(std::string_view bytes) {
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
+  Tree tree;
+  std::istringstream text{std::string(bytes)};
+  text.exceptions(std::ios::badbit);
+  boost::property_tree::read_ini(text, tree);
+  return tree;
+}
+
+/// The tree of the file, or the default one where there is none that can be used.
 Tree readTree(TSession& s, const std::string& path) {
   FileFailure failure;
-  const std::optional<std::string> bytes = s.platform.readFile(path, &failure);
-  if (!bytes) {
-    report(s, doesNotOpen, path, failure.reason);
-    keepAside(s, path);
-    return defaultTree(s);
+  const std::optional<std::string> bytes = s.platform.readFile(path, &failure, kMostBytes);
+  s.iniIsLeftAlone = false;
+  if (bytes) {
+    try {
+      return parsed(*bytes);
+    } catch (const boost::property_tree::ini_parser_error& e) {
+      report(s, doesNotParse, path, e.line(), e.message());
+    }
+    keepAside(s, path, *bytes);
+  } else if (failure.kind == FileFailure::Kind::Missing) {
+    WriteDefaultIni(s, path);
+  } else {
+    if (failure.kind == FileFailure::Kind::TooLarge) {
+      report(s, tooLarge, path);
+    } else {
+      report(s, doesNotOpen, path, failureWords(failure));
+    }
+    leaveAlone(s);
   }
-  try {
-    Tree tree;
-    std::istringstream text(*bytes);
-    text.exceptions(std::ios::badbit);
-    boost::property_tree::read_ini(text, tree);
-    return tree;
-  } catch (const boost::property_tree::ini_parser_error& e) {
-    report(s, doesNotParse, path, e.line(), e.message());
-  }
-  keepAside(s, path);
   return defaultTree(s);
 }
 
@@ -214,15 +262,11 @@ void takeSettings(TSession& s, const Tree& tree) {
 }  // namespace
 
 void ReadIni(TSession& s, const std::string& path) {
-  if (!s.platform.exists(path)) {
-    WriteDefaultIni(s, path);
-    // Where nothing can be written there is still nothing to read.
-    if (!s.platform.exists(path)) return takeSettings(s, defaultTree(s));
-  }
   takeSettings(s, readTree(s, path));
 }
 
 void WriteIni(TSession& s, const std::string& path) {
+  if (s.iniIsLeftAlone && s.platform.exists(path)) return;
   writeTree(s, path, currentTree(s));
 }
 
@@ -231,7 +275,7 @@ void WriteDefaultIni(TSession& s, const std::string& path) {
 }
 
 RowList rowsOfSettings() {
-  return rows(doesNotParse, doesNotOpen, keptAside, leftAlone, doesNotWrite);
+  return rows(doesNotParse, doesNotOpen, tooLarge, keptAside, notKeptAside, leftAlone, doesNotWrite);
 }
 
 }  // namespace zelvaro

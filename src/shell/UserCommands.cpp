@@ -5,6 +5,7 @@
 
 #include "MoziCode/Characters.h"
 #include "MoziCode/Cp932.h"
+#include "diag/FailureWords.h"
 
 namespace zelvaro {
 namespace {
@@ -63,7 +64,7 @@ void listFolder(TSession& s, const std::string& path) {
   if (const auto listing = s.platform.folderListing(path, &failure)) {
     s.platform.print(*listing);
   } else {
-    s.channel.say(notListed, path, failure.reason);
+    s.channel.say(notListed, path, failureWords(failure));
   }
 }
 
@@ -77,28 +78,38 @@ void deleteAfterQuestion(TSession& s, const std::string& path) {
   } else if (s.platform.deleteFile(path, &failure)) {
     s.channel.say(isDeleted);
   } else {
-    s.channel.say(notDeleted, path, failure.reason);
+    s.channel.say(notDeleted, path, failureWords(failure));
   }
 }
 
 void editFile(TSession& s, const EditorCommand& editor, const std::string& path) {
-  if (path.empty()) return;
   const EditResult result = s.platform.editFile(editor, path);
-  if (result.status == EditResult::Status::NotStarted)
-    s.channel.say(editorNotStarted, result.editor, result.reason);
-  if (result.status != EditResult::Status::NoEditor) return;
-  FileFailure failure;
-  if (const auto bytes = s.platform.readFile(path, &failure)) {
-    printText(s.platform, *bytes);
-  } else {
-    s.channel.say(notShown, path, failure.reason);
+  FileFailure failure = result.failure;
+  switch (result.status) {
+    case EditResult::Status::Edited:
+      return;
+    case EditResult::Status::NotStarted:
+      return s.channel.say(editorNotStarted, result.editor, failureWords(failure));
+    case EditResult::Status::NoEditor:
+      if (const auto bytes = s.platform.readFile(path, &failure)) return printText(s.platform, *bytes);
+      break;
+    case EditResult::Status::Refused:
+      break;
   }
+  s.channel.say(notShown, path, failureWords(failure));
+}
+
+void showFile(TSession& s, const EditorCommand& editor, const std::string& path) {
+  FileFailure failure;
+  if (path.empty()) return;
+  if (s.platform.canRead(path, &failure)) return editFile(s, editor, path);
+  s.channel.say(notShown, path, failureWords(failure));
 }
 
 void openDocument(TSession& s, const std::string& path) {
   FileFailure failure;
   const auto bytes = s.platform.readFile(path, &failure);
-  if (!bytes) return s.channel.say(notOpened, path, failure.reason);
+  if (!bytes) return s.channel.say(notOpened, path, failureWords(failure));
   if (s.platform.openOnDesktop(path)) return;
   if (bytes->find('\0') == std::string::npos) return printText(s.platform, *bytes);
   const auto folder = s.platform.workingDirectory();

@@ -17,6 +17,10 @@ void deleteAfterQuestion(TSession& s, const std::string& path);
 /// encodings of a source it has.
 void editFile(TSession& s, const EditorCommand& editor, const std::string& path);
 
+/// The same for a file that the user or the settings have named: what is no regular file, or is not there, is
+/// reported and no editor is started.  Does nothing without a name.
+void showFile(TSession& s, const EditorCommand& editor, const std::string& path);
+
 /// Hands a document to the desktop.  Without a desktop a text is printed, and of any other file its place.
 void openDocument(TSession& s, const std::string& path);
 

@@ -26,8 +26,12 @@ using SourceBytes = std::optional<FileBytes>;
 std::string NormalizePath(const std::string& name);
 /// A passed-on name as the file layer wants it: without the quotes round it, with "/".
 std::string nativePath(const std::string& name);
-/// Whether a passed-on name is a file that opens for reading.
-bool FileExists(Platform& platform, const std::string& name);
+
+/// Whether a passed-on name is a file that opens for reading; if not, the cause is stored.
+bool FileExists(Platform& platform, const std::string& name, FileFailure* failure = nullptr);
+/// Reports why a source cannot be read where its name is right all the same: it is a folder or a device, is too
+/// large, or memory does not suffice.  False, with nothing printed, for any other failure.
+bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
 /// exists.  Nothing at the end of the input.  A typed name is cut behind 247 characters.

@@ -39,8 +39,8 @@ std::string nativePath(const std::string& name) {
   return out;
 }
 
-bool FileExists(Platform& platform, const std::string& name) {
-  return !name.empty() && platform.canRead(nativePath(name));
+bool FileExists(Platform& platform, const std::string& name, FileFailure* failure) {
+  return !name.empty() && platform.canRead(nativePath(name), failure);
 }
 
 std::optional<std::string> FindSrcFile(TShellData& sh, Platform& platform) {
@@ -50,14 +50,16 @@ std::optional<std::string> FindSrcFile(TShellData& sh, Platform& platform) {
   constexpr std::string_view kWhiteSpace = " \t\r\v\f";
   rest.remove_prefix(std::min(rest.find_first_not_of(kWhiteSpace), rest.size()));
   const std::string typed(withoutQuotes(trimAnyBlanks(firstCharacters(rest, kLongestName))));
+  FileFailure failure;  // of the name as it was typed
   for (const std::string_view extension : kExtensions) {
     if (typed.empty()) break;
     const std::string candidate = NormalizePath(typed + std::string(extension));
-    if (!FileExists(platform, candidate)) continue;
+    if (!FileExists(platform, candidate, extension.empty() ? &failure : nullptr)) continue;
     sh.CurrentFile = candidate;
     sh.LastSrcFile = candidate;
     return candidate;
   }
+  reportRefusal(sh, NormalizePath(typed), failure);
   sh.say(fileNotFound);
   return std::string();
 }

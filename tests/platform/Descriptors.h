@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zelvaro::test {
 
@@ -27,21 +28,14 @@ inline std::string received(int fd) {
   return out;
 }
 
-class Pair {
- public:
+struct Pair {
   ~Pair() {
     closeFirst();
     closeSecond();
   }
-  void closeFirst() { closeOne(first); }
-  void closeSecond() { closeOne(second); }
+  void closeFirst() { ::close(std::exchange(first, -1)); }
+  void closeSecond() { ::close(std::exchange(second, -1)); }
   int first = -1, second = -1;
-
- private:
-  static void closeOne(int& fd) {
-    if (fd >= 0) ::close(fd);
-    fd = -1;
-  }
 };
 
 /// first: the reading end, second: the writing end.

@@ -7,24 +7,23 @@
 #include <sys/wait.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
-
-#include "platform/TemporaryFolder.h"
 
 namespace zelvaro::test {
 namespace {
 
-constexpr unsigned kLongestSeconds = 120;
-constexpr int kNoProgram = 127;
-
-/// In the new process: turns into the program.
+/// In the new process: turns into the program, whose place a copy may have taken.
 [[noreturn]] void become(const std::string& folder) {
+  constexpr unsigned kLongestSeconds = 120;
+  constexpr int kNoProgram = 127;
+  const char* program = std::getenv("ZELVARO_PROGRAM");
+  if (program == nullptr) program = ZELVARO_PROGRAM;
   ::unsetenv("LC_ALL");
-  ::setenv("LANG", "C", 1);
+  ::setenv("LANG", "C.UTF-8", 1);
+  ::setenv("TERM", "xterm", 1);
   ::alarm(kLongestSeconds);
-  if (::chdir(folder.c_str()) == 0) ::execl(ZELVARO_PROGRAM, ZELVARO_PROGRAM, static_cast<char*>(nullptr));
+  if (::chdir(folder.c_str()) == 0) ::execl(program, program, static_cast<char*>(nullptr));
   ::_exit(kNoProgram);
 }
 
@@ -50,11 +49,9 @@ Ended runProgram(const std::string& folder, std::string_view typed, const Progra
       ::close(STDOUT_FILENO);
       ::close(STDERR_FILENO);
     }
-    if (limits.addressSpaceMiB != 0) {
-      const rlim_t bytes = static_cast<rlim_t>(limits.addressSpaceMiB) << 20;
-      const rlimit limit{bytes, bytes};
-      ::setrlimit(RLIMIT_AS, &limit);
-    }
+    const rlim_t bytes = static_cast<rlim_t>(limits.addressSpaceKiB) << 10;
+    const rlimit limit{bytes, bytes};
+    if (bytes != 0) ::setrlimit(RLIMIT_AS, &limit);
     become(folder);
   }
   Ended ended;
@@ -67,20 +64,31 @@ Ended runProgram(const std::string& folder, std::string_view typed, const Progra
   return ended;
 }
 
-ProgramOnTerminal::ProgramOnTerminal(const std::string& folder) {
-  pid_ = ::forkpty(&terminal_, nullptr, nullptr, nullptr);
+WatchedProgram::WatchedProgram(const std::string& folder, Console console) {
+  if (console == Console::Terminal) {
+    pid_ = ::forkpty(&keyboard_, nullptr, nullptr, nullptr);
+    if (pid_ == 0) ::signal(SIGHUP, SIG_IGN);  // as under nohup
+    display_ = ::fcntl(keyboard_, F_DUPFD_CLOEXEC, 0);
+  } else {
+    Pipe in, out;
+    pid_ = ::fork();
+    if (pid_ == 0) {
+      ::dup2(in.first, STDIN_FILENO);
+      ::dup2(out.second, STDOUT_FILENO);
+    }
+    keyboard_ = std::exchange(in.second, -1);
+    display_ = std::exchange(out.first, -1);
+  }
   if (pid_ == 0) become(folder);
 }
 
-ProgramOnTerminal::~ProgramOnTerminal() {
-  if (pid_ > 0) {
-    ::kill(pid_, SIGKILL);
-    wait();
-  }
-  ::close(terminal_);
+WatchedProgram::~WatchedProgram() {
+  if (pid_ > 0) ::kill(pid_, SIGKILL);
+  wait();
+  leave();
 }
 
-bool ProgramOnTerminal::shows(std::string_view text) {
+bool WatchedProgram::shows(std::string_view text) {
   constexpr int kMilliseconds = 20'000;
   for (;;) {
     const std::size_t at = screen_.find(text, searched_);
@@ -88,20 +96,30 @@ bool ProgramOnTerminal::shows(std::string_view text) {
       searched_ = at + text.size();
       return true;
     }
-    pollfd ready{terminal_, POLLIN, 0};
+    pollfd ready{display_, POLLIN, 0};
     char part[4096];
-    const ssize_t n = ::poll(&ready, 1, kMilliseconds) > 0 ? ::read(terminal_, part, sizeof part) : 0;
+    const ssize_t n = ::poll(&ready, 1, kMilliseconds) > 0 ? ::read(display_, part, sizeof part) : 0;
     if (n <= 0) return false;
     screen_.append(part, static_cast<std::size_t>(n));
   }
 }
 
-int ProgramOnTerminal::wait() {
+void WatchedProgram::leave() {
+  ::close(std::exchange(keyboard_, -1));
+  ::close(std::exchange(display_, -1));
+}
+
+int WatchedProgram::wait(int seconds) {
   int status = -1;
-  while (::waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+  for (int i = 0; pid_ > 0 && i < seconds * 100; ++i) {
+    if (display_ >= 0) screen_ += received(display_);
+    if (::waitpid(pid_, &status, WNOHANG) == pid_) {
+      pid_ = -1;
+    } else {
+      ::usleep(10'000);
+    }
   }
-  pid_ = -1;
-  screen_ += received(terminal_);
+  if (display_ >= 0) screen_ += received(display_);
   return status;
 }
 

@@ -1,15 +1,18 @@
 // The built program, started as a learner starts it: in a folder, with a console of its own.
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <string_view>
 
 #include "platform/Descriptors.h"
+#include "platform/TemporaryFolder.h"
 
 namespace zelvaro::test {
 
 struct ProgramLimits {
-  std::size_t addressSpaceMiB = 0;  ///< 0: as much as there is
+  std::size_t addressSpaceKiB = 0;  ///< 0: as much as there is
   bool outputIsClosed = false;      ///< descriptors 1 and 2 are closed when the program starts
 };
 
@@ -24,26 +27,29 @@ struct Ended {
 /// Starts the program in `folder`, types `typed`, and waits for its end, two minutes at most.
 Ended runProgram(const std::string& folder, std::string_view typed, const ProgramLimits& limits = {});
 
-/// The program on a pseudo-terminal.
-class ProgramOnTerminal {
+/// The program with somebody who watches it: on a pseudo-terminal, or through two pipes.
+class WatchedProgram {
  public:
-  explicit ProgramOnTerminal(const std::string& folder);
-  ~ProgramOnTerminal();
-  ProgramOnTerminal(const ProgramOnTerminal&) = delete;
-  ProgramOnTerminal& operator=(const ProgramOnTerminal&) = delete;
+  enum class Console { Terminal, Pipes };
+  explicit WatchedProgram(const std::string& folder, Console console = Console::Terminal);
+  ~WatchedProgram();
+  WatchedProgram(const WatchedProgram&) = delete;
+  WatchedProgram& operator=(const WatchedProgram&) = delete;
 
   /// Presses keys, among them "\x03" for Ctrl+C and "\x04" for Ctrl+D.
-  void type(std::string_view keys) { send(terminal_, keys); }
+  void type(std::string_view keys) { send(keyboard_, keys); }
   /// Reads what the screen shows until `text` has come; false if it has not within 20 seconds.
   bool shows(std::string_view text);
-  /// Waits for the end and returns its status as waitpid has it.
-  int wait();
+  /// The watcher goes away: the terminal hangs up, or the pipes have no other end any more.
+  void leave();
+  /// Waits for the end, `seconds` at most, and returns its status as waitpid has it; -1 if it has not come.
+  int wait(int seconds = 20);
   /// All bytes that the screen has got so far.
   const std::string& screen() const { return screen_; }
 
  private:
-  int terminal_ = -1;
-  int pid_ = -1;
+  int keyboard_ = -1, display_ = -1;
+  pid_t pid_ = -1;
   std::string screen_;
   std::size_t searched_ = 0;
 };

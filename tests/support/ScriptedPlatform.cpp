@@ -3,6 +3,8 @@
 namespace zelvaro::test {
 namespace {
 
+using Kind = FileFailure::Kind;
+
 class MemoryFile : public OutputFile {
  public:
   MemoryFile(ScriptedPlatform& platform, std::string path) : platform_(platform), path_(std::move(path)) {}
@@ -12,8 +14,9 @@ class MemoryFile : public OutputFile {
     platform_.files[path_] = bytes_;
     return true;
   }
-  std::string reason() const override {
-    return platform_.unwritable.count(path_) != 0 ? "No space left on device" : "";
+  FileFailure failure() const override {
+    const bool fails = platform_.unwritable.count(path_) != 0;
+    return {FileFailure::Kind::System, fails ? "No space left on device" : ""};
   }
 
  private:
@@ -22,8 +25,8 @@ class MemoryFile : public OutputFile {
   std::string bytes_;
 };
 
-void tell(FileFailure* failure, const char* reason) {
-  if (failure != nullptr) failure->reason = reason;
+void tell(FileFailure* failure, FileFailure::Kind kind, const char* reason) {
+  if (failure != nullptr) *failure = {kind, reason};
 }
 
 }  // namespace
@@ -35,29 +38,34 @@ std::optional<std::string> ScriptedPlatform::readLine() {
   return line;
 }
 
-std::optional<std::string> ScriptedPlatform::readFile(const std::string& path, FileFailure* failure) {
+bool ScriptedPlatform::canRead(const std::string& path, FileFailure* failure) {
+  return readFile(path, failure, kAnySize).has_value();
+}
+
+std::optional<std::string> ScriptedPlatform::readFile(const std::string& path, FileFailure* failure,
+                                                      std::size_t most) {
   const auto at = files.find(path);
-  if (at == files.end()) {
-    tell(failure, folders.count(path) != 0 ? "Is a directory" : "No such file or directory");
-    return std::nullopt;
+  if (at != files.end() && at->second.size() <= most) return at->second;
+  if (at != files.end()) {
+    tell(failure, Kind::TooLarge, "File too large");
+  } else if (folders.count(path) != 0) {
+    tell(failure, Kind::Folder, "Is a directory");
+  } else {
+    tell(failure, Kind::Missing, "No such file or directory");
   }
-  return at->second;
+  return std::nullopt;
 }
 
-std::unique_ptr<OutputFile> ScriptedPlatform::createFile(const std::string& path, FileFailure* failure) {
-  if (folders.count(path) != 0) {
-    tell(failure, "Is a directory");
-    return nullptr;
+std::unique_ptr<OutputFile> ScriptedPlatform::createFile(const std::string& path, FileFailure* failure,
+                                                         FileWriting writing) {
+  if (!writing.replaces && exists(path)) {
+    tell(failure, Kind::Exists, "File exists");
+  } else if (folders.count(path) != 0) {
+    tell(failure, Kind::Folder, "Is a directory");
+  } else {
+    return std::make_unique<MemoryFile>(*this, path);
   }
-  return std::make_unique<MemoryFile>(*this, path);
-}
-
-bool ScriptedPlatform::renameFile(const std::string& from, const std::string& to) {
-  const auto at = files.find(from);
-  if (at == files.end()) return false;
-  files[to] = std::move(at->second);
-  files.erase(from);
-  return true;
+  return nullptr;
 }
 
 std::optional<std::string> ScriptedPlatform::folderListing(const std::string& path, FileFailure*) {

@@ -28,11 +28,13 @@ class ScriptedPlatform : public Platform {
   void print(std::string_view utf8) override { console += utf8; }
   void flush() override {}
   std::optional<std::string> readLine() override;
-  bool canRead(const std::string& path) override { return files.count(path) != 0; }
-  std::optional<std::string> readFile(const std::string& path, FileFailure* failure) override;
-  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure) override;
+  bool inputHasEnded() override { return typed.empty(); }
+  bool canRead(const std::string& path, FileFailure* failure) override;
+  std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
+                                      std::size_t most) override;
+  std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure,
+                                         FileWriting writing) override;
   bool exists(const std::string& path) override { return files.count(path) + folders.count(path) != 0; }
-  bool renameFile(const std::string& from, const std::string& to) override;
   std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
   bool deleteFile(const std::string& path, FileFailure* failure) override;
   EditResult editFile(const EditorCommand& editor, const std::string& path) override;

@@ -1,0 +1,248 @@
+// The built program among strangers: names of every kind, real editors, terminals that steer or hang up.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <csignal>
+#include <thread>
+
+#include "program/Program.h"
+
+namespace zelvaro::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+using Console = WatchedProgram::Console;
+namespace fs = std::filesystem;
+
+const std::string kSettings = "[Mode]\nLangStr=ENU\nLangInt=1\nFightFunc=WP\n";
+
+/// A name as the folder has it, and as it is typed.
+using Name = std::pair<std::string, std::string>;
+
+class Program : public ::testing::Test {
+ protected:
+  Program() { folder.write("zelvaro.ini", kSettings); }
+  void useEditor(const std::string& setting, const std::string& last = "p.txt") {
+    folder.write("zelvaro.ini", kSettings + "[Src]\nLastSrcFile=" + last +
+                                    "\n[Editor]\nTextEditorIndex=1\nTextEditorPath1=" + setting + "\n");
+  }
+  std::string shown(const std::string& typed) { return runProgram(folder.path(), typed).console; }
+  /// Names the file in the menu, so that it is assembled and run.
+  static std::string running(const std::string& name) { return "\n1\n" + name + "\n"; }
+
+  TemporaryFolder folder, editor;
+};
+
+TEST_F(Program, ATypedNameIsOneFileAndNothingElse) {
+  std::vector<Name> names = {
+      {"sub/in.txt", "sub\\in.txt"}, {"sub/in.txt", "\"sub/in.txt\""}, {"a b.txt", "\"a b\""}};
+  for (const char* plain : {"a b", "x;touch hacked", "$(touch hacked)", "`touch hacked`", "-rf",
+                            "+!touch hacked", "a|touch hacked", "a&touch hacked&", "a>hacked", "*", "?", "~",
+                            "$HOME", "%s%n", "it's", "日本語", "\xFF\x80\x82", "a\x1B[2Jb", "#x"})
+    names.emplace_back(plain + std::string(".txt"), plain + std::string(".txt"));
+  fs::create_directory(folder.path("sub"));
+  editor.writeProgram("my editor",
+                      "for a in \"$@\"; do echo \"<$a>\"; done > '" + editor.path("args") + "'\n");
+  useEditor("\"" + editor.path("my editor") + "\" --wait");
+  for (const auto& [onDisk, typed] : names) {
+    SCOPED_TRACE(typed);
+    folder.write(onDisk, "P START\n OUT A,L\n RET\nA DC 'It runs.'\nL DC 8\n END\n");
+    fs::create_directories(folder.path("d" + onDisk));
+    folder.write("d" + onDisk + "/inside", "");
+    const std::string console = shown(running(typed) + "\n5\n" + typed + "\n\n4\nd" + onDisk + "\n");
+    EXPECT_THAT(console, HasSubstr("It runs."));
+    EXPECT_THAT(console, HasSubstr("\ninside\n"));
+    EXPECT_EQ(editor.read("args"), "<--wait>\n<./" + onDisk + ">\n");
+  }
+  fs::remove(editor.path("args"));
+  for (const std::string& typed :
+       {std::string(300, 'n'), std::string("/"), std::string(".."), std::string("sub"), std::string("\0", 1),
+        std::string("a\0b.txt", 7), std::string("/dev/zero"), std::string("\"\""),
+        std::string("none;touch hacked")}) {
+    SCOPED_TRACE(typed);
+    const Ended ended =
+        runProgram(folder.path(), running(typed) + "\n5\n" + typed + "\n\n4\n" + typed + "\n\n99\n");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_THAT(ended.console, Not(HasSubstr("Successfully Assembled!")));
+    EXPECT_THAT(ended.console, HasSubstr("Try it again!\n")) << "the dialogue goes on to its last command";
+    const bool isNoFile = typed == "sub" || typed[0] == '/' || typed == "..";
+    EXPECT_EQ(ended.console.find(" is a folder and not") + ended.console.find("a device, a pipe") + 2 != 0,
+              isNoFile)
+        << ended.console;
+  }
+  EXPECT_FALSE(fs::exists(folder.path("hacked")) || fs::exists(editor.path("args")));
+}
+
+TEST_F(Program, NoNameIsACommandForTheRealEditors) {
+  const std::pair<const char*, const char*> editors[] = {
+      {"/usr/bin/vim.basic", ":q!\r"}, {"/usr/bin/vim.tiny", ":q!\r"}, {"/usr/bin/nano", "\x18"}};
+  for (const auto& [program, quit] : editors) {
+    ASSERT_TRUE(fs::exists(program)) << "test.sh installs it";
+    for (const std::string name :
+         {"+!touch hacked", "+3", "-ctouch hacked", "|touch hacked", "!touch hacked", ":!touch hacked",
+          "=system('touch hacked')", " touch hacked", "scp://a/b"}) {
+      SCOPED_TRACE(program + std::string(" ") + name);
+      fs::create_directories(folder.path("scp:/a"));
+      folder.write(name, "the text of it\n");
+      useEditor(program, "\"" + name + "\"");
+      WatchedProgram running(folder.path());
+      running.type("\n55\n");
+      EXPECT_TRUE(running.shows("the text of it")) << running.screen();
+      running.type(quit);
+      EXPECT_TRUE(running.shows("Press Enter key")) << running.screen();
+      running.type("\n123\n");
+      EXPECT_EQ(running.wait(), 0);
+      EXPECT_FALSE(fs::exists(folder.path("hacked")));
+    }
+  }
+}
+
+TEST_F(Program, ATextWithoutAProgramHeadIsNoEditor) {
+  folder.write("p.txt", "");
+  editor.write("script", "touch '" + editor.path("hacked") + "'\n");
+  fs::permissions(editor.path("script"), fs::perms::owner_all);
+  useEditor(editor.path("script"));
+  EXPECT_THAT(shown("\n5\np.txt\n"), HasSubstr("cannot be started. (Exec format error)"));
+  EXPECT_FALSE(fs::exists(editor.path("hacked"))) << "a shell would have taken it";
+}
+
+TEST_F(Program, CtrlCEndsARunAtOnceAndLeavesTheFilesWhole) {
+  folder.write("aaResultantRegMry.txt", "the old result");
+  for (const char* after : {"JUMP P", "IN TEXT,LENGTH"}) {
+    folder.write("p.txt", "P START\nQ OUT TEXT,LENGTH\n " + std::string(after) +
+                              "\n RET\nTEXT DC 'tick'\nLENGTH DC 4\n END\n");
+    WatchedProgram program(folder.path());
+    program.type(running("p.txt"));
+    ASSERT_TRUE(program.shows("tick")) << program.screen();
+    program.type("\x03");
+    const int status = program.wait();
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+    EXPECT_EQ(folder.read("zelvaro.ini"), kSettings);
+    EXPECT_EQ(folder.read("aaResultantRegMry.txt"), "the old result");
+    EXPECT_THAT(folder.read("aaAssembledRegMry.txt"), HasSubstr("Stack Area in Main Memory"));
+    EXPECT_EQ(folder.entries(), 4u);
+  }
+}
+
+TEST_F(Program, CtrlDInsideINEndsThatINOnly) {
+  folder.write("p.txt",
+               "P START\n IN TEXT,LENGTH\n LD GR1,LENGTH\n ADDA GR1,ZERO\n ST GR1,MARK\n OUT MARK,ONE\n"
+               " IN TEXT,LENGTH\n OUT TEXT,LENGTH\n RET\n"
+               "TEXT DS 256\nLENGTH DC 7\nMARK DS 1\nZERO DC '0'\nONE DC 1\n END\n");
+  WatchedProgram program(folder.path());
+  const std::pair<const char*, std::string> steps[] = {{"Press", running("p.txt")},
+                                                       {"Input some letters", "\x04"},
+                                                       {"0\r\n", ""},
+                                                       {"Input some letters", "typed\n"},
+                                                       {"typed\r\n", ""},
+                                                       {"typed\r\n", "\n123\n"},
+                                                       {"number.", ""}};
+  for (const auto& [text, typed] : steps) {
+    ASSERT_TRUE(program.shows(text)) << text << program.screen();
+    program.type(typed);
+  }
+  EXPECT_EQ(program.wait(), 0) << "the menu still listens";
+  EXPECT_NE(folder.read("zelvaro.ini"), kSettings);
+}
+
+TEST_F(Program, TextThatSteersAScreenIsHarmlessThereAndUnchangedThroughAPipe) {
+  const std::string steering = "\x1B]0;title\x07\x1B[2J\u202E\u2028";
+  folder.write("fine.txt",
+               "P START\n OUT TEXT,LENGTH\n RET\nTEXT DC '" + steering + "'\nLENGTH DC 16\n END\n");
+  folder.write("faulty.txt", "P START\n " + steering + "\u009B31m GR1\n END\n");
+  folder.write(steering, "");
+  const std::string typed = running("fine.txt") + running("faulty.txt") + "\n4\n.\n\n123\n";
+  WatchedProgram program(folder.path());
+  program.type(typed);
+  EXPECT_EQ(program.wait(), 0);
+  const std::string harmless = "^[]0;title^G^[[2J<U+202E><U+2028>";
+  EXPECT_THAT(program.screen(), HasSubstr(harmless + "\r\n")) << "of OUT and the listing";
+  EXPECT_THAT(program.screen(), HasSubstr("\" " + harmless + "<U+009B>31m GR1\" ")) << "of a diagnostic";
+  for (const char* raw : {"\x1B", "\u009B", "\u202E", "\u2028"})
+    EXPECT_THAT(program.screen(), Not(HasSubstr(raw)));
+  EXPECT_THAT(shown(typed), HasSubstr(steering + "\n"));
+}
+
+TEST_F(Program, ClosedStandardDescriptorsAreNoPlaceForFiles) {
+  folder.write("p.txt", "P START\n RET\n END\n");
+  // an editor that can print has been handed an open output
+  useEditor(folder.writeProgram("e", "echo text && echo fine > printed\n"));
+  const Ended ended = runProgram(folder.path(), running("p.txt") + "\n2\n\n123\n", {.outputIsClosed = true});
+  EXPECT_EQ(ended.status, 0);
+  EXPECT_EQ(folder.read("printed"), "fine\n");
+  for (const char* name : {"zelvaro.ini", "aaAssembledRegMry.txt", "aaResultantRegMry.txt"})
+    EXPECT_THAT(folder.read(name), Not(HasSubstr("Menu:"))) << name;
+  EXPECT_THAT(folder.read("zelvaro.ini"), HasSubstr("TextEditorPath2=\n"));
+}
+
+TEST_F(Program, ARunEndsWhenNobodyIsThere) {
+  for (const char* loop : {"OUT TEXT,LENGTH", "NOP", "CALL SUB", "IN TEXT,LENGTH"}) {
+    folder.write("p.txt", "P START\n OUT TEXT,LENGTH\nQ " + std::string(loop) +
+                              "\n JUMP Q\nSUB RET\nTEXT DC 'tick'\nLENGTH DC 4\n END\n");
+    for (const Console console : {Console::Terminal, Console::Pipes}) {
+      SCOPED_TRACE(loop + std::string(console == Console::Pipes ? " through pipes" : " on a terminal"));
+      WatchedProgram program(folder.path(), console);
+      program.type(running("p.txt"));
+      ASSERT_TRUE(program.shows("tick")) << program.screen();
+      program.leave();
+      EXPECT_EQ(program.wait(), 0);
+      EXPECT_TRUE(fs::remove(folder.path("aaResultantRegMry.txt"))) << "the run has come to its report";
+      EXPECT_EQ(folder.read("zelvaro.ini"), kSettings) << "and the dialogue to its end";
+    }
+  }
+  const std::string console = shown(running("p.txt"));
+  EXPECT_THAT(console, HasSubstr("executed 100 times in a row although the input has come to its end."));
+  std::size_t prompts = 0;
+  for (std::size_t at = 0; (at = console.find("Input some letters", at)) != std::string::npos; ++at)
+    ++prompts;
+  EXPECT_EQ(prompts, 100u);
+}
+
+TEST_F(Program, SettingsThatCannotBeReadAreNeitherMovedNorWritten) {
+  const std::string large = kSettings + std::string(std::size_t{1} << 20, ';');
+  const std::pair<std::string, const char*> cases[] = {{large, "larger than 1 MiB"},
+                                                       {"", "cannot be read: Is a directory"},
+                                                       {"x", "cannot be read: Permission denied"}};
+  for (const auto& [bytes, words] : cases) {
+    fs::remove_all(folder.path("zelvaro.ini"));
+    const bool denied = bytes == "x";
+    if (denied && ::geteuid() == 0) continue;
+    if (bytes.empty()) {
+      fs::create_directory(folder.path("zelvaro.ini"));
+    } else {
+      folder.write("zelvaro.ini", bytes);
+    }
+    if (denied) fs::permissions(folder.path("zelvaro.ini"), fs::perms::none);
+    const Ended ended = runProgram(folder.path(), "\n123\n");
+    EXPECT_THAT(ended.console, HasSubstr(words));
+    EXPECT_LE(ended.peakMiB, 32u);
+    EXPECT_EQ(folder.entries(), 1u);
+    if (denied) fs::permissions(folder.path("zelvaro.ini"), fs::perms::owner_all);
+    EXPECT_EQ(folder.read("zelvaro.ini"), bytes);
+  }
+}
+
+TEST_F(Program, ThreeAtOnceKeepWhatTheyDoNotUnderstand) {
+  for (int round = 0; round < 10; ++round) {
+    for (const auto& e : fs::directory_iterator(folder.path())) fs::remove(e);
+    folder.write("zelvaro.ini", "[Mode\n");
+    folder.write("zelvaro.ini.bak", "an older one");
+    std::vector<std::thread> programs;
+    for (int i = 0; i < 3; ++i)
+      programs.emplace_back([&] { EXPECT_EQ(runProgram(folder.path(), "\n").status, 0); });
+    for (std::thread& p : programs) p.join();
+    EXPECT_EQ(folder.read("zelvaro.ini.bak"), "an older one");
+    EXPECT_THAT(folder.read("zelvaro.ini"), HasSubstr("TextEditorPath2=\n"));
+    for (const auto& e : fs::directory_iterator(folder.path())) {
+      const std::string name = e.path().filename();
+      EXPECT_TRUE(name.starts_with("zelvaro.ini")) << name;
+      EXPECT_TRUE(name.size() <= 15 || folder.read(name) == "[Mode\n") << name;
+    }
+    EXPECT_TRUE(fs::exists(folder.path("zelvaro.ini.bak2")));
+  }
+}
+
+}  // namespace
+}  // namespace zelvaro::test
