@@ -5,7 +5,6 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
-#include <unistd.h>
 
 #include "TemporaryFolder.h"
 #include "platform/PosixPlatform.h"
@@ -19,17 +18,16 @@ namespace fs = std::filesystem;
 
 class FilesTest : public ::testing::Test {
  protected:
-  /// Writes a file; nothing, or the failure.
-  std::optional<FileFailure> written(const std::string& name, const std::string& bytes,
-                                     FileWriting how = {}) {
-    FileFailure failure;
-    const auto file = platform.createFile(folder.path(name), &failure, how);
-    if (!file) return failure;
+  /// Writes a file; the failure, without a reason where there is none.
+  FileFailure written(const std::string& name, const std::string& bytes, FileWriting how = {}) {
+    FileFailure cause;
+    const auto file = platform.createFile(folder.path(name), &cause, how);
+    if (!file) return cause;
     for (std::size_t i = 0; i < bytes.size(); i += 1000) file->write(std::string_view(bytes).substr(i, 1000));
-    if (file->commit()) return std::nullopt;
+    const bool done = file->commit();
+    EXPECT_EQ(done, file->failure().reason.empty());
     return file->failure();
   }
-  Kind kindOfFailure(const std::string& name) { return written(name, "text").value_or(FileFailure{}).kind; }
   struct stat statusOf(const std::string& name) {
     struct stat status {};
     ::stat(folder.path(name).c_str(), &status);
@@ -39,27 +37,21 @@ class FilesTest : public ::testing::Test {
   test::TemporaryFolder folder;
   PosixPlatform posix{-1, -1};
   Platform& platform = posix;
+  FileFailure failure;
 };
 
 TEST_F(FilesTest, ReadsAFileWholeWhateverItHoldsAndClaims) {
   for (const std::string& bytes :
        {""s, "\0\r\n\xFF"s, std::string(300'000, 'x'), std::string(5'000'000, 'y')}) {
     const std::string path = folder.write("f", bytes);
-    EXPECT_TRUE(platform.canRead(path, nullptr));
     EXPECT_TRUE(platform.readFile(path, nullptr, bytes.size()) == bytes);
-    const auto loaded = platform.loadFile(path, nullptr);
-    EXPECT_TRUE(loaded && loaded->bytes == bytes);
-    FileFailure failure;
-    if (bytes.empty()) continue;
-    EXPECT_FALSE(platform.readFile(path, &failure, bytes.size() - 1));
-    EXPECT_EQ(failure.kind, Kind::TooLarge);
+    EXPECT_TRUE(platform.loadFile(path).value_or(FileBytes{"none", {}}).bytes == bytes);
+    EXPECT_EQ(bytes.size() < 2 || platform.readFile(path, &failure, bytes.size() - 1), bytes.size() < 2);
   }
-  constexpr const char* kClaimsNothing = "/proc/self/status";
-  EXPECT_THAT(platform.readFile(kClaimsNothing, nullptr).value_or(""), ::testing::HasSubstr("Name:"));
-  EXPECT_THAT(std::string(platform.loadFile(kClaimsNothing, nullptr)->bytes), ::testing::HasSubstr("Name:"));
-  FileFailure failure;
-  EXPECT_FALSE(platform.readFile(kClaimsNothing, &failure, 10));
   EXPECT_EQ(failure.kind, Kind::TooLarge);
+  constexpr const char* kClaimsNothing = "/proc/self/status";
+  EXPECT_THAT(std::string(platform.loadFile(kClaimsNothing)->bytes), ::testing::HasSubstr("Name:"));
+  EXPECT_FALSE(platform.readFile(kClaimsNothing, nullptr, 10));
   fs::resize_file(folder.write("huge", ""), std::uintmax_t{1} << 31);
   failure = {};
   EXPECT_FALSE(platform.loadFile(folder.path("huge"), &failure));
@@ -74,195 +66,137 @@ TEST_F(FilesTest, OnlyRegularFilesAreReadAndReplaced) {
   ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
   fs::create_directory(folder.path("folder"));
   fs::create_symlink("circle", folder.path("circle"));
+  fs::create_symlink("/dev/null", folder.path("null"));
   folder.write("f", "x");
-  struct Case {
-    std::string name;
-    Kind read, write;
-  };
-  const Case cases[] = {{"fifo", Kind::NotRegular, Kind::NotRegular},
-                        {"socket", Kind::NotRegular, Kind::NotRegular},
-                        {"../../dev/null", Kind::NotRegular, Kind::NotRegular},
-                        {"folder", Kind::Folder, Kind::Folder},
-                        {"none/f", Kind::Missing, Kind::Missing},
-                        {"circle", Kind::System, Kind::System},
-                        {"f/x", Kind::System, Kind::System},
-                        {"f\0"s, Kind::System, Kind::System},
-                        {std::string(300, 'n'), Kind::System, Kind::System}};
-  for (const Case& c : cases) {
-    const std::string path = folder.path(c.name);
-    FileFailure failure, loading, looking;
-    EXPECT_FALSE(platform.readFile(path, &failure)) << c.name;
-    EXPECT_FALSE(platform.loadFile(path, &loading)) << c.name;
-    EXPECT_FALSE(platform.canRead(path, &looking)) << c.name;
-    for (const FileFailure& f : {failure, loading, looking}) {
-      EXPECT_EQ(f.kind, c.read) << c.name << f.reason;
-      EXPECT_NE(f.reason, "");
-    }
-    const auto refused = written(c.name, "text");
-    ASSERT_TRUE(refused) << c.name;
-    EXPECT_EQ(refused->kind, c.write) << c.name << refused->reason;
+  const std::tuple<std::string, Kind, Kind> cases[] = {{"fifo", Kind::NotRegular, Kind::NotRegular},
+                                                       {"socket", Kind::NotRegular, Kind::NotRegular},
+                                                       {"null", Kind::NotRegular, Kind::LeadsOutside},
+                                                       {"folder", Kind::Folder, Kind::Folder},
+                                                       {"none/f", Kind::Missing, Kind::Missing},
+                                                       {"circle", Kind::System, Kind::System},
+                                                       {"f/x", Kind::System, Kind::System},
+                                                       {"f\0"s, Kind::System, Kind::System},
+                                                       {std::string(300, 'n'), Kind::System, Kind::System}};
+  for (const auto& [name, reading, writing] : cases) {
+    const std::string path = folder.path(name);
+    FileFailure read, loaded, looked, wrote = written(name, "text");
+    EXPECT_FALSE(platform.readFile(path, &read) || platform.loadFile(path, &loaded) ||
+                 platform.canRead(path, &looked));
+    for (const FileFailure& f : {read, loaded, looked}) EXPECT_EQ(f.kind, reading) << name << f.reason;
+    EXPECT_TRUE(wrote.kind == writing && !wrote.reason.empty()) << name << wrote.reason;
   }
   ::close(socket);
-  EXPECT_EQ(folder.entries(), 5u);
-  auto file = platform.createFile(folder.path("g"), nullptr, {});
+  auto file = platform.createFile(folder.path("g"));
   fs::create_directory(folder.path("g"));
   EXPECT_FALSE(file->commit()) << "a folder has taken the place meanwhile";
-  EXPECT_EQ(folder.entries(), 6u);
+  EXPECT_EQ(folder.entries(), 7u) << "no temporary file";
 }
 
 TEST_F(FilesTest, AFileIsThereOnlyOnceItIsComplete) {
   folder.write("f", "old");
   folder.write(".f.tmp", "left over by a program that was killed");
-  platform.createFile(folder.path("f"), nullptr, {})->write("dropped");
+  platform.createFile(folder.path("f"))->write("dropped");
   EXPECT_EQ(folder.entries(), 1u) << "neither the leftover nor what was not committed";
   const std::string bytes(200'001, 'n');
   auto first = platform.createFile(folder.path("f"), nullptr, {.synced = true});
-  auto second = platform.createFile(folder.path("f"), nullptr, {});
+  auto second = platform.createFile(folder.path("f"));
   first->write(bytes);
   second->write("second");
   EXPECT_EQ(folder.read("f"), "old");
   EXPECT_TRUE(second->commit());
   EXPECT_EQ(folder.read("f"), "second");
   EXPECT_TRUE(first->commit()) << "two at once do not meet";
-  EXPECT_TRUE(folder.read("f") == bytes);
   EXPECT_FALSE(first->commit()) << "there is nothing left to put in place";
-  EXPECT_EQ(written("f", "x", {.replaces = false})->kind, Kind::Exists);
+  EXPECT_TRUE(folder.read("f") == bytes);
+  EXPECT_EQ(written("f", "x", {.replaces = false}).kind, Kind::Exists);
+  EXPECT_EQ(written("h", "new", {.replaces = false}).reason, "");
   auto fresh = platform.createFile(folder.path("g"), nullptr, {.replaces = false});
   folder.write("g", "came first");
   EXPECT_FALSE(fresh->commit());
-  EXPECT_EQ(fresh->failure().kind, Kind::Exists);
-  EXPECT_EQ(folder.read("g"), "came first");
-  EXPECT_FALSE(written("h", "new", {.replaces = false}));
-  EXPECT_EQ(folder.read("h"), "new");
+  EXPECT_EQ(folder.read("g") + folder.read("h"), "came firstnew");
   fs::create_symlink("i", folder.path(".f.tmp"));
-  EXPECT_FALSE(written("f", "by another name")) << "what is no leftover is left alone";
+  EXPECT_EQ(written("f", "by another name").reason, "") << "what is no leftover is left alone";
   EXPECT_EQ(folder.entries(), 4u);
-}
 
-TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
-  folder.write("f", "old");
   rlimit old{};
   ::getrlimit(RLIMIT_FSIZE, &old);
   for (const rlim_t room : {0, 1, 65'536, 199'999}) {
     const rlimit limit{room, old.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &limit);
-    const auto failure = written("f", std::string(200'000, 'x'));
+    const std::string reason = written("f", bytes).reason;
     ::setrlimit(RLIMIT_FSIZE, &old);
-    ASSERT_TRUE(failure) << room;
-    EXPECT_EQ(failure->reason, "File too large");
-    EXPECT_EQ(folder.read("f"), "old");
-    EXPECT_EQ(folder.entries(), 1u);
+    EXPECT_EQ(reason, "File too large") << room;
+    EXPECT_EQ(folder.read("f"), "by another name");
   }
+  EXPECT_EQ(folder.entries(), 4u);
 }
 
 TEST_F(FilesTest, LinksAreFollowedOnlyWithinTheFolder) {
   for (const char* name : {"work", "work/d", "outside"}) fs::create_directory(folder.path(name));
   folder.write("outside/kept", "kept");
-  const std::pair<std::string, std::string> followed[] = {
-      {"plain", "d/new"}, {"chain", "plain"}, {"back", "d/../d/new"}, {"whole", folder.path("work/d/new")}};
-  for (const auto& [name, to] : followed) {
-    fs::create_symlink(to, folder.path("work/" + name));
-    EXPECT_FALSE(written("work/" + name, name)) << name;
-    EXPECT_EQ(folder.read("work/d/new"), name);
-    EXPECT_TRUE(fs::is_symlink(folder.path("work/" + name)));
-  }
   fs::create_symlink("../outside", folder.path("work/sub"));
-  const std::pair<std::string, std::string> refused[] = {{"up", "../outside/kept"},
-                                                         {"root", folder.path("outside/kept")},
-                                                         {"dangling", "../outside/fresh"},
-                                                         {"through", "sub/kept"},
-                                                         {"twice", "up"},
-                                                         {"device", "/dev/null"}};
-  for (const auto& [name, to] : refused) {
-    fs::create_symlink(to, folder.path("work/" + name));
-    EXPECT_EQ(kindOfFailure("work/" + name), Kind::LeadsOutside) << name;
+  struct Link {
+    std::string name, to;
+    bool followed;
+  };
+  for (const Link& c :
+       {Link{"plain", "d/new", true}, Link{"chain", "plain", true}, Link{"up", "../outside/kept", false},
+        Link{"back", "d/../d/new", true}, Link{"whole", folder.path("work/d/new"), true},
+        Link{"root", folder.path("outside/kept"), false}, Link{"dangling", "../outside/new", false},
+        Link{"through", "sub/kept", false}, Link{"twice", "up", false}}) {
+    fs::create_symlink(c.to, folder.path("work/" + c.name));
+    EXPECT_EQ(written("work/" + c.name, c.name).kind, c.followed ? Kind::System : Kind::LeadsOutside)
+        << c.name;
+    EXPECT_TRUE(!c.followed || folder.read("work/d/new") == c.name);
+    EXPECT_TRUE(fs::is_symlink(folder.path("work/" + c.name)));
   }
   EXPECT_EQ(folder.read("outside/kept"), "kept");
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path("outside")), fs::directory_iterator()), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path("outside")), {}), 1);
 }
 
-constexpr uid_t kNobody = 65534;
-
-/// Lets root's tests meet the rights that everybody else has.
-class AsNobody {
- public:
-  explicit AsNobody(const std::string& folder) : root_(::geteuid() == 0) {
-    if (root_) changed_ = ::chown(folder.c_str(), kNobody, kNobody) == 0 && ::seteuid(kNobody) == 0;
-  }
-  ~AsNobody() {
-    if (changed_) changed_ = ::seteuid(0) != 0;
-  }
-  bool works() const { return !root_ || changed_; }
-
- private:
-  bool root_;
-  bool changed_ = false;
-};
-
-TEST_F(FilesTest, RightsAreRespected) {
-  const AsNobody nobody(folder.path());
-  if (!nobody.works()) GTEST_SKIP() << "this machine has no other user";
-  folder.write("f", "old");
-  ::chmod(folder.path("f").c_str(), 0);
-  FileFailure failure;
-  EXPECT_FALSE(platform.readFile(folder.path("f"), &failure));
-  EXPECT_EQ(failure.reason, "Permission denied");
-  ::chmod(folder.path("f").c_str(), 0400);
-  EXPECT_EQ(written("f", "new")->reason, "Permission denied");
-  ::chmod(folder.path().c_str(), 0500);
-  EXPECT_EQ(written("g", "new")->reason, "Permission denied");
-  EXPECT_EQ(folder.entries(), 1u);
-  ::chmod(folder.path().c_str(), 0700);
-}
-
-TEST_F(FilesTest, OwnerGroupAndModeAreKept) {
-  const std::string path = folder.write("f", "old");
+TEST_F(FilesTest, RightsAreRespectedAndKept) {
+  constexpr uid_t kNobody = 65534;
   const bool root = ::geteuid() == 0;
+  const std::string path = folder.write("f", "old");
   ASSERT_TRUE(!root || ::chown(path.c_str(), kNobody, kNobody) == 0);
   for (const mode_t mode : {0600u, 0640u, 0664u, 0604u}) {
     ::chmod(path.c_str(), mode);
-    auto file = platform.createFile(path, nullptr, {});
-    file->write("new");
-    EXPECT_EQ(statusOf(".f.tmp").st_mode & 0177, 0u) << "open to nobody else meanwhile";
+    auto file = platform.createFile(path);
+    EXPECT_EQ(statusOf(".f.tmp").st_mode & 0777, 0600u) << "open to nobody else meanwhile";
     EXPECT_TRUE(file->commit());
     EXPECT_EQ(statusOf("f").st_mode & 0777, mode);
     EXPECT_EQ(statusOf("f").st_uid, root ? kNobody : ::geteuid());
   }
-  if (!root) return;
-  // another user may keep neither: what the group might do is then only what everybody may
-  ASSERT_EQ(::chown(path.c_str(), 0, 0), 0);
-  ::chmod(path.c_str(), 0666);
-  ::chmod(folder.path().c_str(), 0777);
-  {
-    const AsNobody nobody(folder.path());
-    EXPECT_FALSE(written("f", "new"));
-  }
-  EXPECT_EQ(statusOf("f").st_uid, kNobody);
-  EXPECT_EQ(statusOf("f").st_mode & 0777, 0666u);
-}
-
-/// Sets a variable, or unsets it, for the time of a test.
-void set(const char* name, const char* value) {
-  value != nullptr ? ::setenv(name, value, 1) : ::unsetenv(name);
+  // everybody else meets rights, and may keep neither owner nor group
+  folder.write("roots", "old");
+  ::chmod(folder.path("roots").c_str(), 0666);
+  ASSERT_TRUE(!root || (::chown(folder.path().c_str(), kNobody, 0) == 0 && ::seteuid(kNobody) == 0));
+  EXPECT_EQ(written("roots", "new").reason, "");
+  EXPECT_EQ(statusOf("roots").st_mode & 0777, 0666u);
+  ::chmod(path.c_str(), 0);
+  EXPECT_FALSE(platform.readFile(path, &failure));
+  EXPECT_EQ(failure.reason, "Permission denied");
+  ::chmod(path.c_str(), 0400);
+  EXPECT_EQ(written("f", "new").reason, "Permission denied");
+  ::chmod(folder.path().c_str(), 0500);
+  EXPECT_EQ(written("g", "new").reason, "Permission denied");
+  ::chmod(folder.path().c_str(), 0700);
+  ASSERT_TRUE(!root || ::seteuid(0) == 0);
+  EXPECT_EQ(folder.entries(), 2u);
 }
 
 TEST(Environment, LanguageByTheFirstVariableWithAValue) {
-  struct Case {
-    const char *all, *messages, *lang;
-    bool japanese;
-  };
-  const Case cases[] = {{nullptr, nullptr, nullptr, false},
-                        {nullptr, nullptr, "ja_JP.UTF-8", true},
-                        {"", "", "ja", true},
-                        {"C", nullptr, "ja_JP.UTF-8", false},
-                        {"ja_JP.eucJP", "C", "C", true},
-                        {"", "en_US.UTF-8", "ja_JP", false}};
-  PosixPlatform platform(-1, -1);
-  for (const Case& c : cases) {
-    set("LC_ALL", c.all);
-    set("LC_MESSAGES", c.messages);
-    set("LANG", c.lang);
-    EXPECT_EQ(platform.userInterfaceIsJapanese(), c.japanese);
+  const std::tuple<const char*, const char*, const char*, bool> cases[] = {
+      {"", "", "", false},
+      {"", "", "ja_JP.UTF-8", true},
+      {"C", "", "ja_JP", false},
+      {"ja_JP.eucJP", "C", "C", true},
+      {"", "en_US.UTF-8", "ja_JP", false}};
+  for (const auto& [all, messages, lang, japanese] : cases) {
+    ::setenv("LC_ALL", all, 1);
+    ::setenv("LC_MESSAGES", messages, 1);
+    ::setenv("LANG", lang, 1);
+    EXPECT_EQ(PosixPlatform(-1, -1).userInterfaceIsJapanese(), japanese);
   }
 }
 
@@ -273,19 +207,13 @@ TEST(Environment, ClocksRunInTheirUnitsAndNumbersDiffer) {
   ::usleep(20'000);
   EXPECT_GE(platform.performanceCounter() - qpc, 20 * (platform.performanceFrequency() / 1000));
   EXPECT_GE(platform.chronoTicks() - chrono, 200'000);
-  EXPECT_LT(platform.chronoTicks() - chrono, 100'000'000);
   EXPECT_LE(platform.clockMilliseconds() - clock, 20) << "sleep takes no processor time";
-  const auto now = static_cast<double>(std::time(nullptr));
-  EXPECT_NEAR(static_cast<double>(platform.chronoTicks()) / 1e7, now, 2);
   std::tm local = platform.localTime();
-  EXPECT_NEAR(static_cast<double>(std::mktime(&local)), now, 2);
-  bool differs = false;
-  for (int i = 0; i < 20; ++i) {
-    const int number = platform.randomNumber();
-    EXPECT_GE(number, 0);
-    differs |= platform.randomNumber() != number;
-  }
-  EXPECT_TRUE(differs);
+  for (const double seconds :
+       {static_cast<double>(platform.chronoTicks()) / 1e7, static_cast<double>(std::mktime(&local))})
+    EXPECT_NEAR(seconds, static_cast<double>(std::time(nullptr)), 2);
+  const int number = platform.randomNumber();
+  EXPECT_TRUE(number >= 0 && (platform.randomNumber() != number || platform.randomNumber() != number));
 }
 
 TEST(Environment, TheWorkingFolderMayHaveALongNameOrBeGone) {
@@ -298,8 +226,8 @@ TEST(Environment, TheWorkingFolderMayHaveALongNameOrBeGone) {
   EXPECT_EQ(platform.workingDirectory(nullptr), deep.string());
   fs::remove(deep);
   FileFailure failure;
-  EXPECT_EQ(platform.workingDirectory(&failure), std::nullopt);
-  EXPECT_EQ(failure.reason, "No such file or directory");
+  EXPECT_FALSE(platform.workingDirectory(&failure));
+  EXPECT_EQ(failure.kind, FileFailure::Kind::Missing);
   fs::current_path(before);
 }
 

@@ -36,8 +36,7 @@ class TemporaryFolder {
     return {std::istreambuf_iterator<char>(in), {}};
   }
   std::size_t entries() const {
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator()));
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path_), {}));
   }
 
  private:

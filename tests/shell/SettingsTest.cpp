@@ -45,6 +45,27 @@ TEST_F(SettingsTest, TheLaterOfTwoKeysWins) {
   }
 }
 
+TEST_F(SettingsTest, AMarkIsSkippedAndWhatIsNotReadIsNotWritten) {
+  read("\xEF\xBB\xBF[Mode]\nLangStr=JPN\n");
+  EXPECT_EQ(s.sh.Lang, kJapanese);
+  EXPECT_EQ(platform.console, "");
+  const std::string large((1 << 20) + 1, ';');
+  read(large);
+  WriteIni(s, kIni);
+  EXPECT_TRUE(platform.files[kIni] == large);
+  EXPECT_THAT(platform.console, HasSubstr("larger than 1 MiB.\n"));
+  platform.files.clear();
+  platform.folders.insert(kIni);
+  ReadIni(s, kIni);
+  WriteIni(s, kIni);
+  EXPECT_THAT(platform.console, HasSubstr("cannot be read: Is a directory\n"));
+  EXPECT_THAT(platform.console, HasSubstr("No settings are saved at the end.\n"));
+  EXPECT_TRUE(platform.files.empty());
+  platform.folders.clear();
+  WriteIni(s, kIni);
+  EXPECT_EQ(platform.files.count(kIni), 1u) << "it is gone meanwhile";
+}
+
 TEST_F(SettingsTest, AbsentAndUnparsableValues) {
   read(
       "[Mode]\nSimpleTitleIndex=1\nBusyModeIndex=7\nSilentModeIndex=1\n"
@@ -101,15 +122,16 @@ TEST_F(SettingsTest, AFileThatDoesNotParseIsToldKeptAndReplaced) {
     const char* reason;
   };
   for (const Case& c : {
-           Case{"\xEF\xBB\xBF[Mode]\nLangStr=JPN\n", "1", "'=' character not found in line"},
            Case{"[Mode]\nLangStr=JPN\nLangStr=ENU\n", "3", "duplicate key name"},
            Case{"[Mode]\nLangInt=0\n[Src]\nLastSrcFile=a\n[Mode]\n", "5", "duplicate section name"},
            Case{"[Mode\n", "1", "unmatched '['"},
            Case{"; a note\n=1\n", "2", "key expected"},
        }) {
     platform.console.clear();
+    platform.files = {{"zelvaro.ini.bak", "older"}};
     read(c.text);
-    EXPECT_EQ(platform.files["zelvaro.ini.bak"], c.text);
+    EXPECT_EQ(platform.files["zelvaro.ini.bak"], "older");
+    EXPECT_EQ(platform.files["zelvaro.ini.bak2"], c.text);
     EXPECT_THAT(platform.files[kIni], HasSubstr("FightFunc=WP\n"));
     EXPECT_EQ(s.sh.Lang, kEnglish);
     EXPECT_THAT(platform.console,

@@ -9,10 +9,13 @@
 #include <memory>
 #include <set>
 
+#include "comet2/Guards.h"
 #include "data/DC.h"
 #include "encode/AdrConst.h"
 #include "link/Link.h"
 #include "macro/Macro.h"
+#include "shell/Settings.h"
+#include "shell/UserCommands.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"
 #include "support/SourceLines.h"
@@ -117,6 +120,59 @@ const Guard kGuards[] = {
 };
 #undef ON_LINE
 
+/// Refuses what the menu asks of it, for the reason that is set.
+class RefusingPlatform : public ScriptedPlatform {
+ public:
+  FileFailure::Kind kind = FileFailure::Kind::Missing;
+  EditResult::Status edited = EditResult::Status::Refused;
+  bool deletes = false;
+  std::optional<std::string> folderListing(const std::string&, FileFailure*) override { return std::nullopt; }
+  bool deleteFile(const std::string&, FileFailure*) override { return deletes; }
+  EditResult editFile(const EditorCommand&, const std::string&) override { return {edited, {}, {}}; }
+  bool openOnDesktop(const std::string&) override { return false; }
+  std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
+                                      std::size_t most) override {
+    if (files.count(path) != 0) return ScriptedPlatform::readFile(path, failure, most);
+    *failure = {kind, "reason"};
+    return std::nullopt;
+  }
+  std::unique_ptr<OutputFile> createFile(const std::string&, FileFailure*, FileWriting) override {
+    return {};
+  }
+};
+
+/// What is printed where the system refuses something.
+void playRefusals(int lang) {
+  RefusingPlatform platform;
+  TSession s(platform);
+  platform.files = {{"f", std::string("\0", 1)}};
+  listFolder(platform, lang, "f");
+  showFile(platform, lang, {}, "none");
+  openDocument(platform, lang, "none");
+  openDocument(platform, lang, "f");
+  for (const auto status : {EditResult::Status::NotStarted, EditResult::Status::Refused}) {
+    platform.edited = status;
+    editFile(platform, lang, {}, "f");
+  }
+  deleteAfterQuestion(platform, lang, "none");
+  for (const char* answer : {"n", "y", "y"}) {
+    platform.typed = {answer};
+    deleteAfterQuestion(platform, lang, "f");
+    platform.deletes = answer == std::string("y");
+  }
+  using Kind = FileFailure::Kind;
+  for (const Kind kind : {Kind::Missing, Kind::Folder, Kind::NotRegular, Kind::TooLarge, Kind::NoMemory}) {
+    platform.kind = kind;
+    s.setLanguage(lang);
+    tellRefusal(s.sh, "f", {kind, "reason"});
+    ReadIni(s, "none");
+  }
+  platform.files["broken"] = "[";
+  ReadIni(s, "broken");
+  s.m.IsEnglish = lang;
+  for (const Stop stop : {Stop::InputEnded, Stop::NobodyThere}) tellStop<WP>(stop, s.m, platform);
+}
+
 auto rowsNotIssued(int lang) {
   return std::ranges::count_if(catalogue(), [lang](const auto& e) { return !e.second.contains(lang); });
 }
@@ -146,6 +202,7 @@ TEST(Catalogue, EveryRowIsIssuedInEachLanguage) {
   for (const int lang : {kJapanese, kEnglish}) {
     // too long for a file of cases; its words are compared in source/OpenFileChHTest.cpp
     assemble("A START\n" + std::string(310, '\n') + " END\n", lang, "NH");
+    playRefusals(lang);
     GoldenCase* told = guards.cases.data();
     for (const Guard& g : kGuards) {
       const auto before = rowsNotIssued(lang);
