@@ -99,6 +99,19 @@ constexpr std::size_t findBlank(std::basic_string_view<Char> text) {
   return text.npos;
 }
 
+/// Calls put(piece) with the pieces of a line of which the first two runs of blanks become one space each; the rest
+/// of the line stays.
+template <class Char, class Put>
+constexpr void withFirstTwoRunsCut(std::basic_string_view<Char> line, Put put) {
+  constexpr Char kSpace[] = {Char(' ')};
+  for (int run = 0; run < 2 && findBlank(line) != line.npos; ++run) {
+    put(line.substr(0, findBlank(line)));
+    put(std::basic_string_view<Char>(kSpace, 1));
+    line = trimLeft(line.substr(findBlank(line)));
+  }
+  put(line);
+}
+
 // --- full-width characters ---
 
 /// The full-width space: one character of wide text, two bytes of narrow text.

@@ -101,9 +101,9 @@ constexpr Message labelTooLong =
     Message{"dc-label-length",
             Severity::Error,
             Head::Line,
-            args("nr", "quote", "count"),
+            args("nr", "quote", "count", limit("most", kLabelLength)),
             {.ja = "{quote} アドレス定数は８文字まで。 {count} 文字ある。 ",
-             .en = "{quote} An address constant is written in 1 to 8 characters. "
+             .en = "{quote} An address constant is written in 1 to {most} characters. "
                    "There are {count} characters in it. "}}
         .withHead(kConstHead);
 
@@ -207,21 +207,26 @@ bool ckStrConst(Assembly& a, int line, int nr, ViewOf<Char> text) {
 
 template <class Char>
 bool ckOprnd(Assembly& a, SrcData<Char>& line, int nr, ViewOf<Char> text) {
-  if (text.empty()) return true;  // the word count tells it
-  const Char c = text[0];
-  if (c == Char('\'')) return ckStrConst(a, line.Line, nr, text);
-  if (isCapital(c)) return ckAdrConst(a, line, nr, text);
-  if (c == Char('#')) {
-    ckHex(a, line.Line, nr, text);
-    return true;
+  switch (formOfConst(text)) {
+    case ConstForm::None:
+      return true;  // the count of words reports it
+    case ConstForm::Character:
+      return ckStrConst(a, line.Line, nr, text);
+    case ConstForm::Name:
+      return ckAdrConst(a, line, nr, text);
+    case ConstForm::Hex:
+      ckHex(a, line.Line, nr, text);
+      return true;
+    case ConstForm::Decimal:
+    case ConstForm::SignedDecimal:
+    case ConstForm::Sign:
+      ckDec(a, line.Line, nr, text);
+      return true;
+    default:
+      a.cs.report(noConst, line.Line, quote(text));
+      if (text.front() == Char('"')) a.cs.report(strConstQuotes, line.Line);
+      return false;
   }
-  if (isDigit(c) || isSign(c)) {
-    ckDec(a, line.Line, nr, text);
-    return true;
-  }
-  a.cs.report(noConst, line.Line, quote(text));
-  if (c == Char('"')) a.cs.report(strConstQuotes, line.Line);
-  return false;
 }
 
 }  // namespace

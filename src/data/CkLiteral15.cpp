@@ -3,6 +3,7 @@
 #include "data/Data.h"
 #include "data/StrConst.h"
 #include "diag/Quote.h"
+#include "encode/ConstForm.h"
 #include "structure/ZenKaku.h"
 
 namespace zelvaro {
@@ -127,16 +128,19 @@ Next ckLine(Assembly& a, const SrcData<Char>& line) {
   const std::size_t equal = line.OprndComStr.find(Char('='));
   if (equal == line.OprndComStr.npos) return Next::Line;
   const ViewOf<Char> literal = trimLeft(line.OprndComStr.substr(equal + 1));
-  const Char first = literal.empty() ? Char(0) : literal[0];
-  const Char second = literal.size() < 2 ? Char(0) : literal[1];
-  if (first == Char('\'')) return ckStrConst(a, line, literal);
-  if (isDigit(first) || (isSign(first) && isDigit(second))) {
-    ckDec(a, line.Line, literal);
-    return Next::Line;
-  }
-  if (first == Char('#') && isHexDigit(second)) {
-    ckHex(a, line.Line, literal);
-    return Next::Line;
+  switch (formOfConst(literal)) {
+    case ConstForm::Character:
+      return ckStrConst(a, line, literal);
+    case ConstForm::Decimal:
+    case ConstForm::SignedDecimal:
+      ckDec(a, line.Line, literal);
+      return Next::Line;
+    case ConstForm::Hex:
+      if (literal.size() < 2 || !isHexDigit(literal[1])) break;
+      ckHex(a, line.Line, literal);
+      return Next::Line;
+    default:
+      break;
   }
   a.cs.report(noLiteral, line.Line, quote(line.OprndComStr));
   return Next::End;

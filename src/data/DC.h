@@ -4,6 +4,7 @@
 
 #include "MoziCode/Characters.h"
 #include "data/Data.h"
+#include "encode/ConstForm.h"
 
 namespace zelvaro {
 
@@ -27,12 +28,20 @@ constexpr bool isEmptyConst(std::basic_string_view<Char> text) {
 template <class Char>
 constexpr ConstKind kindOfConst(std::basic_string_view<Char> text) {
   if (isEmptyConst(text)) return ConstKind::Const;
-  const Char c = text[0];
-  if (c == Char('#')) return ConstKind::Hex;
-  if (c == Char('\'')) return ConstKind::CharConst;
-  if (isDigit(c) || isSign(c)) return ConstKind::Dec;
-  if (isCapital(c)) return ConstKind::AdrConst;
-  return ConstKind::Const;
+  switch (formOfConst(text)) {
+    case ConstForm::Hex:
+      return ConstKind::Hex;
+    case ConstForm::Character:
+      return ConstKind::CharConst;
+    case ConstForm::Decimal:
+    case ConstForm::SignedDecimal:
+    case ConstForm::Sign:
+      return ConstKind::Dec;
+    case ConstForm::Name:
+      return ConstKind::AdrConst;
+    default:
+      return ConstKind::Const;
+  }
 }
 
 }  // namespace zelvaro

@@ -1,13 +1,11 @@
 // DS: its operand, its number of words.  The words themselves are all 0 and are held as a count only.
 #include "data/Data.h"
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "structure/ZenKaku.h"
 
 namespace zelvaro {
 namespace {
-
-constexpr int kMostWords = 65535;        ///< words of a 16-bit machine but one
-constexpr int kMostReservable = 0xFE0B;  ///< the same without the 500 words of the stack
 
 constexpr Message oprndEmpty{
     "ds-operand-missing",
@@ -85,12 +83,13 @@ constexpr Message notANumberLater =
     selfCheck("self-ds-number-later", args("number"), "Prg. Error: Fail to strtoL(); buf={number}");
 
 constexpr Message overMachine{
-    "ds-over-machine", Severity::Error, Head::Line, args(),
-    bothLanguages("More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ")};
+    "ds-over-machine", Severity::Error, Head::Line, args(limit("most", kGreatestUnsigned)),
+    bothLanguages("More than {most} words cannot be reserved, because the come2 is a 16-bit machine. ")};
 
 constexpr Message overStack{
-    "ds-over-stack", Severity::Error, Head::Line, args(),
-    bothLanguages("More than 65035 words cannot be reserved, because 500 words has been "
+    "ds-over-stack", Severity::Error, Head::Line,
+    args(limit("most", kGreatestImage), limit("stack", kStackDepth)),
+    bothLanguages("More than {most} words cannot be reserved, because {stack} words has been "
                   "prereserved for Stack Area in comet2. ")};
 
 template <class Char>
@@ -148,9 +147,9 @@ bool convert(Assembly& a, SrcData<Char>& line, const Message<1>& fault) {
 template <class Char>
 void SetWordKazuAtDS(Assembly& a, SrcData<Char>& line) {
   if (!convert(a, line, notANumber)) return;
-  if (line.word_kazu > kMostWords) {
+  if (line.word_kazu > kGreatestUnsigned) {
     a.cs.report(overMachine, line.Line);
-  } else if (line.word_kazu > kMostReservable) {
+  } else if (line.word_kazu > kGreatestImage) {
     a.cs.report(overStack, line.Line);
   }
 }

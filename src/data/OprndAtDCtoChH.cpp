@@ -25,7 +25,7 @@ constexpr Message strConstEmpty{
      {kNH,
       {.ja = "文字定数の文字数は１個以上必要です。０個は不可。 仕様 2.3 (4) 文字定数",
        .en = "One or more characters must be contained in a character constant. "
-             "It is not allowed that the length of the character constant is zero. "
+             "It is not allowed that the length of of the character constant is zero. "
              "(Spec. of CASL2: 2.3 (4) Character Constant) "}}}};
 
 constexpr Message strConstOpen{

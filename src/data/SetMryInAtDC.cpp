@@ -57,11 +57,9 @@ int addressOfLabel(Assembly& a, const SrcData<Char>& line, ViewOf<Char> text) {
   return 0;
 }
 
-/// One element: its kind, its words and their addresses.  False for a constant without characters.
+/// One element: its kind and its words.  False for a constant without characters.
 template <class Char>
 bool setMry(Assembly& a, SrcData<Char>& line, int nr, OprndAtDC<Char>& oprnd) {
-  oprnd.RelAdr = line.RelAdr + line.word_kazu;
-  oprnd.AbAdr = line.AbAdr + line.word_kazu;
   oprnd.DataType = kindOfConst(oprnd.ConstStr);
   oprnd.WordKazu = 1;
   switch (oprnd.DataType) {

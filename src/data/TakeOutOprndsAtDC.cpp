@@ -12,12 +12,12 @@ constexpr Message tooManyOprnds{
     "dc-operands-many",
     Severity::Error,
     Head::Line,
-    args("count"),
+    args("count", limit("most", kFixedDcOprnds)),
     {.ja =
-         "DC オペランドの数は、一行につき 20 個に制限されています。（Zelvaro の独自仕様）{count} 個あります。"
+         "DC オペランドの数は、一行につき {most} 個に制限されています。（Zelvaro の独自仕様）{count} 個あります。"
          "DC オペランドの個数を削減する必要があります。 ",
      .en = "There are too many operands of DC instruction. "
-           "The number of the DC operands is limited to 20 in a line (Spec. of Zelvaro). "
+           "The number of the DC operands is limited to {most} in a line (Spec. of Zelvaro). "
            "There are {count} operands. Decrease the number of the operands in the line. "}};
 
 /// Appends the operands of a text.  A comma at its end has no operand behind it.
@@ -39,17 +39,10 @@ void append(std::vector<OprndAtDC<Char>>& pool, std::basic_string_view<Char> tex
 template <class Char>
 bool TakeOutOprndsAtDC10(Assembly& a, SrcData<Char>& line) {
   auto& pool = a.store<Char>().vecOprndAtDC;
-  const auto first = static_cast<std::ptrdiff_t>(pool.size());
+  line.DcFirst = static_cast<std::int32_t>(pool.size());
   append(pool, line.Oprnd[0]);
-  const auto count = static_cast<int>(std::ssize(pool) - first);
-  if (count == line.DcCount) {
-    // made before: the elements go back to their old place
-    std::move(pool.begin() + first, pool.end(), pool.begin() + line.DcFirst);
-    pool.resize(static_cast<std::size_t>(first));
-  } else {
-    line.DcFirst = static_cast<std::int32_t>(first);
-    line.DcCount = count;
-  }
+  const auto count = static_cast<int>(std::ssize(pool)) - line.DcFirst;
+  line.DcCount = count;
   if (static_cast<std::size_t>(count) > a.family.mostDcOprnds) {
     a.cs.report(tooManyOprnds, line.Line, count);
     return false;

@@ -7,8 +7,8 @@ namespace zelvaro {
 namespace {
 
 constexpr Message tooManyLines{
-    "data-lines-many", Severity::Error, Head::Bare, args("dc", "ds", "lines"),
-    bothLanguages("仕様：DCとDSの行の数の合計は「最大行数の６分の１」=55 行に制限されています。\n"
+    "data-lines-many", Severity::Error, Head::Bare, args("dc", "ds", "lines", limit("most", kFixedDcDsLines)),
+    bothLanguages("仕様：DCとDSの行の数の合計は「最大行数の６分の１」={most} 行に制限されています。\n"
                   "DC行が {dc} 行あります。 \n"
                   "DS行が {ds} 行あります。 \n"
                   "DCとDSの行の数の合計が {lines} 行あります。 \n"

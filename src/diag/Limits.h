@@ -12,6 +12,8 @@ inline constexpr int kHexConstDigits = 4;  ///< digits of a hexadecimal constant
 inline constexpr int kGreatestSigned = 32767;
 inline constexpr int kGreatestUnsigned = 65535;
 
+inline constexpr std::size_t kOprndLengthRead = 225;  ///< characters of an operand text in a fixed buffer
+
 // --- the machine ---
 inline constexpr int kAddressSpace = 65536;    ///< addresses
 inline constexpr int tMaxMemory = 65000;       ///< limit of a run in all pipelines but NH

@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "diag/Family.h"
@@ -48,14 +49,38 @@ struct OtherWords {
   Words ownHead{};
 };
 
-/// The names of a message's arguments.
+/// A limit that a message states: a hole that the row fills by itself, from the constant that the check uses.
+struct Limit {
+  const char* name = nullptr;
+  long value = 0;
+};
+consteval Limit limit(const char* name, std::integral auto value) {
+  return {name, static_cast<long>(value)};
+}
+
+/// The names of a message's N arguments, and its limits.
 template <std::size_t N>
 struct ArgNames {
+  static constexpr std::size_t kMostLimits = 2;
   std::array<const char*, N> name{};
+  std::array<Limit, kMostLimits> limits{};
 };
-template <std::convertible_to<const char*>... Name>
-consteval ArgNames<sizeof...(Name)> args(Name... name) {
-  return {{name...}};
+/// Names of arguments, then limits.
+template <class... Name>
+consteval auto args(Name... name) {
+  constexpr std::size_t limits = (std::size_t{std::is_same_v<Name, Limit>} + ... + 0);
+  ArgNames<sizeof...(Name) - limits> out;
+  std::size_t n = 0;
+  std::size_t l = 0;
+  [[maybe_unused]] const auto add = [&](auto one) {
+    if constexpr (std::is_same_v<decltype(one), Limit>) {
+      out.limits[l++] = one;
+    } else {
+      out.name[n++] = one;
+    }
+  };
+  (add(name), ...);
+  return out;
 }
 
 /// A message without its arguments' number: what sinks and the renderer read.  A line break in the words
@@ -70,6 +95,7 @@ struct MessageRow {
   Head head;
   std::size_t argCount;
   std::array<const char*, kMostArgs> argName{};
+  std::array<Limit, 2> limits{};
   Words words;
   std::array<OtherWords, kMostOthers> others{};
   std::size_t otherCount = 0;
@@ -104,6 +130,8 @@ struct MessageRow {
     if (hole == "line") return true;
     for (std::size_t i = 0; i < argCount; ++i)
       if (hole == argName[i]) return true;
+    for (const Limit& l : limits)
+      if (l.name != nullptr && hole == l.name) return true;
     return false;
   }
   consteval void check(std::string_view t) const {
@@ -136,6 +164,7 @@ struct Message : MessageRow {
                     std::initializer_list<OtherWords> more = {})
       : MessageRow(c, s, h, N, w) {
     for (std::size_t i = 0; i < N; ++i) argName[i] = a.name[i];
+    limits = a.limits;
     checkCode();
     if (!w.isComplete()) throw "a message has both languages";
     if (more.size() > kMostOthers) throw "too many other wordings";

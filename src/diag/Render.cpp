@@ -13,6 +13,8 @@ std::string valueOf(const MsgArg& arg, Wording wording) {
 std::string valueOf(const Diagnostic& d, std::string_view hole, Wording wording) {
   for (std::size_t i = 0; i < d.args.size(); ++i)
     if (hole == d.row->argName[i]) return valueOf(d.args[i], wording);
+  for (const Limit& limit : d.row->limits)
+    if (limit.name != nullptr && hole == limit.name) return std::to_string(limit.value);
   return std::to_string(d.line + 1);  // {line}: the compiler has refused every other name
 }
 

@@ -27,9 +27,9 @@ constexpr Message lowerCase{"address-lower-case",
 constexpr Message tooLong{"address-length",
                           Severity::Error,
                           Head::Line,
-                          args("quote", "count"),
+                          args("quote", "count", limit("most", kLabelLength)),
                           {.ja = ": \n{quote}: \nアドレス定数は８文字以内の制限がある。 {count} 文字ある。 ",
-                           .en = "\n{quote}: An address constant must be 1 to 8 characters in length. \n"
+                           .en = "\n{quote}: An address constant must be 1 to {most} characters in length. \n"
                                  "There are {count} characters in it. "}};
 constexpr Message externalName{
     "address-external-name",

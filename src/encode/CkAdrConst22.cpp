@@ -1,6 +1,7 @@
 // CkAdrConst22: decides by its first character what an address operand is and puts its value into Word2.
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
+#include "encode/ConstForm.h"
 #include "encode/Encoders.h"
 
 namespace zelvaro {
@@ -21,23 +22,20 @@ bool invalid(Assembly& a, SrcData<Char>& line, ViewOf<Char> p) {
   return false;
 }
 
-/// Whether the character at `at` exists and is a digit.
-template <class View>
-constexpr bool digitAt(View p, std::size_t at) {
-  return at < p.size() && isDigit(p[at]);
-}
-
 template <class Char>
 bool CkAdrLiteral(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n) {
-  const Char kind = p.size() > 1 ? p[1] : Char(' ');
-  if (kind == Char('#')) return CkAdrLiteralHex(a, line, p, n);
-  const bool sign = isSign(kind);
-  if (digitAt(p, sign ? 2 : 1)) return CkAdrLiteralDec(a, line, p, n);
-  if (kind == Char('\'')) {
-    if (SetLiteCharConstMryIn(a, line, p)) line.Word2 = literalOf(a.store<Char>(), line).AbAdr;
-    return true;
+  switch (formOfConst(p.substr(1))) {
+    case ConstForm::Hex:
+      return CkAdrLiteralHex(a, line, p, n);
+    case ConstForm::Decimal:
+    case ConstForm::SignedDecimal:
+      return CkAdrLiteralDec(a, line, p, n);
+    case ConstForm::Character:
+      if (SetLiteCharConstMryIn(a, line, p)) line.Word2 = literalOf(a.store<Char>(), line).AbAdr;
+      return true;
+    default:
+      return invalid(a, line, p);
   }
-  return invalid(a, line, p);
 }
 
 }  // namespace
@@ -49,13 +47,20 @@ bool CkAdrConst22(Assembly& a, SrcData<Char>& line, int n) {
 
   // A register name in an address place is address 0: Word2 is 0 since the statement pass.
   if (beginsLikeRegister(p) && (p.size() == 3 || isBlank(p[3]))) return true;
-  const Char first = p.empty() ? Char(' ') : p.front();
-  if (isCapital(first)) return CkAdrName(a, line, p);
-  if (first == Char('#')) return CkAdrHex(a, line, p, n);
-  if (isDigit(first)) return CkAdrDec(a, line, p);
-  if (isSign(first) && digitAt(p, 1)) return CkAdrSignedDec(a, line, p);
-  if (first == Char('=')) return CkAdrLiteral(a, line, p, n);
-  return invalid(a, line, p);
+  switch (formOfConst(p)) {
+    case ConstForm::Name:
+      return CkAdrName(a, line, p);
+    case ConstForm::Hex:
+      return CkAdrHex(a, line, p, n);
+    case ConstForm::Decimal:
+      return CkAdrDec(a, line, p);
+    case ConstForm::SignedDecimal:
+      return CkAdrSignedDec(a, line, p);
+    case ConstForm::Literal:
+      return CkAdrLiteral(a, line, p, n);
+    default:
+      return invalid(a, line, p);
+  }
 }
 
 template bool CkAdrConst22<char16_t>(Assembly&, SrcData<char16_t>&, int);

@@ -34,10 +34,11 @@ constexpr Message tooLong{
     "start-operand-length",
     Severity::Error,
     Head::Line,
-    args("quote", "count"),
+    args("quote", "count", limit("most", kLabelLength)),
     {.ja = "{quote}\n アドレス定数は８文字以内の制限がある。\n{count} 文字ある。",
-     .en = "{quote}\nAn address constant must be 1 to 8 characters in length. \nThere are {count} in it."},
-    {{kNWW | kNarrow | kNH, {.ja = "{quote}\n アドレス定数は８文字以内。\n{count} 文字ある。", .en = {}}}}};
+     .en =
+         "{quote}\nAn address constant must be 1 to {most} characters in length. \nThere are {count} in it."},
+    {{kNWW | kNarrow | kNH, {.ja = "{quote} アドレス定数は８文字以内。{count} 文字ある。", .en = {}}}}};
 constexpr Message undefinedName{
     "start-operand-undefined",
     Severity::Error,

@@ -44,7 +44,7 @@ constexpr Message serviceInSource{
       {.ja = {},
        .en = "Do not write SVC 1 in the source code, or the comet2 will run out of control. "
              "SVC 1 expanded in Macro IN and OUT instructions does not cause this problem. "
-             "There is not any fine definition about SVC in the casl2 specification at present. "}}}};
+             "There is not any fine definition about SVC in the Spec. of CASL2 at present. "}}}};
 
 template <class View>
 constexpr bool isRegisterForm(SecondOprnd rule, View second) {

@@ -138,7 +138,6 @@ void placeLiterals(LineStore<Char>& store, const PrgData<Char>& program, Counter
   for (SrcData<Char>& line : store.linesBeforeEnd(program)) {
     if (line.LiteralNr < 0 || line.OpStr.empty() || line.word_kazu == 0) continue;
     AdrConst<Char>& literal = *store.literal(line);
-    literal.RelAdr = at.rel;
     literal.AbAdr = at.abs;
     line.Word2 = at.abs;
     at.advance(literal.WordKazu);

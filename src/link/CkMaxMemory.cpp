@@ -1,4 +1,5 @@
 // CkMaxMemory: whether a program of the fixed form fits into its memory.
+#include "diag/Limits.h"
 #include "link/Layout.h"
 #include "link/Link.h"
 
@@ -14,25 +15,26 @@ constexpr Message overLiteral{"memory-literals", Severity::Error, Head::None, ar
 constexpr Message overMachine{"memory-machine",
                               Severity::Error,
                               Head::Line,
-                              args("words"),
+                              args("words", limit("most", kAddressSpace), limit("more", kAddressSpace + 1)),
                               {.ja = "必要な全メモリ数は {words} 個です。 "
-                                     "65536 個を超えるメモリ領域は確保できない。 ",
+                                     "{most} 個を超えるメモリ領域は確保できない。 ",
                                .en = "Your program needs {words} words in memory. "
                                      "The comet2 is a 16-bit machine. "
-                                     "So it has 65536 words in all. "
-                                     "More than 65537 words cannot be reserved. "}};
+                                     "So it has {most} words in all. "
+                                     "More than {more} words cannot be reserved. "}};
 constexpr Message overMemory{
     "memory-program",
     Severity::Error,
     Head::Line,
-    args("words"),
-    {.ja = "必要なメモリ数は、少なくても {words} 個です。 "
-           "しかし、このシミレータで用意されている全メモリ数は 3500 個（パソコンのメモリの節約のため ）なので"
-           "制限をこえています。 必要なメモリ数が少なくなるように"
-           "プログラムを修正してご利用ください。",
+    args("words", limit("most", MaxMemory)),
+    {.ja =
+         "必要なメモリ数は、少なくても {words} 個です。 "
+         "しかし、このシミレータで用意されている全メモリ数は {most} 個（パソコンのメモリの節約のため ）なので"
+         "制限をこえています。 必要なメモリ数が少なくなるように"
+         "プログラムを修正してご利用ください。",
      .en = "Your program needs {words} words in memory. "
-           "This simulator has only 3500 words for the sake of simplicity. "
-           "So more than 3500 words cannot be assiged to your program. "
+           "This simulator has only {most} words for the sake of simplicity. "
+           "So more than {most} words cannot be assiged to your program. "
            "Reduce the memory size reserved on your source code. "}};
 
 }  // namespace

@@ -9,15 +9,16 @@ namespace {
 
 // Both are told in English whatever the language.
 constexpr Message overAddressSpace{
-    "image-over-addresses", Severity::Error, Head::Prefix, args("words"),
+    "image-over-addresses", Severity::Error, Head::Prefix, args("words", limit("most", kGreatestUnsigned)),
     bothLanguages(": Your program needs {words} words in memory. \n"
-                  "More than 65535 words cannot be reserved, because the come2 is a 16-bit machine. ")};
+                  "More than {most} words cannot be reserved, because the come2 is a 16-bit machine. ")};
 constexpr Message overStack{
-    "image-over-stack", Severity::Error, Head::Prefix, args("words"),
+    "image-over-stack", Severity::Error, Head::Prefix,
+    args("words", limit("most", kGreatestImage), limit("stack", kStackDepth)),
     bothLanguages(
         ": Your program needs {words} words in memory. \n"
         "The comet2 is a 16-bit machine. So it has 65536 words in all. \n"
-        "More than 65035 words cannot be reserved, because 500 words has been prereserved for Stack "
+        "More than {most} words cannot be reserved, because {stack} words has been prereserved for Stack "
         "Area in comet2. ")};
 
 // The fixed form has a smaller memory.
@@ -25,12 +26,13 @@ constexpr Message overMemory{
     "image-over-memory",
     Severity::Error,
     Head::Prefix,
-    args("words"),
-    {.ja = "必要な全メモリ数は {words} 個です。 "
-           "しかし、このシミレータで用意されている全メモリ数は 3500 個（パソコンのメモリの節約のため*）なので"
-           "制限をこえています。 工夫をしてご利用ください。",
+    args("words", limit("most", MaxMemory)),
+    {.ja =
+         "必要な全メモリ数は {words} 個です。 "
+         "しかし、このシミレータで用意されている全メモリ数は {most} 個（パソコンのメモリの節約のため*）なので"
+         "制限をこえています。 工夫をしてご利用ください。",
      .en = "Your program needs all the {words} words in memory. "
-           "This simulator has only 3500 words in it. "
+           "This simulator has only {most} words in it. "
            "You should reduce the reserved memories by your program. "}};
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Link31: the link of all programs of the file, and the filling of the machine.
 #include "data/Data.h"
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "link/Layout.h"
 #include "link/Link.h"
@@ -8,9 +9,9 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message overMemory{"linker-memory", Severity::Error, Head::None, args(),
+constexpr Message overMemory{"linker-memory", Severity::Error, Head::None, args(limit("most", MaxMemory)),
                              bothLanguages("Linker Error: Your reserved memory size"
-                                           "has exceeded MaxMemory(=3500).\n"
+                                           "has exceeded MaxMemory(={most}).\n"
                                            "Rewrite your casl2 program a little "
                                            "and reduce the reserved memory size. ")};
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "diag/Quote.h"
+#include "encode/ConstForm.h"
 #include "macro/InOutOprnd.h"
 #include "macro/Macro.h"
 #include "structure/ZenKaku.h"
@@ -116,22 +117,22 @@ void ckName(Assembly& a, int line, ViewOf<Char> p) {
   }
 }
 
-/// A number or a literal; `at(i)` of a place behind the end is no character at all.
+/// A number or a literal.
 template <class Char>
 void ckNumber(Assembly& a, int line, ViewOf<Char> p) {
-  const auto at = [p](std::size_t i) { return i < p.size() ? p[i] : Char(0); };
-  if (at(0) == Char('#') || (isSign(at(0)) && isDigit(at(1)))) {
-    a.cs.report(hexOrSigned, line);
-  } else if (isDigit(at(0))) {
-    a.cs.report(decimal, line);
-  } else if (at(0) != Char('=')) {
-    return;
-  } else if (at(1) == Char('#') || (isSign(at(1)) && isDigit(at(2)))) {
-    a.cs.report(hexOrSignedLiteral, line);
-  } else if (isDigit(at(1))) {
-    a.cs.report(decimalLiteral, line);
-  } else if (at(1) == Char('\'')) {
-    a.cs.report(charLiteral, line);
+  const ConstForm form = formOfConst(p);
+  const bool isLiteral = form == ConstForm::Literal;
+  switch (isLiteral ? formOfConst(p.substr(1)) : form) {
+    case ConstForm::Hex:
+    case ConstForm::SignedDecimal:
+      return a.cs.report(isLiteral ? hexOrSignedLiteral : hexOrSigned, line);
+    case ConstForm::Decimal:
+      return a.cs.report(isLiteral ? decimalLiteral : decimal, line);
+    case ConstForm::Character:
+      if (isLiteral) a.cs.report(charLiteral, line);
+      return;
+    default:
+      return;
   }
 }
 
@@ -145,7 +146,7 @@ void address3_ck(Assembly& a, SrcData<Char>& line, int n) {
   if (p.empty()) {
     // Behind an Error the missing operand has been told, or will be once that is mended.
     if (a.cs.ErrorKazu == 0) a.cs.report(missing, line.Line, plain(line.OpStr));
-  } else if (isCapital(p.front())) {
+  } else if (formOfConst(p) == ConstForm::Name) {
     ckName(a, line.Line, p);
   } else {
     ckNumber(a, line.Line, p);

@@ -251,18 +251,11 @@ void RegMryReport<Char>::echo(ReportText& out, int adr) {
   out.source(s->OpStr).text(" ").source(s->OprndComStr);
 }
 
-/// The row as line normalisation leaves it: its first two runs of blanks are one blank each.
+/// The row as line normalisation leaves it.
 template <class Char>
 void RegMryReport<Char>::sourceRow(ReportText& out, std::basic_string_view<Char> row) const {
   if (isBlank(row.front())) out.blanks(12);
-  for (int run = 0; run < 2 && !row.empty(); ++run) {
-    std::size_t end = 0;
-    while (end < row.size() && !isBlank(row[end])) ++end;
-    out.source(row.substr(0, end));
-    row = trimLeft(row.substr(end));
-    if (!row.empty()) out.text(" ");
-  }
-  out.source(row);
+  withFirstTwoRunsCut(row, [&out](auto piece) { out.source(piece); });
 }
 
 /// The record of a line.  Addresses rise with the lines, so it mostly is the one behind the last.

@@ -37,6 +37,7 @@ bool reportNarrowReading(Assembly& a, const std::string& name, const SourceBytes
 }
 
 std::string_view NarrowLines::next() {
+  hadEnd_ = rest_.find('\n') != rest_.npos;
   const std::string_view line = takeLine(rest_);
   if (isAscii(line)) return line;
   wide_.clear();

@@ -27,6 +27,8 @@ class NarrowLines {
   bool atEnd() const { return rest_.empty(); }
   /// Bytes that have not been read yet.
   std::size_t left() const { return rest_.size(); }
+  /// Whether the line that next() has returned last has a line end: the last line of a file may have none.
+  bool hadEnd() const { return hadEnd_; }
   /// The next line in CP932, without its line end; valid up to the next call.
   std::string_view next();
 
@@ -34,6 +36,7 @@ class NarrowLines {
   TShellData& sh_;
   std::string_view rest_;
   OtherBytes otherBytes_;
+  bool hadEnd_ = false;
   std::u16string wide_;
   std::string narrow_;
 };

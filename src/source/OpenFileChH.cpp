@@ -10,31 +10,31 @@ constexpr Message lineTooLong =
     Message{"line-length",
             Severity::Warning,
             Head::Line,
-            args("count"),
+            args("count", limit("most", kFixedLineLength)),
             {.ja = "一行の中に {count} 文字ある。 "
-                   "ソースコード一行の制限文字数 80 文字（独自仕様）を超えている。 "
+                   "ソースコード一行の制限文字数 {most} 文字（独自仕様）を超えている。 "
                    "エラーにはなりませんが、制限文字数以上は読み込みません。 ",
              .en = "There are {count} characters in the line. "
-                   "The assembler does not read more than 80 characters in a line. (Spec. of Zelvaro): "
+                   "The assembler does not read more than {most} characters in a line. (Spec. of Zelvaro): "
                    "This could cause an error to assemble the line. "}}
         .uncounted();
 constexpr Message tooManyLines{
     "lines-many",
     Severity::Notice,
     Head::None,
-    args("count"),
-    {.ja = "ソースコードのおおよその制限（一つのファイルにつき） 310行 を超えています。"
+    args("count", limit("most", kFixedLines)),
+    {.ja = "ソースコードのおおよその制限（一つのファイルにつき） {most}行 を超えています。"
            "行数を減らす工夫をしてご利用ください。 ",
      .en = "There is a limitation to the number of the lines in a source code file. "
-           "The maximum is 310 lines in a file. There are {count} lines in your source code. "
+           "The maximum is {most} lines in a file. There are {count} lines in your source code. "
            "You are expected to decrease the lines in your file. "}};
 
 /// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
-/// line, or for the line end alone, which needs room as well.
-bool takeRead(std::string_view& line, std::string_view& read) {
+/// line, or for its end alone, which needs room as well.
+bool takeRead(std::string_view& line, bool hasEnd, std::string_view& read) {
   read = firstMozi(line, kFixedReadLength);
   line.remove_prefix(read.size());
-  return !line.empty() || read.size() == kFixedReadLength;
+  return !line.empty() || (hasEnd && read.size() == kFixedReadLength);
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes)
     std::string_view read;
     bool goesOn = true;
     while (goesOn) {
-      goesOn = takeRead(line, read);
+      goesOn = takeRead(line, lines.hadEnd(), read);
       if (!isTold && read.size() > kFixedLineLength) {
         a.sh.report(lineTooLong, store.lineCount(), read.size());
         isTold = true;

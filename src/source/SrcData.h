@@ -27,7 +27,6 @@ struct OprndAtDC {
   ConstKind DataType = ConstKind::Const;
   int WordKazu = 0;  ///< words that it takes
   int Value = 0;     ///< the word of a constant of one word; only the low 16 bits count
-  int RelAdr = 0;    ///< address of its first word, relative to the program
   int AbAdr = 0;     ///< absolute address of its first word
 };
 
@@ -38,8 +37,7 @@ struct AdrConst {
   ConstKind DataType = ConstKind::Const;
   int WordKazu = 0;  ///< 1 for a number, else the number of characters
   int Value = 0;     ///< the word of a number; only the low 16 bits count
-  int RelAdr = 0;
-  int AbAdr = 0;  ///< 0 until the first run of the address pass has placed it
+  int AbAdr = 0;     ///< 0 until the first run of the address pass has placed it
 };
 
 /// A line with a statement.  Lines of blanks and comment lines have no record.  All texts are views into
@@ -61,7 +59,7 @@ struct SrcData {
 
   std::int32_t Line = 0;        ///< 0-based index of the line in the file
   std::int32_t PrgNr = 0;       ///< index of its program
-  std::int32_t RelAdr = 0;      ///< address of the first word, relative to the program
+  std::int32_t RelAdr = 0;      ///< address of the first word, relative to the program; nothing shows it
   std::int32_t AbAdr = 0;       ///< absolute address of the first word
   std::int32_t word_kazu = 0;   ///< number of words of the line
   std::int32_t Word1 = 0;       ///< first word; on an IN or OUT line the address of its first operand
@@ -81,15 +79,15 @@ struct PrgData {
   using View = std::basic_string_view<Char>;
 
   int StartLine = 0;            ///< 0-based line index of the START
-  int EndLine = 0;              ///< 0-based line index of the END
+  int EndLine = 0;              ///< 0-based line index of the END; nothing shows it
   int RecStart = 0;             ///< record of the START line in vecSrc
   int RecEnd = 0;               ///< record of the END line in vecSrc
   View PrgName;                 ///< the label of the START
   bool IsPrgNameInUse = false;  ///< some line of another program names this program
   int PrgSize = 0;              ///< words, literals included
   int AbAdrAtStart = 0;         ///< absolute address of the first word
-  int AbAdrAfterCode = 0;       ///< absolute address behind the last line, ahead of the literals
-  int AbAdrAtEnd = 0;           ///< absolute address of the last word
+  int AbAdrAfterCode = 0;  ///< absolute address after the last line, before the literals; nothing shows it
+  int AbAdrAtEnd = 0;      ///< absolute address of the last word
   /// Label to the record of the first line, START included and END excluded, that carries it.
   std::unordered_map<View, int> Labels;
 

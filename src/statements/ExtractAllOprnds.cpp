@@ -8,26 +8,12 @@ namespace {
 template <class Char>
 void completeLine(Assembly& a, SrcData<Char>& line) {
   switch (opOf(line)) {
-    case Op::SVC:
-      line.word_kazu = 2;
-      break;
     case Op::DC:
       OprndAtDCtoChH(a, line);
       break;
-    case Op::POP:
-    case Op::DS:
-      line.word_kazu = 1;
-      line.Word2 = 0;
-      break;
-    case Op::RPUSH:
-    case Op::RPOP:
     case Op::RET:
     case Op::NOP:
       line.word_kazu = 1;
-      break;
-    case Op::START:
-      line.word_kazu = 1;
-      line.Word1 = line.Word2 = 0;
       break;
     default:
       break;

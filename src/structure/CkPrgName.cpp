@@ -45,10 +45,10 @@ constexpr Message tooLong{
     "program-name-length",
     Severity::Error,
     Head::QuoteLine,
-    args("quote", "count"),
+    args("quote", "count", limit("most", kLabelLength)),
     {.ja = "ラベル の長さは８文字までの制限（仕様）がある。。 \n{quote}: {count} 文字ある。",
      .en =
-         "A label must be 1 to 8 characters in length. \nLabel: {quote}: There are {count} letters in it. "},
+         "A label must be 1 to {most} characters in length. \nLabel: {quote}: There are {count} letters in it. "},
     {{kNarrow, {.ja = "ラベル の長さは８文字まで。\n{quote}: {count} 文字ある。", .en = {}}},
      {kNH, {.ja = "ラベルの長さは８文字まで。\n{quote}: {count} 文字ある。", .en = {}}}}};
 constexpr Message reservedWord{

@@ -18,7 +18,7 @@ constexpr Message nameTwice =
                    "Program {prg1}, line {line1} and Program {prg2}, line {line2}.\n"
                    "Their names must be unique each other. "},
             {{kNH,
-              {.ja = "{prg1} 番目と {prg2} 番目のプログラムが同名である。\n{quote}２ 個ある。",
+              {.ja = "{prg1} 番目と{prg2} 番目のプログラムが同名である。\n{quote}２ 個ある。",
                .en = "The program name has been already defined in both Program {prg1} and Program {prg2}. \n"
                      "Each of the names must be unique. "}}}}
         .withHead({.ja = "エラー：", .en = "Error : "});

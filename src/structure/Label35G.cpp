@@ -37,13 +37,15 @@ constexpr Message tooLong{
     "label-length",
     Severity::Error,
     Head::Line,
-    args("quote", "count"),
-    {.ja = "{quote} ラベルの長さは 8 文字までに制限されている。 {count} 文字ある。",
-     .en = "{quote}  A label must be 1 to 8 characters in length. It includes {count} characters in it. "},
-    {{kNarrow, {.ja = "{quote} ラベルの長さは 8 文字まで。 {count} 文字ある。", .en = {}}},
+    args("quote", "count", limit("most", kLabelLength)),
+    {.ja = "{quote} ラベルの長さは {most} 文字までに制限されている。 {count} 文字ある。",
+     .en =
+         "{quote}  A label must be 1 to {most} characters in length. It includes {count} characters in it. "},
+    {{kNarrow, {.ja = "{quote} ラベルの長さは {most} 文字まで。 {count} 文字ある。", .en = {}}},
      {kNH,
       {.ja = {},
-       .en = "{quote}  A label must be 1 to 8 characters in length. There are {count} characters in it. "}}}};
+       .en =
+           "{quote}  A label must be 1 to {most} characters in length. There are {count} characters in it. "}}}};
 constexpr Message reservedWord{
     "label-register",
     Severity::Error,

@@ -1,6 +1,7 @@
 // The word split: label, opcode, and the operand text behind the opcode.
 #include <algorithm>
 
+#include "diag/Limits.h"
 #include "structure/Structure.h"
 #include "structure/Words.h"
 
@@ -12,12 +13,12 @@ constexpr Message textIsCut =
         "operand-text-cut",
         Severity::Warning,
         Head::Own,
-        args("count"),
+        args("count", limit("most", kOprndLengthRead)),
         {.ja =
-             "Zelvaroの仕様よりも長い行がある。 {count} 文字ある。 225 文字まで読取り、それ以降の文字は読み捨てる。",
+             "Zelvaroの仕様よりも長い行がある。 {count} 文字ある。 {most} 文字まで読取り、それ以降の文字は読み捨てる。",
          .en = "There are {count} characters in the line. "
                "The Spec. of Zelvaro has a length limit for every line. "
-               "The assembler reads 225 characters or less a line. "
+               "The assembler reads {most} characters or less a line. "
                "This might have caused an error for all your intention. "}}
         .withHead({.ja = "警告: {line}行目：", .en = "Warning: {line}: "})
         .uncounted();

@@ -31,18 +31,11 @@ std::basic_string_view<Char> oneBlankInFront(TextArena<Char>& arena, std::basic_
   return {copy, line.size()};
 }
 
-/// The first two runs of blanks become one space each, the rest of the line stays.
 template <class Char>
 std::basic_string_view<Char> firstTwoRunsCut(TextArena<Char>& arena, std::basic_string_view<Char> line) {
   Char* copy = arena.allocate(line.size());
   Char* end = copy;
-  for (int run = 0; run < 2 && findBlank(line) != line.npos; ++run) {
-    const std::size_t blank = findBlank(line);
-    end = std::copy_n(line.begin(), blank, end);
-    *end++ = Char(' ');
-    line = trimLeft(line.substr(blank));
-  }
-  end = std::copy(line.begin(), line.end(), end);
+  withFirstTwoRunsCut(line, [&end](auto piece) { end = std::copy(piece.begin(), piece.end(), end); });
   return {copy, static_cast<std::size_t>(end - copy)};
 }
 
