@@ -125,7 +125,7 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
   folder.write("f", "old");
   rlimit old{};
   ::getrlimit(RLIMIT_FSIZE, &old);
-  for (const rlim_t room : {0, 1, 65'535, 65'536, 65'537, 199'999}) {
+  for (const rlim_t room : {0u, 1u, 65'535u, 65'536u, 65'537u, 199'999u}) {
     rlimit limit = old;
     limit.rlim_cur = room;
     ::setrlimit(RLIMIT_FSIZE, &limit);
