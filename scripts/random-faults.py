@@ -118,7 +118,7 @@ class Collector:
                 # each header once, by itself; a part of a source that is no header with that source
                 name = cursor.location.file.name if cursor.location.file else ""
                 if name == unit.spelling or name.endswith(".inc"):
-                    self.walk(cursor, None)
+                    self.walk(cursor, None, False)
 
     def span(self, cursor):
         """(file, line, first column, column after the last) of what is on one line, columns from 0 in characters."""
@@ -163,9 +163,23 @@ class Collector:
         if gap.strip() in OPERATORS:
             self.add("operator", cursor, first[3] + len(gap) - len(gap.lstrip()))
 
-    def walk(self, cursor, parent):
+    def runs(self, cursor):
+        """Whether a function is for the running program: the faults of a constant expression do not compile."""
+        start = cursor.extent.start
+        file = os.path.relpath(start.file.name, self.tree / "src")
+        text = self.lines.files.get(file, [])[start.line - 1:]
+        return not re.search(r"\b(constexpr|consteval)\b", "\n".join(text).split("{")[0])
+
+    def walk(self, cursor, parent, inside):
+        """Collects below the cursor what is inside a function."""
         k = self.ci.CursorKind
         kind, children = cursor.kind, list(cursor.get_children())
+        if not inside:
+            functions = (k.FUNCTION_DECL, k.FUNCTION_TEMPLATE, k.CXX_METHOD, k.CONSTRUCTOR, k.DESTRUCTOR,
+                         k.CONVERSION_FUNCTION)
+            for child in children:
+                self.walk(child, cursor, kind in functions and self.runs(cursor))
+            return
         if kind in (k.BINARY_OPERATOR, k.COMPOUND_ASSIGNMENT_OPERATOR) and len(children) == 2:
             self.between(cursor, *children)
         elif kind == k.CALL_EXPR and cursor.spelling.startswith("operator") and len(children) == 3:
@@ -188,7 +202,7 @@ class Collector:
                          k.CONTINUE_STMT, k.BREAK_STMT) or (kind == k.RETURN_STMT and not children)):
                 self.add("statement", cursor, semicolon=True)
         for child in children:
-            self.walk(child, cursor)
+            self.walk(child, cursor, True)
 
 
 def as_fault(lines, entry):
@@ -267,9 +281,9 @@ def with_switches(files, lines, faults):
                     for file, content in changed.items()}, where
 
 
-def not_compiled(tree, output, where):
+def not_compiled(output, where):
     """The numbers of the faults at the places of errors, or else at those that the errors mention."""
-    place = re.escape(str(tree)) + r"/(src/[^:]+):(\d+)"
+    place = r"[/ ](src/[^: ]+):(\d+)"
     bad = set()
     for block in re.split(r"\n(?=FAILED: )", output):
         at_errors = {where.get((file, int(nr))) for file, nr in re.findall(place + r":\d+: error:", block)} - {None}
@@ -295,7 +309,7 @@ def build_with(commit, faults):
         if result.returncode == 0:
             note.write_text(json.dumps(as_json(faults)))
             return tree
-        bad = not_compiled(tree, result.stdout, where)
+        bad = not_compiled(result.stdout, where)
         if not bad:
             sys.exit(result.stdout[-8000:] + result.stderr)
         for nr in bad:

@@ -182,7 +182,7 @@ TEST(SetMemory, WritesNothingOutside) {
 
 TEST(SetMemory, ClearsTheWordsOfADS) {
   Linked<> linked("A START\n DS 2\n RET\n END\n");
-  for (const std::size_t adr : {1, 2, 3, 4}) linked.m.Memory[adr] = 7;
+  for (const std::size_t adr : {1u, 2u, 3u, 4u}) linked.m.Memory[adr] = 7;
   EXPECT_EQ(linked.link(), 0);
   EXPECT_THAT(linked.image(0, 5), ::testing::ElementsAre(0, 0, 0, 0x8100, 7));
 }
