@@ -151,7 +151,8 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     if (condition) {                        \
       const std::uint32_t count = e->count; \
       ZELVARO_TARGET_##cut##_##kind();      \
-      if (isTimeToLook(count)) goto Look;   \
+      if (isTimeToLook(count)) [[unlikely]] \
+        goto Look;                          \
       ZELVARO_NEXT();                       \
     }                                       \
     e += 2;                                 \
@@ -181,7 +182,8 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     ZELVARO_PUSHED(kind, e - entries + 2); \
     const std::uint32_t count = e->count;  \
     e = entries + effAdr;                  \
-    if (isTimeToLook(count)) goto Look;    \
+    if (isTimeToLook(count)) [[unlikely]]  \
+      goto Look;                           \
   }
 #define ZELVARO_PART_POP(kind)                  \
   {                                             \
@@ -221,7 +223,8 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     ZELVARO_ADDRESS_##kind();                              \
     stop = serve(m, services, image, effAdr, emptyInputs); \
     e += 2;                                                \
-    if (stop != Stop::End) goto Served;                    \
+    if (stop != Stop::End) [[unlikely]]                    \
+      goto Served;                                         \
   }
 
 // The words that stop a run.

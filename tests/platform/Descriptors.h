@@ -28,26 +28,23 @@ inline std::string received(int fd) {
   return out;
 }
 
-struct Pair {
-  ~Pair() {
+/// Two ends of what is given: a pipe (first reads, second writes) or a terminal (first is the person's side).
+struct Ends {
+  int first = -1, second = -1;
+  ~Ends() {
     closeFirst();
     closeSecond();
   }
   void closeFirst() { ::close(std::exchange(first, -1)); }
   void closeSecond() { ::close(std::exchange(second, -1)); }
-  int first = -1, second = -1;
 };
-
-/// first: the reading end, second: the writing end.
-struct Pipe : Pair {
+struct Pipe : Ends {
   Pipe() {
     int fds[2] = {-1, -1};
     if (::pipe2(fds, O_CLOEXEC) == 0) first = fds[0], second = fds[1];
   }
 };
-
-/// first: the side of the person, second: the side of the program.
-struct Terminal : Pair {
+struct Terminal : Ends {
   Terminal() { ::openpty(&first, &second, nullptr, nullptr, nullptr); }
 };
 

@@ -64,7 +64,7 @@ TEST(Bounds, MemoryGrowsWithTheSizeOnly) {
         return ended.peakMiB;
       };
       const std::size_t none = peakMiB(1), half = peakMiB(c.size / 2), whole = peakMiB(c.size);
-      std::cout << pipeline << ": " << whole << " MiB for " << c.size << " of " << c.before << c.part << "\n";
+      RecordProperty(pipeline + std::to_string(&c - kLarge) + "MiB", std::to_string(whole));
       if (!kMemoryIsTheProgramsOwn) continue;
       EXPECT_LE(whole, c.mostMiB);
       constexpr std::size_t kSlackMiB = 8;

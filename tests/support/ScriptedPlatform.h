@@ -20,7 +20,7 @@ class ScriptedPlatform : public Platform {
   std::set<std::string> unwritable;  ///< names that createFile and commit refuse
   std::vector<std::string> actions;  ///< what was asked of the outside world, a line each
   bool japanese = false;
-  bool gone = false;  ///< nobody follows the console
+  bool gone = false;              ///< nobody follows the console
   int random = 0;                 ///< the next random number
   std::int64_t ticks = 0;         ///< what every clock shows, in microseconds
   std::int64_t ticksPerCall = 0;  ///< by how much each look at a clock moves it on
