@@ -31,9 +31,6 @@ void WatchedPlatform::print(std::string_view utf8) {
       tallies[2] += o->NoteKazu;
       tallies[3] += o->MemoKazu;
     }
-    ScriptedPlatform replay;
-    session->dg.ReplayLog(replay);
-    logText = replay.console;
   }
   takeActions();
   answers.back().text += utf8;

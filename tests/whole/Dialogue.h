@@ -35,7 +35,6 @@ class WatchedPlatform : public ScriptedPlatform {
   Tallies tallies{};                   ///< at the last time line
   Files editing;                       ///< what a file holds once it has been edited
   std::vector<std::string> takenAway;  ///< files that are removed at the end of each answer
-  std::string logText;                 ///< what the replay of the log printed at the last time line
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
@@ -66,5 +65,3 @@ class Dialogue {
 };
 
 }  // namespace zelvaro::test
-
-#include "whole/Assemble.h"
