@@ -69,6 +69,7 @@ std::string Dialogue::run(const std::vector<std::string>& typed) {
   platform.answers.assign(1, {});
   session_ = std::make_unique<TSession>(platform);
   platform.session = session_.get();
+  if (alsoTakes != nullptr) session_->channel.add(*alsoTakes);
   {
     TGame game(*session_);
     game.SetCurrentDirChH();

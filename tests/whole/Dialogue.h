@@ -52,6 +52,7 @@ class WatchedPlatform : public ScriptedPlatform {
 class Dialogue {
  public:
   WatchedPlatform platform;
+  DiagSink* alsoTakes = nullptr;  ///< what is issued, besides the console and the log
 
   /// Starts the program, types the lines and lets the input end; returns all that was printed.
   std::string run(const std::vector<std::string>& typed);
