@@ -21,6 +21,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "shell/ShellRows.h"
 #include "whole/Dialogue.h"
 
 namespace zelvaro::test {
@@ -190,9 +191,16 @@ void prepare(WatchedPlatform& platform, const std::string& directive) {
     FAIL() << "no directive: " << directive;
 }
 
-void play(const std::string& path, const Script& script) {
+/// Keeps the codes of what is issued.
+struct CodesIssued : DiagSink {
+  std::set<std::string_view> codes;
+  void take(const Diagnostic& d) override { codes.insert(d.row->code); }
+};
+
+void play(const std::string& path, const Script& script, CodesIssued& issued) {
   SCOPED_TRACE(script.name);
   Dialogue d;
+  d.alsoTakes = &issued;
   d.platform.files = samples();
   for (const std::string& directive : script.directives) prepare(d.platform, directive);
   d.run(script.typed);
@@ -215,12 +223,14 @@ void play(const std::string& path, const Script& script) {
 
 TEST(Dialogues, GoAsTheScriptsHaveThem) {
   std::size_t count = 0;
+  CodesIssued issued;
   for (const auto& e : std::filesystem::directory_iterator(ZELVARO_ROOT "/tests/dialogues")) {
     if (e.path().extension() != ".dialogue") continue;
-    for (const Script& script : Parser(e.path().string()).scripts) play(e.path().string(), script);
+    for (const Script& script : Parser(e.path().string()).scripts) play(e.path().string(), script, issued);
     ++count;
   }
   EXPECT_EQ(count, 7u);
+  for (const MessageRow* row : shellRows()) EXPECT_TRUE(issued.codes.contains(row->code)) << row->code;
 }
 
 }  // namespace
