@@ -221,6 +221,25 @@ void play(const std::string& path, const Script& script, CodesIssued& issued) {
   }
 }
 
+/// Rows of the shell that need surroundings which no script has: files and folders that refuse, a lack of memory,
+/// programs that do not start.
+const std::set<std::string_view> kOfOtherTests{"memory-lacking",
+                                               "self-folder-not-recorded",
+                                               "self-folder-unknown",
+                                               "settings-not-parsed",
+                                               "settings-not-opened",
+                                               "settings-set-aside",
+                                               "settings-left-alone",
+                                               "settings-not-written",
+                                               "folder-not-listed",
+                                               "file-not-there",
+                                               "deleted",
+                                               "not-deleted",
+                                               "not-shown",
+                                               "editor-not-started",
+                                               "document-not-opened",
+                                               "document-place"};
+
 TEST(Dialogues, GoAsTheScriptsHaveThem) {
   std::size_t count = 0;
   CodesIssued issued;
@@ -229,8 +248,9 @@ TEST(Dialogues, GoAsTheScriptsHaveThem) {
     for (const Script& script : Parser(e.path().string()).scripts) play(e.path().string(), script, issued);
     ++count;
   }
-  EXPECT_EQ(count, 7u);
-  for (const MessageRow* row : shellRows()) EXPECT_TRUE(issued.codes.contains(row->code)) << row->code;
+  EXPECT_EQ(count, 6u);
+  for (const MessageRow* row : shellRows())
+    EXPECT_TRUE(issued.codes.contains(row->code) || kOfOtherTests.contains(row->code)) << row->code;
 }
 
 }  // namespace

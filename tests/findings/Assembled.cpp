@@ -15,7 +15,8 @@ std::string escaped(const std::string& text) {
     times = std::min(text.find_first_not_of(text[i], i), text.size()) - i;
     if (times <= kShort) times = 1;
     const auto byte = static_cast<unsigned char>(text[i]);
-    const std::string one = byte < 32 || byte == 127 ? fmt::format("\\x{:02X}", byte) : std::string(1, text[i]);
+    const std::string one =
+        byte < 32 || byte == 127 ? fmt::format("\\x{:02X}", byte) : std::string(1, text[i]);
     out += times == 1 ? one : fmt::format("{{{}:{}}}", times, one);
   }
   return out;
@@ -44,9 +45,9 @@ Assembled::Assembled(const Family& family, const std::string& bytes, bool runs) 
             RunEnvironment{platform, session.channel, session.timeData, family},
             ReportFile{platform, session.channel, session.timeData, family, Language::English}};
   links = runPhase(pass, Phase::Load) && runPhase(pass, Phase::Check) && runPhase(pass, Phase::Link);
-  for (const TMsgBase* o : {static_cast<const TMsgBase*>(&session.sh),
-                            static_cast<const TMsgBase*>(&session.cs),
-                            static_cast<const TMsgBase*>(&session.b)}) {
+  for (const TMsgBase* o :
+       {static_cast<const TMsgBase*>(&session.sh), static_cast<const TMsgBase*>(&session.cs),
+        static_cast<const TMsgBase*>(&session.b)}) {
     tallies[0] += o->ErrorKazu;
     tallies[1] += o->WarningKazu;
     tallies[2] += o->NoteKazu;

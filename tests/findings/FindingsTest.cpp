@@ -15,12 +15,13 @@ TEST(Findings, AreAsTheCasesHaveThemInEveryFamily) {
     for (const Family& family : families()) {
       const Assembled a(family, c.bytes, c.runs);
       const Expectation& expected = c.expectedOf(family);
-      const std::string words = expected.words.empty() ? "" : a.words(c.line, (expected.words.size() + 1) / 5);
+      const std::string words =
+          expected.words.empty() ? "" : a.words(c.line, (expected.words.size() + 1) / 5);
       const std::string found = a.found(c.line, expected.found);
       if (found != expected.found || words != expected.words)
         ADD_FAILURE_AT(c.file.c_str(), c.lineOfFile)
-            << family.name << "\nexpected " << expected.found << " | " << expected.words << "\nfound    " << found
-            << " | " << words;
+            << family.name << "\nexpected " << expected.found << " | " << expected.words << "\nfound    "
+            << found << " | " << words;
     }
   }
 }

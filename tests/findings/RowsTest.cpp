@@ -69,7 +69,8 @@ Recorder sessions() {
   play("A START\n FOO\n END\n", {"", "1", "a.txt", "", ""});
   play("A START\n LD GR1\n END\n", {"", "1", "a.txt", "", "1", "b.txt"}, "SimpleTitleIndex=1\n");
   play("A START\n SVC 1\n RET\n DC 1,\n END\n", {"", "1", "a.txt", "1", "\xFF\x81", ""});
-  play("A START\n SVC 1\n END\nB START\n RET\n END\n", {"", "1", "a.txt", "2"}, "[Editor]\nTextEditorIndex=7\n");
+  play("A START\n SVC 1\n END\nB START\n RET\n END\n", {"", "1", "a.txt", "2"},
+       "[Editor]\nTextEditorIndex=7\n");
   return all;
 }
 
@@ -155,7 +156,8 @@ TEST(Rows, AreIssuedByACaseOrASessionOrTheirStageAlone) {
   for (const Diagnostic& d : all.issued) issued.insert(d.row->code);
   for (const Case& c : allCases())
     for (const Family& family : families())
-      for (const Diagnostic& d : Assembled(family, c.bytes, c.runs).recorder.issued) issued.insert(d.row->code);
+      for (const Diagnostic& d : Assembled(family, c.bytes, c.runs).recorder.issued)
+        issued.insert(d.row->code);
   for (const MessageRow* row : allRows())  // those of the shell: dialogues/DialoguesTest.cpp
     EXPECT_NE(issued.contains(row->code), kParts.contains(row->code)) << row->code;
 }
