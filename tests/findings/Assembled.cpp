@@ -81,8 +81,10 @@ std::string Assembled::words(int line, std::size_t count) const {
   while (line > 0 && at < kLinesKnown && m.LineOfAddress[at] != line - 1) ++at;
   if (!links || at == kLinesKnown) return "no words";
   std::string out;
-  for (std::size_t i = 0; i < count; ++i)
-    out += fmt::format("{}{:04X}", i == 0 ? "" : " ", m.Memory[at + i] & 0xFFFF);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::int32_t cell = m.Memory[at + i];  // a negative word may be kept as such
+    out += fmt::format("{}{:04X}", i == 0 ? "" : " ", cell < 0 ? unsignedWord(cell) : cell);
+  }
   return out;
 }
 
