@@ -31,9 +31,6 @@ void WatchedPlatform::print(std::string_view utf8) {
       tallies[2] += o->NoteKazu;
       tallies[3] += o->MemoKazu;
     }
-    ScriptedPlatform replay;
-    session->dg.ReplayLog(replay);
-    logText = replay.console;
   }
   takeActions();
   answers.back().text += utf8;
@@ -72,6 +69,7 @@ std::string Dialogue::run(const std::vector<std::string>& typed) {
   platform.answers.assign(1, {});
   session_ = std::make_unique<TSession>(platform);
   platform.session = session_.get();
+  if (alsoTakes != nullptr) session_->channel.add(*alsoTakes);
   {
     TGame game(*session_);
     game.SetCurrentDirChH();

@@ -35,7 +35,6 @@ class WatchedPlatform : public ScriptedPlatform {
   Tallies tallies{};                   ///< at the last time line
   Files editing;                       ///< what a file holds once it has been edited
   std::vector<std::string> takenAway;  ///< files that are removed at the end of each answer
-  std::string logText;                 ///< what the replay of the log printed at the last time line
 
   void print(std::string_view utf8) override;
   std::optional<std::string> readLine() override;
@@ -53,6 +52,7 @@ class WatchedPlatform : public ScriptedPlatform {
 class Dialogue {
  public:
   WatchedPlatform platform;
+  DiagSink* alsoTakes = nullptr;  ///< what is issued, besides the console and the log
 
   /// Starts the program, types the lines and lets the input end; returns all that was printed.
   std::string run(const std::vector<std::string>& typed);
@@ -66,5 +66,3 @@ class Dialogue {
 };
 
 }  // namespace zelvaro::test
-
-#include "whole/Assemble.h"
