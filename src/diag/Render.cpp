@@ -13,7 +13,7 @@ std::string valueOf(const MsgArg& arg, Wording wording) {
 std::string valueOf(const Diagnostic& d, std::string_view hole, Wording wording) {
   for (std::size_t i = 0; i < d.args.size(); ++i)
     if (hole == d.row->argName[i]) return valueOf(d.args[i], wording);
-  return std::to_string(d.line + 1);  // {line}: the compiler has refused every other name
+  return std::to_string(d.line + 1);  // {line}: any other name does not compile
 }
 
 std::string fillHoles(std::string_view text, const Diagnostic& d, Wording wording) {
