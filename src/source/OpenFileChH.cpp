@@ -29,8 +29,8 @@ constexpr Message tooManyLines{
            "The maximum is 310 lines in a file. There are {count} lines in your source code. "
            "You are expected to decrease the lines in your file. "}};
 
-/// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
-/// line, or for the line end alone, which needs room as well.
+/// Removes the bytes of one read from the beginning of a line.  True if another read follows: for the rest of
+/// the line, or for the line end alone, which needs space in the buffer too.
 bool takeRead(std::string_view& line, std::string_view& read) {
   read = firstMozi(line, kFixedReadLength);
   line.remove_prefix(read.size());

@@ -13,11 +13,11 @@ using ViewOf = std::basic_string_view<Char>;
 
 /// What a constant of a DC or of a literal is.
 enum class ConstKind : std::uint8_t {
-  Const,      ///< not yet told apart
+  Const,      ///< not yet determined
   Dec,        ///< decimal, one word
   Hex,        ///< hexadecimal, one word
   AdrConst,   ///< a label, one word
-  CharConst,  ///< a character constant, one word a character
+  CharConst,  ///< a character constant, one word per character
 };
 
 /// An operand of a DC.
@@ -25,8 +25,8 @@ template <class Char>
 struct OprndAtDC {
   std::basic_string_view<Char> ConstStr;  ///< the cleaned text, with its quotes if it is a character constant
   ConstKind DataType = ConstKind::Const;
-  int WordKazu = 0;  ///< words that it takes
-  int Value = 0;     ///< the word of a constant of one word; only the low 16 bits count
+  int WordKazu = 0;  ///< number of its words
+  int Value = 0;     ///< the word of a constant of one word; only the low 16 bits are used
   int RelAdr = 0;    ///< address of its first word, relative to the program
   int AbAdr = 0;     ///< absolute address of its first word
 };
@@ -34,12 +34,12 @@ struct OprndAtDC {
 /// The literal of a line.
 template <class Char>
 struct AdrConst {
-  std::basic_string_view<Char> ConstStr;  ///< the text behind the equal sign
+  std::basic_string_view<Char> ConstStr;  ///< the text after the equal sign
   ConstKind DataType = ConstKind::Const;
   int WordKazu = 0;  ///< 1 for a number, else the number of characters
-  int Value = 0;     ///< the word of a number; only the low 16 bits count
+  int Value = 0;     ///< the word of a number; only the low 16 bits are used
   int RelAdr = 0;
-  int AbAdr = 0;  ///< 0 until the first run of the address pass has placed it
+  int AbAdr = 0;  ///< 0 until the first run of the address pass
 };
 
 /// A line with a statement.  Lines of blanks and comment lines have no record.  All texts are views into
@@ -54,9 +54,9 @@ struct SrcData {
 
   View SrcStr;       ///< the line as loaded, without its line end
   View SrcWork;      ///< the working text: the normalised line first, the operand text later
-  View LabelStr;     ///< empty where the line begins with a blank
+  View LabelStr;     ///< empty if the line begins with a blank
   View OpStr;        ///< the opcode word as written
-  View OprndComStr;  ///< operands, and until it is cut the comment
+  View OprndComStr;  ///< operands, and the comment until it is removed
   std::array<View, kOprnds> Oprnd{};
 
   std::int32_t Line = 0;        ///< 0-based index of the line in the file
@@ -88,9 +88,9 @@ struct PrgData {
   bool IsPrgNameInUse = false;  ///< some line of another program names this program
   int PrgSize = 0;              ///< words, literals included
   int AbAdrAtStart = 0;         ///< absolute address of the first word
-  int AbAdrAfterCode = 0;       ///< absolute address behind the last line, ahead of the literals
+  int AbAdrAfterCode = 0;       ///< absolute address after the last line, before the literals; not shown
   int AbAdrAtEnd = 0;           ///< absolute address of the last word
-  /// Label to the record of the first line, START included and END excluded, that carries it.
+  /// From a label to the record of the first line that has it, START included and END excluded.
   std::unordered_map<View, int> Labels;
 
   /// The record of the line with that label, or -1.
