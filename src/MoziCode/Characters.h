@@ -1,5 +1,5 @@
-// Character classes, trimming and plain search for the texts of line records: wide text is UTF-16, narrow text
-// is CP932.  Each function takes both.  Utf.h has the same for UTF-8.
+// Character classes, trimming and plain search for the texts of line records: wide text is UTF-16, narrow
+// text is CP932.  Each function takes both.  Utf.h has the same for UTF-8.
 #pragma once
 
 #include <algorithm>
@@ -35,7 +35,7 @@ template <class Char>
 constexpr bool isHexDigit(Char c) {
   return isDigit(c) || (c >= Char('A') && c <= Char('F'));
 }
-/// What a label may consist of.
+/// Whether a label may contain the character.
 template <class Char>
 constexpr bool isLabelMozi(Char c) {
   return isCapital(c) || isDigit(c);
@@ -44,7 +44,7 @@ template <class Char>
 constexpr bool isSign(Char c) {
   return c == Char('+') || c == Char('-');
 }
-/// What may begin a number apart from a digit.
+/// Whether a number may begin with the character: the signs, besides the digits.
 template <class Char>
 constexpr bool isSignOrHash(Char c) {
   return isSign(c) || c == Char('#');
@@ -52,9 +52,9 @@ constexpr bool isSignOrHash(Char c) {
 
 // --- digits ---
 
-inline constexpr std::string_view kDigits = "0123456789ABCDEF";  ///< by their values
+inline constexpr std::string_view kDigits = "0123456789ABCDEF";  ///< indexed by value
 
-/// The value of a digit 0 to 9 or A to F; nothing else may be given.
+/// The value of a digit, 0 to 15.  `c` must be 0 to 9 or A to F.
 template <class Char>
 constexpr int digitValue(Char c) {
   return isDigit(c) ? c - Char('0') : c - Char('A') + 10;
@@ -123,14 +123,14 @@ constexpr std::basic_string_view<Char> zenKakuSpace() {
     return u"\u3000";
   }
 }
-/// How many elements of a text the character takes that begins with `c`; half of a surrogate pair counts as
-/// a character.
+/// How many elements of a text a character takes whose first element is `c`: 1 or 2 bytes of narrow text, 1
+/// for wide text, where each half of a surrogate pair counts.
 template <class Char>
 constexpr std::size_t sizeOfMozi(Char c) {
   if constexpr (sizeof(Char) == 1) return isCp932Lead(c) ? 2 : 1;
   return 1;
 }
-/// The character at an index, whole: both bytes or both code units where it has two.
+/// The whole character at an index: both bytes or both code units if it has two.
 template <class Char>
 constexpr std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text, std::size_t i) {
   if constexpr (sizeof(Char) == 1) {
@@ -139,8 +139,8 @@ constexpr std::basic_string_view<Char> moziAt(std::basic_string_view<Char> text,
     return text.substr(i, isHighSurrogate(text[i]) ? 2 : 1);
   }
 }
-/// The characters at the front of a text: `size` elements, or one less where the last one would begin a
-/// character of two.
+/// The beginning of a text: `size` elements, or one less if the last one would be the first half of a
+/// character.
 template <class Char>
 constexpr std::basic_string_view<Char> firstMozi(std::basic_string_view<Char> text, std::size_t size) {
   if (text.size() <= size) return text;
@@ -164,8 +164,8 @@ constexpr bool holdsZenKakuSpace(std::basic_string_view<Char> text) {
   }
 }
 
-/// Whether a word holds a character of two bytes in CP932.  An invalid sequence of narrow text ends the
-/// search.
+/// Whether a word holds a full-width character, that is, one of two bytes in CP932.  The search ends at an
+/// invalid sequence of narrow text.
 template <class Char>
 constexpr bool holdsFullWidth(std::basic_string_view<Char> word) {
   if constexpr (sizeof(Char) == 1) {
@@ -187,7 +187,7 @@ constexpr int upperCaseTest(View word) {
     if (!isLabelMozi(word[i])) return static_cast<int>(i);
   return 0;
 }
-/// Index of the first letter a to z, or npos.  The second byte of a full-width character is no letter.
+/// Index of the first letter a to z, or npos.  The second byte of a full-width character is not a letter.
 template <class View>
 constexpr std::size_t findSmall(View word) {
   for (std::size_t i = 0; i < word.size(); i += sizeOfMozi(word[i]))

@@ -10,9 +10,10 @@
 namespace zelvaro {
 namespace {
 
-// The tables are made by the compiler, so they are the same everywhere and nothing is written at run time.
+// The tables are computed at compile time, so they are the same everywhere and nothing is written at run
+// time.
 
-using Code = std::uint16_t;  ///< a code of one or two bytes; 0 for none, since ASCII is not looked up
+using Code = std::uint16_t;  ///< a code of one or two bytes; 0 means none: ASCII is not looked up
 
 constexpr std::size_t kTrails = 188;  ///< 40 to FC without 7F
 constexpr Code kHalfKatakana = 0xA1;  ///< to DF
@@ -31,7 +32,7 @@ constexpr bool isHalfKatakana(std::uint8_t b) {
   return b >= kHalfKatakana && b <= 0xDF;
 }
 
-/// The position of a double-byte code among all of them.  Successive codes have successive cells.
+/// The index of a double-byte code in the table.  Successive codes have successive indexes.
 constexpr std::size_t cellOf(std::uint8_t lead, std::uint8_t trail) {
   const std::size_t row = lead - (lead < 0xE0 ? 0x81u : 0xC1u);
   return row * kTrails + trail - (trail < 0x7F ? 0x40u : 0x41u);
@@ -55,14 +56,14 @@ constexpr void forEachCode(Put put) {
     put(cellOf(kUserDefined) + i, static_cast<char16_t>(kUserDefinedWide + i));
 }
 
-/// From a cell to the character, 0 for none.
+/// From an index to the character, 0 for none.
 constexpr auto kWide = [] {
   std::array<char16_t, cellOf(0xFCFC) + 1> wide{};
   forEachCode([&wide](std::size_t cell, char16_t c) { wide[cell] = c; });
   return wide;
 }();
 
-// From a character to the code in two steps, since few of the 256 pages of 256 characters are in use.
+// From a character to its code in two steps, since few of the 256 pages of 256 characters are in use.
 
 using Page = std::array<Code, 256>;
 
@@ -102,7 +103,7 @@ Code codeOf(char16_t c) {
   return kPages[kPageOf.at[c >> 8]][c & 0xFF];
 }
 
-/// The character at the front of `bytes`, which is taken off: 0 for a byte that begins none.
+/// Removes the first character of `bytes` and returns it; 0 for a byte that begins no character.
 char16_t takeCharacter(std::string_view& bytes) {
   const auto first = static_cast<std::uint8_t>(bytes[0]);
   if (isLead(first) && bytes.size() > 1) {

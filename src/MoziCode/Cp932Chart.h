@@ -1,8 +1,8 @@
-// The characters of CP932 as text, in the order of their codes.  A row of kanji has its number in the chart of
-// JIS X 0208 beside it; the rows of IBM's extensions go on counting.
+// The characters of CP932 as text, in the order of their codes.  The comment after a row of kanji is its
+// number in JIS X 0208; the numbers of IBM's extensions continue that count.
 //
-// Characters that Unicode normalisation (NFC) replaces by others are written as numbers, so that no editor or
-// tool can change them unseen.
+// Characters that Unicode normalisation (NFC) would replace are written as numbers, so that no editor or tool
+// changes them unnoticed.
 #pragma once
 
 #include <cstdint>
@@ -97,8 +97,9 @@ struct Run {
   std::u16string_view text;
 };
 
-/// All runs.  Some characters have several codes; the first one here is the one that text is converted to: JIS
-/// before NEC's row 13 before IBM's extensions (FA to FC) before NEC's selection of the same (ED, EE).
+/// All runs.  Some characters have several codes; the first one in this table is the one that text is
+/// converted to: JIS before NEC's row 13 before IBM's extensions (FA to FC) before NEC's selection of them
+/// (ED, EE).
 inline constexpr Run kRuns[] = {
     {0x8140, u"　、。，．・：；？！゛゜´｀¨＾￣＿ヽヾゝゞ〃仝々〆〇ー―‐／＼～∥｜…‥‘’“”（）〔〕［］｛｝〈〉《》「」『』【】＋－±×÷＝≠＜＞≦≧∞∴♂♀°′″℃￥＄￠￡％＃＆＊＠§☆★○●◎◇"
              u"◆□■△▲▽▼※〒→←↑↓〓"},

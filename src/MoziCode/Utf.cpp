@@ -7,7 +7,8 @@
 namespace zelvaro {
 namespace {
 
-/// Length of the sequence that `lead` announces and the range of its second byte; 0 for no lead byte.
+/// Length of the sequence that begins with `lead` and the range of its second byte; 0 if it is not a lead
+/// byte.
 struct Sequence {
   std::size_t length;
   unsigned char low, high;
@@ -24,13 +25,13 @@ Sequence sequenceOf(unsigned char lead) {
   return {0, 0, 0};
 }
 
-/// How many bytes the character has that begins with `c`, by its first byte alone.
+/// How many bytes a character has whose first byte is `c`.
 std::size_t announcedLength(char c) {
   const auto b = static_cast<unsigned char>(c);
   return b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
 }
 
-/// Takes one blank of any kind off either end; false if there is none.
+/// Removes one blank of any kind from either end; false if there is none.
 bool dropBlank(std::string_view& utf8) {
   for (const std::string_view blank : {std::string_view(" "), std::string_view("\t"), kZenKakuSpaceUtf8}) {
     if (utf8.starts_with(blank)) {

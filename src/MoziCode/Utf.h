@@ -23,25 +23,25 @@ void appendUtf8(std::string& out, char32_t codePoint);
 bool utf8ToUtf16(std::string_view bytes, std::u16string& out);
 std::u16string toUtf16(std::string_view utf8);
 
-/// What is at the front of a UTF-8 text.
+/// The beginning of a UTF-8 text.
 struct Utf8Mozi {
   enum class Kind : std::uint8_t {
     Whole,      ///< a character
-    Cut,        ///< the bytes end within what may become a character
-    IllFormed,  ///< no character: longer than needed, a surrogate, beyond U+10FFFF, a stray byte
+    Cut,        ///< the bytes end inside a character that is well-formed so far
+    IllFormed,  ///< not a character: an overlong form, a surrogate, beyond U+10FFFF, a stray byte
   };
   Kind kind = Kind::IllFormed;
-  std::size_t size = 0;    ///< its bytes; of an ill-formed part, those that a character could have begun with
-  char32_t codePoint = 0;  ///< of a whole character
+  std::size_t size = 0;    ///< in bytes; for an ill-formed part, the longest prefix of a possible character
+  char32_t codePoint = 0;  ///< set for a whole character
 };
-/// Looks at the first character of `bytes`, which are not empty.
+/// Decodes the first character of `bytes`, which must not be empty.
 Utf8Mozi decodeUtf8(std::string_view bytes);
 
-/// Whether a character does more on a terminal than show itself, so that it has to be shown by its number: it
-/// steers the terminal (C0, C1, line and paragraph separators), reorders the text around it (bidirectional
-/// controls), is invisible (tags, fillers, joiners of words and the like) or no character at all (surrogates,
-/// beyond U+10FFFF).  Line feed and tab are among them; a caller that wants them lets them pass.  What ordinary
-/// writing needs is not: combining marks, variation selectors, the joiners in emoji.
+/// Whether a character must not be sent to a terminal as it is: it controls the terminal (C0, C1, line and
+/// paragraph separators), reorders the text around it (bidirectional controls), is invisible (tags, fillers,
+/// word joiners and the like) or is not a character at all (surrogates, beyond U+10FFFF).  True for line feed
+/// and tab too; a caller that allows them tests them first.  False for what ordinary text needs: combining
+/// marks, variation selectors, the joiners in emoji.
 bool isUnsafeOnTerminal(char32_t codePoint);
 
 /// Whether all bytes are below 0x80.
@@ -53,19 +53,19 @@ constexpr bool isHighSurrogate(char16_t c) {
 constexpr bool isLowSurrogate(char16_t c) {
   return (c & 0xFC00) == 0xDC00;
 }
-/// Whether a byte of UTF-8 is not the first of its character.
+/// Whether a byte of UTF-8 is a continuation byte.
 constexpr bool isContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0u) == 0x80u;
 }
 
-/// The first characters of UTF-8 text, `count` at most.
+/// The first characters of UTF-8 text, at most `count`.
 std::string_view firstCharacters(std::string_view utf8, std::size_t count);
-/// The first bytes of UTF-8 text, `most` at most (4 or more), without a part of a character at the end.
+/// The first bytes of UTF-8 text, at most `most` (4 or more), without a partial character at the end.
 std::string_view firstBytes(std::string_view utf8, std::size_t most);
 /// UTF-8 text without spaces, tabs and full-width spaces at either end.
 std::string_view trimAnyBlanks(std::string_view utf8);
 
-/// The 16-bit units of UTF-16 text in bytes; an odd byte at the end is not one of them.
+/// The 16-bit units of UTF-16 text given as bytes; an odd byte at the end is ignored.
 class Utf16Units {
  public:
   Utf16Units(std::string_view bytes, bool littleEndian)
@@ -80,7 +80,7 @@ class Utf16Units {
  private:
   const unsigned char* bytes_;
   std::size_t size_;
-  std::size_t low_;  ///< which byte of a pair is the low one
+  std::size_t low_;  ///< index of the low byte in a pair of bytes
 };
 
 }  // namespace zelvaro

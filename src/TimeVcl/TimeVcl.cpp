@@ -31,20 +31,20 @@ constexpr std::size_t at(Stamp stamp) {
   return static_cast<std::size_t>(stamp);
 }
 
-/// A span by the clock chosen.
+/// A time span of the selected clock.
 struct Span {
   std::int64_t ms = 0;      ///< whole milliseconds
-  std::int64_t tenths = 0;  ///< tenths of a millisecond behind them, QPC only
+  std::int64_t tenths = 0;  ///< 0 to 9 tenths of a millisecond after them, QPC only
 };
 
 template <class Stamps>
 std::int64_t between(const Stamps& stamps, const SpanName& s) {
-  // a system clock that was set back gives no negative time
+  // a system clock that was set back must not give a negative time
   const std::int64_t d = std::int64_t{stamps[at(s.to)]} - std::int64_t{stamps[at(s.from)]};
   return std::max<std::int64_t>(d, 0);
 }
 
-/// Without a frequency there is nothing to divide by: told, and the span counts as none.
+/// The frequency is the divisor: if it is 0, that is reported and the span is 0.
 Span spanOfQPC(const TimeData& t, Platform& platform, const SpanName& s) {
   const std::int64_t f = platform.performanceFrequency();
   if (f == 0) {
@@ -67,7 +67,7 @@ const SpanName* findSpan(std::string_view name) {
   return s == std::end(kSpans) ? nullptr : s;
 }
 
-/// Milliseconds as seconds with three digits behind the point.
+/// Milliseconds as seconds with three digits after the decimal point.
 std::string seconds(std::int64_t ms) {
   const std::string rest = std::to_string(ms % 1000);
   return std::to_string(ms / 1000) + "." + std::string(3 - rest.size(), '0') + rest + " sec";

@@ -14,7 +14,7 @@ namespace zelvaro {
 enum class Stamp { ReadFileStart, AssembleStart, AssembleEnd, LinkEnd, RunStart, RunEnd };
 inline constexpr std::size_t kStamps = 6;
 
-/// The shared record of the chosen clock and its stamps.
+/// The shared record of the selected clock and its stamps.
 struct TimeData {
   std::string ClockName = "QPC";
   int ClockIndex = 0;                               ///< 0 QPC, 1 std::chrono, 2 std::clock()
@@ -26,7 +26,7 @@ struct TimeData {
   void SetClockByName(std::string_view name);
 };
 
-/// Takes a stamp with the clock chosen.
+/// Takes a stamp with the selected clock.
 void takeStamp(TimeData& t, Platform& platform, Stamp stamp);
 
 /// A span by its name: "ReadFileTime", "AssembleTime", "LinkTime" or "RunTime", as a text with its unit ...

@@ -1,5 +1,5 @@
-// Rows of cells that cost nothing until they are used.  Memory that is touched for the first time is the
-// chief cost of a short run, so nothing here writes a cell that nobody has asked for.
+// Arrays of cells that cost nothing until they are used.  The first access to a page of memory is the main
+// cost of a short run, so nothing here writes a cell before it is needed.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 
 namespace zelvaro {
 
-/// `size` values of 0, given page by page as they are touched.
+/// Allocates `size` values of 0, which the system provides page by page at the first access.
 template <class T>
 class ZeroedArray {
  public:
@@ -27,7 +27,7 @@ class ZeroedArray {
   std::unique_ptr<T[], Free> data_;
 };
 
-/// A row of 32-bit cells that begin with the same value, 0 or another.  Indexes are 0 to size - 1.
+/// An array of 32-bit cells with a common initial value, 0 or another.  Indexes are 0 to size - 1.
 class Cells {
  public:
   Cells(std::size_t size, std::int32_t initial) : size_(size), initial_(initial), cells_(size) {}
@@ -41,14 +41,14 @@ class Cells {
   Cells& operator=(Cells&&) noexcept = default;
 
   std::size_t size() const { return size_; }
-  /// From here on every cell has the value it began with.
+  /// Resets every cell to the initial value.
   std::size_t touched() const { return touched_; }
   std::int32_t operator[](std::size_t at) const { return at < touched_ ? cells_.get()[at] : initial_; }
   std::int32_t& operator[](std::size_t at) {
     if (at >= touched_) touch(at);
     return cells_.get()[at];
   }
-  /// All cells, for a reader and writer that goes where it likes.
+  /// All cells, for random access: sets those not used so far to the initial value first.
   std::int32_t* data() {
     if (initial_ != 0 && touched_ < size_) touch(size_ - 1);
     touched_ = size_;
@@ -57,7 +57,7 @@ class Cells {
   std::int32_t* begin() { return data(); }
   std::int32_t* end() { return data() + size_; }
 
-  /// Sets every cell to the value it began with.
+  /// Writes the initial value to every cell.
   void reset() {
     if (initial_ == 0 && touched_ == size_)
       cells_ = ZeroedArray<std::int32_t>(size_);
@@ -67,7 +67,7 @@ class Cells {
   }
 
  private:
-  /// Cells below touched_ hold their value; those from there on hold 0 in storage.
+  /// Cells below touched_ hold their value; those from touched_ on are 0 in the storage.
   void touch(std::size_t at) {
     if (initial_ != 0) std::fill(cells_.get() + touched_, cells_.get() + at + 1, initial_);
     touched_ = at + 1;

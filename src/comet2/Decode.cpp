@@ -5,12 +5,12 @@
 namespace zelvaro {
 namespace {
 
-/// What the loop knows of a handler.
+/// The properties of a handler.
 struct HandlerInfo {
-  std::uint8_t words = 1;    ///< of its first instruction
-  std::uint8_t parts = 1;    ///< instructions
+  std::uint8_t words = 1;    ///< words of its first instruction
+  std::uint8_t parts = 1;    ///< number of instructions
   bool loadsDirect = false;  ///< loads from the address that its second word names
-  bool canBeFirst = false;   ///< some handler begins with this instruction
+  bool canBeFirst = false;   ///< another handler begins with this instruction
 };
 
 enum class Kind { Direct, Indexed, Register, Plain };
@@ -22,7 +22,7 @@ constexpr HandlerInfo infoOf(Op op, Kind kind) {
   return info;
 }
 
-/// A handler of several instructions: the first one and the handler of the rest.
+/// A handler for several instructions: the first instruction and the handler of the rest.
 struct FusedRow {
   Handler first, rest, fused;
   std::uint8_t parts;
@@ -58,15 +58,15 @@ constexpr auto kInfo = [] {
   return table;
 }();
 
-/// The handler that does two others in a row, or Handler::Decode.
+/// The handler that executes two others in a row, or Handler::Decode if there is none.
 constexpr auto kFused = [] {
   std::array<std::array<Handler, kHandlers>, indexOf(kFusedRows[0].fused)> table{};
   for (const FusedRow& row : kFusedRows) table[indexOf(row.first)][indexOf(row.rest)] = row.fused;
   return table;
 }();
 
-/// An operation code: its handlers without and with an index register, and which register fields of the
-/// first word have to name a register.
+/// An operation code: its handlers without and with an index register, and which register fields of the first
+/// word must be 0 to 7.
 struct Code {
   Handler direct = Handler::UnregisteredStop;
   Handler indexed = Handler::UnregisteredStop;
@@ -109,7 +109,7 @@ void Decoded::clear(int adr, unsigned bit) {
   readers = static_cast<std::uint8_t>(readers & ~bit);
 }
 
-/// Takes the instruction of an address apart, if that has not been done, and returns its handler.
+/// Decodes the instruction of an address, if that has not been done, and returns its handler.
 Handler Decoded::single(int adr) {
   Entry& e = entries_.get()[adr];
   if (has(adr, kFirstWord)) return e.single;
@@ -131,7 +131,7 @@ Handler Decoded::single(int adr) {
   return e.single;
 }
 
-/// The handler of an address that does up to `following` more instructions.
+/// The handler for the instruction of an address and up to `following` more instructions.
 Handler Decoded::withFollowing(int adr, int following) {
   const Handler first = single(adr);
   const HandlerInfo& info = kInfo[indexOf(first)];
@@ -153,7 +153,7 @@ Handler Decoded::decode(int adr) {
   return handler;
 }
 
-/// The entry is decoded again when it is met, and no longer does the instructions behind its own.
+/// Sets an entry to be decoded again when it is executed next; it then covers only its own instruction.
 void Decoded::dropHandler(int adr) {
   Entry& e = entries_.get()[adr];
   if (e.handler == 0) return;
@@ -162,7 +162,7 @@ void Decoded::dropHandler(int adr) {
   for (int distance = 1; distance <= kGreatestDistance; ++distance) clear(adr + distance, fusedBit(distance));
 }
 
-/// Nothing is known of the instruction any more, so whatever does it is dropped.
+/// The instruction has changed: drops every entry whose handler executes it.
 void Decoded::dropInstruction(int adr) {
   for (int distance = 1; distance <= kGreatestDistance; ++distance)
     if (has(adr, fusedBit(distance))) dropHandler(adr - distance);
@@ -171,8 +171,8 @@ void Decoded::dropInstruction(int adr) {
   clear(adr, kFirstWord);
 }
 
-/// The handlers take the second word from its entry at each execution, so it is enough to mend it there,
-/// unless the decoding has looked at it: a load's address and the limit.
+/// The handlers read the second word from its entry at each execution, so it is enough to update it there,
+/// except where the decoding depends on it: the address of a load is compared with the limit.
 void Decoded::changeSecondWord(int adr, int word) {
   Entry& e = entries_.get()[adr];
   const bool wasLookedAt = kInfo[indexOf(e.single)].loadsDirect && (e.second > limit_ || word > limit_);
@@ -188,7 +188,7 @@ void Decoded::stored(int adr) {
   if (has(adr, kFirstWord)) dropInstruction(adr);
 }
 
-/// The counts are 32-bit integers: those of a very long run begin again.
+/// The counts are 32-bit integers: those of a very long run wrap around.
 std::int32_t Decoded::countOf(const Cells& ExecCount, int adr) const {
   const std::int32_t before = ExecCount[static_cast<std::size_t>(adr)];
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(before) + entries_.get()[adr].count);

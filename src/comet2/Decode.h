@@ -1,5 +1,5 @@
-// The image as the run loop sees it: an entry an address, decoded when it is first met and dropped when a
-// store changes what it was made of.
+// The decoded image: one entry per address, decoded at the first execution and dropped when a store changes a
+// word that it was decoded from.
 #pragma once
 
 #include <array>
@@ -10,7 +10,7 @@
 
 namespace zelvaro {
 
-/// What an entry does.  Decode, 0, means that it has to be decoded first.
+/// What an entry executes.  Decode, 0, means that it must be decoded first.
 enum class Handler : std::uint8_t {
   Decode,
 #define ZELVARO_STOP(name) name,
@@ -22,43 +22,45 @@ enum class Handler : std::uint8_t {
 };
 inline constexpr auto kHandlers = static_cast<std::size_t>(Handler::Count);
 
-/// An address.  All zero where the run has not been.
+/// The entry of an address.  All zero until the address is executed.
 struct Entry {
-  std::int32_t handler;  ///< where the loop goes on, relative to its decoding; 0: decode
+  std::int32_t handler;  ///< the jump target in the run loop, relative to that of Decode; 0: decode
   std::uint32_t count;   ///< executions in this run
   std::uint16_t second;  ///< the second word
   std::uint8_t r, x;     ///< the fields of the first word
-  Handler single;        ///< the instruction itself, where Decoded::kFirstWord says that it is known
-  std::uint8_t drops;    ///< how often the handler has been dropped, up to Decoded::kMostDrops
+  Handler single;        ///< the handler of this instruction alone, valid if Decoded::kFirstWord is set
+  std::uint8_t drops;    ///< how often the handler has been dropped, 0 to Decoded::kMostDrops
 };
 
-/// The decoded image.  A handler of several instructions belongs to the entry of the first one and takes the
-/// fields of the others from their own entries, which stay as they are; so a jump between them is right.
+/// The decoded image.  A handler for several instructions belongs to the entry of the first one and reads the
+/// fields of the others from their own entries, which stay unchanged; so a jump to one of the others is
+/// correct.
 class Decoded {
  public:
-  static constexpr std::uint8_t kMostDrops = 8;  ///< an entry dropped so often is not fused any more
+  static constexpr std::uint8_t kMostDrops = 8;  ///< an entry dropped this often is not fused any more
 
-  /// `memory` are all cells of the machine; no instruction is met above `limit`.
+  /// `memory` is all cells of the machine; no instruction is executed above the address `limit`.
   Decoded(const std::int32_t* memory, int limit) : memory_(memory), limit_(limit) {}
 
   Entry* entries() { return entries_.get(); }
-  /// A byte a word: not 0 if something has been made of it, so that stored() has to be told of a change.
+  /// One byte per word: not 0 if an entry was decoded from it, so that stored() must be called after a
+  /// change.
   const std::uint8_t* readers() const { return readers_.get(); }
 
-  /// Decodes the entry of an address up to the limit.  The caller sets its handler.
+  /// Decodes the entry of an address, 0 to the limit.  The caller sets its handler.
   Handler decode(int adr);
-  /// The cell of `adr` has changed: drops or mends what was made of it.
+  /// To be called when the cell of `adr` has changed: drops or updates the entries decoded from it.
   void stored(int adr);
-  /// How often an address has been executed, up to now.
+  /// How often an address has been executed so far.
   std::int32_t countOf(const Cells& ExecCount, int adr) const;
-  /// Adds the executions of this run.
+  /// Adds the executions of this run to ExecCount.
   void addCountsTo(Cells& ExecCount);
 
  private:
-  // What a word of the image is to the entries, as bits of readers_.
+  // How the entries use a word of the image, as bits of readers_.
   static constexpr unsigned kFirstWord = 1;   ///< the first word of the entry of this address
-  static constexpr unsigned kSecondWord = 2;  ///< the second word of the entry in front
-  /// The first word of an instruction that the handler `distance` addresses in front does as well.
+  static constexpr unsigned kSecondWord = 2;  ///< the second word of the previous address's entry
+  /// The first word of an instruction that the handler `distance` addresses before executes too.
   static constexpr unsigned fusedBit(int distance) { return 2u << static_cast<unsigned>(distance); }
   static constexpr int kGreatestDistance = 4;
 

@@ -46,7 +46,7 @@ inline void SUBL(std::int32_t& r, std::int32_t m, Flags& f) {
   storeUnsigned(r, unsignedWord(r) - unsignedWord(m), f);
 }
 
-/// AND, OR and XOR work on the whole integers.
+/// AND, OR and XOR operate on all 32 bits.
 inline void storeWhole(std::int32_t& r, std::int32_t v, Flags& f) {
   r = v;
   f.sz = signedWord(v);
@@ -69,13 +69,13 @@ inline void CPL(const std::int32_t& r, std::int32_t m, Flags& f) {
   f = {unsignedWord(r) - unsignedWord(m), 0};
 }
 
-/// A shift by n = 0 to 65535: the new value of the register, the flags in `f`.
+/// A shift by n = 0 to 65535.  Returns the new value of the register and sets the flags in `f`.
 
 inline std::int32_t sla550(std::int32_t r, std::int32_t n, Flags& f) {
   const std::int32_t v = unsignedWord(r);
   const std::int32_t sign = v & 0x8000;
   const std::int32_t shifted = n > 15 ? 0 : (v & 0x7FFF) << n;
-  f.ovf = n == 0 ? 0 : shifted & 0x8000;  // the last bit out of bit 14
+  f.ovf = n == 0 ? 0 : shifted & 0x8000;  // the last bit shifted out of bit 14
   f.sz = signedWord(sign | (shifted & 0x7FFF));
   return f.sz;
 }

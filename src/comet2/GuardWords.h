@@ -1,5 +1,6 @@
-// The words of the guards, in the order in which a run meets them in one step.  Included by Guards.cpp alone.
-// The figures 64500, 64700, 64000, 3200 and 3465 are parts of the texts: they follow no constant.
+// The messages of the guards, in the order in which one step of a run checks them.  Only Guards.cpp includes
+// this.  The numbers 64500, 64700, 64000, 3200 and 3465 are parts of the texts and do not follow any
+// constant.
 #pragma once
 
 #include "diag/Message.h"
@@ -107,7 +108,7 @@ inline constexpr Message registerGuard{
              "because an opcode of #{word} is going to be executed. \n"
              "Program Register(PR)=#{hex4}= {dec}(Address in Decimal Number).  \n"}}}};
 
-/// Its first words; loadGuardCells follows.
+/// The first part of the message; loadGuardCells follows.
 inline constexpr Message loadGuard{
     "load-guard",
     Severity::Notice,
@@ -131,7 +132,7 @@ inline constexpr Message loadGuard{
              "The virtual OS has detected that the comet2 "
              "is going to access a memory beyond MaxMemory. \n"}}}};
 
-/// The instruction's two words and the cell that the second one names, no index register added.
+/// The instruction's two words and the cell that the second one addresses, without the index register.
 inline constexpr Message loadGuardCells{
     "load-guard-cells",
     Severity::Notice,
@@ -183,8 +184,8 @@ inline constexpr Message storeGuard{
              "So the OS has terminated the comet2; "
              " otherwise the comet2 would get out of control. \n"}}}};
 
-/// `reserved` is the first address behind the Reserved Area, `last` the address in front of it; for the
-/// fixed form both are LastAdr.
+/// `reserved` is the first address after the Reserved Area, `last` the address before it; in the fixed form
+/// both are LastAdr.
 inline constexpr Message storeWarning{
     "store-outside",
     Severity::Notice,

@@ -11,7 +11,7 @@ namespace zelvaro {
 
 namespace {
 
-/// The low 16 bits in upper-case hexadecimal: four digits, and without filling.
+/// The low 16 bits in upper-case hexadecimal: with four digits, and without leading zeros.
 std::string hex4(std::int32_t word) {
   return fmt::format("{:04X}", unsignedWord(word));
 }

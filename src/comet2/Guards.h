@@ -1,4 +1,4 @@
-// The guards of the virtual OS: what a run says when it stops, and the watch over indexed stores.
+// The guards of the virtual OS: the messages of a run that stops, and the checks of indexed stores.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace zelvaro {
 
-/// Why a run has stopped.  PR and all else stand in the machine as the stop has left them.
+/// Why a run has stopped.  PR and all other fields of the machine keep their values at the stop.
 enum class Stop : std::uint8_t {
   End,           ///< the top-level RET, EXIT, or PR above 65535
   Pr,            ///< PR above the limit
@@ -22,15 +22,15 @@ enum class Stop : std::uint8_t {
   Unregistered,  ///< a word that is no instruction
   InputEnded,    ///< IN has found the end of an input that is no terminal kMostEmptyInputs times in a row
   NobodyThere,   ///< nobody follows the console any more
-  Steps          ///< the number of steps asked for is reached
+  Steps          ///< the requested number of steps is reached
 };
 
-/// Asked about every indexed store at or above `from()`.
+/// Called for every indexed store at or above `from()`.
 class StoreWatch {
  public:
   virtual ~StoreWatch() = default;
-  /// The store guard and the store warning, for an ST whose second word PR is on and which has been executed
-  /// `count` times.  Whether the store is to be carried out; else the run must stop.
+  /// The store guard and the store warning.  PR is the address of the second word of the ST, which has been
+  /// executed `count` times.  Returns whether the store is carried out; if not, the run must stop.
   virtual bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
   std::int32_t from() const { return from_; }
 
@@ -39,7 +39,7 @@ class StoreWatch {
   std::int32_t from_;
 };
 
-/// The guard of a pipeline: its limit, and the words of its family.
+/// The guard of a family: its limit and its messages.
 class GuardedStores : public StoreWatch {
  public:
   GuardedStores(const Tcomet2& m, const RunEnvironment& env);
@@ -49,7 +49,7 @@ class GuardedStores : public StoreWatch {
   const RunEnvironment& env_;
 };
 
-/// Says the words of a stop, without the end words and the run time that may follow.
+/// Reports why the run has stopped.  The end message and the run time, which may follow, are not included.
 void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink);
 
 }  // namespace zelvaro

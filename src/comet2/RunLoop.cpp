@@ -1,6 +1,6 @@
-// The handlers are the labels of one function, reached by computed jumps; their list is Handlers.inc.  A
-// handler is a row of parts, one for each instruction that it does.  A part counts its instruction, does it
-// and leaves `e` on the entry behind it, or ends the handler: by a jump, a stop, or a store into what has
+// The handlers are labels in one function, reached by computed jumps; Handlers.inc lists them.  A handler is
+// a sequence of parts, one for each instruction that it executes.  A part counts its instruction, executes it
+// and sets `e` to the entry after it, or ends the handler: by a jump, a stop, or a store to a word that has
 // been decoded.
 #include "comet2/RunLoop.h"
 
@@ -8,7 +8,7 @@
 #include "comet2/Effects.h"
 #include "comet2/Services.h"
 
-// Labels as values are an extension that both compilers have.
+// Labels as values are an extension that g++ and clang support.
 #pragma GCC diagnostic ignored "-Wpedantic"
 
 namespace zelvaro {
@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::uint32_t kHighestAddress = 0xFFFF;
 
-/// The sum of a second word and an index register, not cut to 16 bits and cut.
+/// The sum of a second word and an index register: the full sum, and the sum cut to 16 bits.
 constexpr std::uint32_t uncutAddress(std::uint32_t second, std::int32_t gr) {
   return second + (static_cast<std::uint32_t>(gr) & kHighestAddress);
 }
@@ -24,7 +24,7 @@ constexpr std::uint32_t indexedAddress(std::uint32_t second, std::int32_t gr) {
   return uncutAddress(second, gr) & kHighestAddress;
 }
 
-/// The cell of StackArea for SP, above kStackDepth where there is none.
+/// The index in StackArea for SP; above kStackDepth if there is none.
 constexpr std::uint32_t stackCell(std::int32_t SP) {
   return static_cast<std::uint32_t>(kFirstSP - SP);
 }
@@ -39,8 +39,8 @@ void setFlags(Tcomet2& m, Flags f) {
   m.Fovf = f.ovf != 0 ? 1 : 0;
 }
 
-/// Serves an SVC and tells the decoded image which cells it has written.  `emptyInputs` counts the IN in a row
-/// that have found no line any more.  Returns Stop::End where the run goes on.
+/// Executes an SVC and updates the decoded image for the cells that it has written.  `emptyInputs` counts the
+/// successive IN calls that have found no line.  Returns Stop::End if the run continues.
 Stop serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number, int& emptyInputs) {
   const int stored = SvcCall(m, services, static_cast<std::int32_t>(number));
   if (number == static_cast<std::uint32_t>(kSvcIn)) {
@@ -52,8 +52,8 @@ Stop serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t n
   return services.platform.consoleIsGone() ? Stop::NobodyThere : Stop::End;
 }
 
-/// A loop takes a jump or a CALL each time round.  Each of these looks at the console when its count has a
-/// multiple of this: within a second on any image, and seldom enough to cost nothing.
+/// Every loop contains a jump or a CALL.  Each of these polls the console when its count is a multiple of
+/// this: at least once a second for any image, and too rarely to cost time.
 constexpr std::uint32_t kJumpsBetweenLooks = 4096;
 constexpr bool isTimeToLook(std::uint32_t count) {
   return count % kJumpsBetweenLooks == 0;
@@ -108,7 +108,7 @@ constexpr bool isTimeToLook(std::uint32_t count) {
 #define ZELVARO_PART_CPA(kind) ZELVARO_OPERATION(CPA, kind)
 #define ZELVARO_PART_CPL(kind) ZELVARO_OPERATION(CPL, kind)
 
-// What LAD and the shifts make of the effective address.
+// How LAD and the shifts use the effective address.
 #define ZELVARO_FROM_ADDRESS(kind, value)             \
   {                                                   \
     ZELVARO_COUNT();                                  \
@@ -194,7 +194,7 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     ++m.SP;                                     \
     e += 1;                                     \
   }
-// ret581, the return step: the cell 0, which no PUSH uses, is read where OS and the stack do not agree
+// ret581, the return step: cell 0, which no PUSH uses, is read if OS and the stack do not agree
 #define ZELVARO_PART_RET(kind)                         \
   {                                                    \
     ZELVARO_COUNT();                                   \
@@ -314,7 +314,7 @@ Decode : {
   ZELVARO_NEXT();
 #include "comet2/Handlers.inc"
 
-  // An indexed store at or behind the end of the Reserved Area.
+  // An indexed store at or after the end of the Reserved Area.
 StoreWatched:
   m.PR = static_cast<std::int32_t>(e - entries) + 1;
   if (!watch.st511(m, static_cast<std::int32_t>(effAdr), image.countOf(m.ExecCount, m.PR - 1)))

@@ -9,12 +9,12 @@
 
 namespace zelvaro {
 
-/// Executes from PR until something stops the run and says what.  `limit` is the highest address that PR and
-/// a load may have.  ExecCount is raised for each instruction fetched.
+/// Executes from PR until the run stops, and returns why.  `limit` is the highest address for PR and for a
+/// load.  ExecCount is incremented for each instruction fetched.
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit);
 
-/// The same, but stops when `steps` instructions have been executed, at the latest two later.  `steps` becomes
-/// what is left of them: negative for those too many.
+/// The same, but stops after `steps` instructions or up to two more.  On return `steps` is the number that is
+/// left; it is negative if more were executed.
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, std::int64_t& steps);
 
 }  // namespace zelvaro

@@ -38,7 +38,8 @@ constexpr Message unknownService{
            "Because there does not exist any description about {number} "
            "in Spec.of CASL2. "}};
 
-/// The bytes of a line that count: at most kMostBytesOfInput, no part of a character, nothing behind a zero byte.
+/// The bytes of a line that are used: at most kMostBytesOfInput, no partial character, nothing after a zero
+/// byte.
 std::string_view cutToLimit(std::string_view line) {
   line = firstBytes(line, kMostBytesOfInput);
   return line.substr(0, line.find('\0'));
@@ -76,7 +77,7 @@ void SvcOut(const Tcomet2& m, const Services& services) {
   const std::int32_t length = m.Memory[address(m.GR[2])];
   std::u16string block;
   for (std::int32_t i = 0; i < length; ++i) {
-    // a cell may hold any length: the address wraps, and so does the sum that gives it
+    // a cell may hold any length: both the address and the sum that it is computed from wrap
     const auto at = static_cast<std::uint32_t>(m.GR[1]) + static_cast<std::uint32_t>(i);
     block += static_cast<char16_t>(unsignedWord(m.Memory[at & 0xFFFFu]));
     if (block.size() < kBlock || isHighSurrogate(block.back())) continue;

@@ -1,4 +1,4 @@
-// The services of the virtual OS round the machine: what SVC does.
+// The services of the virtual OS: what SVC does.
 #pragma once
 
 #include "comet2/Comet2.h"
@@ -10,25 +10,25 @@ namespace zelvaro {
 inline constexpr std::int32_t kSvcIn = 1;
 inline constexpr std::int32_t kSvcOut = 2;
 
-inline constexpr int kMostEmptyInputs = 100;  ///< ends of the input in a row that IN takes for lines
+inline constexpr int kMostEmptyInputs = 100;  ///< the run stops when as many IN calls in a row find no line
 inline constexpr int kNoLine = -1;            ///< result of SvcIn at an input that has ended for good
 
-/// What the services work with.
+/// What the services need in addition to the machine.
 struct Services {
   Platform& platform;  ///< where IN reads and OUT writes
-  DiagSink& sink;      ///< takes the words round them
+  DiagSink& sink;      ///< receives the messages around the input and output
 };
 
-/// Answers an SVC: 1 is SvcIn, 2 SvcOut, any other number prints a note.  No service changes a register, a
-/// flag, PR or SP.  Returns what SvcIn has returned, 0 for any other service.
+/// Executes an SVC: 1 is SvcIn, 2 SvcOut, any other number reports a Note.  No service changes a register, a
+/// flag, PR or SP.  Returns the result of SvcIn, 0 for any other service.
 int SvcCall(Tcomet2& m, const Services& services, std::int32_t number);
 
-/// Reads one line into `Memory`: its length goes to the address in GR2, its characters, a UTF-16 unit a word,
-/// from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of characters, or kNoLine,
-/// with a length of 0 stored, where no terminal is read and there is no line any more.
+/// Reads one line into `Memory`: its length is stored at the address in GR2, its characters, one UTF-16 code
+/// unit per word, from the address in GR1 upward.  Addresses wrap at 16 bits.  Returns the number of
+/// characters, or kNoLine, with a length of 0 stored, if the input is not a terminal and has ended.
 int SvcIn(Tcomet2& m, const Services& services);
 
-/// Prints as many words from the address in GR1 as the cell at the address in GR2 says, as UTF-16.
+/// Prints words from the address in GR1 upward as UTF-16; the cell at the address in GR2 holds their number.
 void SvcOut(const Tcomet2& m, const Services& services);
 
 }  // namespace zelvaro

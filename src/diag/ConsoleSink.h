@@ -1,4 +1,4 @@
-// Prints what is issued, in the words that are chosen at that moment.
+// Prints every message when it is issued, in the language and family of that moment.
 #pragma once
 
 #include "diag/Render.h"

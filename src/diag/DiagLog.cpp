@@ -14,7 +14,7 @@ std::string TDiagLog::ReplayLog(Wording wording) const {
     std::string text = renderText(*record, wording);
     for (++record; record != records_.end() && record->row->continues; ++record)
       text += "\n" + renderText(*record, wording);
-    // The lines of a message up to its first empty one, and a last line that no check fills.
+    // The lines of a message up to its first empty line, and one empty line after them.
     while (text.ends_with('\n')) text.pop_back();
     text.resize(std::min(text.find("\n\n"), text.size()));
     out += text.empty() ? "\n" : text + "\n\n";

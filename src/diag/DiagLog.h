@@ -10,9 +10,9 @@ namespace zelvaro {
 
 class TDiagLog : public DiagSink {
  public:
-  /// Keeps what belongs into the log, while `writes` is set.
+  /// Keeps a message whose row is logged, while `writes` is set.
   void take(const Diagnostic& d) override;
-  /// The text of every message, in order, and an empty line after each.  Empties nothing.
+  /// The text of every message, in order, and an empty line after each.  Does not clear the log.
   std::string ReplayLog(Wording wording) const;
   void ClearLog() { records_.clear(); }
   const std::vector<Diagnostic>& records() const { return records_; }

@@ -1,5 +1,5 @@
-// A message that has been issued, as a value: row, line and arguments.  It holds no words: language and family
-// are chosen where it is rendered (Render.h).
+// An issued message as a value: row, line and arguments.  It contains no words: language and family are
+// chosen when it is rendered (Render.h).
 #pragma once
 
 #include <concepts>
@@ -22,8 +22,8 @@ struct MsgArg {
   enum class Kind : unsigned char { Text, Quoted, Number, Row };
 
   Kind kind = Kind::Text;
-  std::string text;                 ///< of any kind but Row
-  const MessageRow* row = nullptr;  ///< of kind Row: a row without arguments, in the language of the message
+  std::string text;                 ///< set for every kind but Row
+  const MessageRow* row = nullptr;  ///< set for kind Row: a row without arguments
 
   MsgArg(Quoted q) : kind(Kind::Quoted), text(std::move(q.text)) {}
   MsgArg(std::string t) : text(std::move(t)) {}
@@ -42,7 +42,7 @@ struct Diagnostic {
   std::vector<MsgArg> args;
 };
 
-/// The value of a row with its arguments.
+/// Makes the value of a row with its arguments.
 template <std::size_t N, class... Arg>
 requires(sizeof...(Arg) == N) Diagnostic diagnostic(const Message<N>& row, int line, Arg&&... arg) {
   Diagnostic d{&row, line, {}};
@@ -51,24 +51,24 @@ requires(sizeof...(Arg) == N) Diagnostic diagnostic(const Message<N>& row, int l
   return d;
 }
 
-/// A row outlives what is issued of it, so it is no temporary.
+/// The value refers to its row, so a temporary row is not accepted.
 template <std::size_t N, class... Arg>
 Diagnostic diagnostic(const Message<N>&& row, int line, Arg&&... arg) = delete;
 
-/// Takes what is issued.
+/// Receives every message that is issued.
 class DiagSink {
  public:
   virtual ~DiagSink() = default;
   virtual void take(const Diagnostic& diagnostic) = 0;
 
-  /// Issues words that belong to no line: those of the shell and of a run.
+  /// Issues a message without a line: those of the shell and of a run.
   template <std::size_t N, class... Arg>
   requires(sizeof...(Arg) == N) void say(const Message<N>& row, Arg&&... arg) {
     take(diagnostic(row, Diagnostic::kNoLine, std::forward<Arg>(arg)...));
   }
 };
 
-/// Hands everything on to several sinks, in the order in which they were added.
+/// Passes every message on to several sinks, in the order in which they were added.
 class DiagChannel : public DiagSink {
  public:
   void add(DiagSink& sink) { sinks_.push_back(&sink); }

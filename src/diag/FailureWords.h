@@ -6,8 +6,8 @@
 
 namespace zelvaro {
 
-/// The reason of a failure for the user: the operating system's words, or words of this program where the
-/// failure is none of the system's.
+/// The reason of a failure for the user: the operating system's text, or a text of this program if the
+/// failure did not come from the system.
 MsgArg failureWords(const FileFailure& failure);
 
 }  // namespace zelvaro

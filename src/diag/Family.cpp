@@ -18,7 +18,7 @@ constexpr bool no = false;
 //   dataPlace, linkTest, keepsWords, linksEmptyString, mostWords, runLimit, countsStart, storeWarning, report
 //   keepsLog, testsEditor, savesSettings, timeLines
 //
-// A fixed buffer of wide text holds 225 characters; one of narrow text 250 bytes, its terminator among them.
+// A fixed buffer of wide text holds 225 characters; one of narrow text 250 bytes including its terminator.
 //
 // clang-format off
 constexpr std::array kFamilies{

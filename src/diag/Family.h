@@ -1,5 +1,5 @@
-// The families: one row for each pipeline name, one column for each difference between the pipelines.  A stage
-// asks the column that its rule depends on.  What differs in words only is in the message (Message.h).
+// The families: one row for each pipeline name, one column for each difference between the pipelines.  A
+// stage asks the column that its rule depends on.  What differs in words only is in the message (Message.h).
 #pragma once
 
 #include <cstddef>
@@ -33,9 +33,9 @@ inline constexpr FamilySet kNH = setOf(FamilyId::NH);  ///< the fixed form
 /// Wide text with operand buffers of a fixed length.
 inline constexpr FamilySet kNWW = setOf(FamilyId::NWW) | setOf(FamilyId::NwW) | kNaW;
 inline constexpr FamilySet kWide = kWP | kNWW;
-/// The encoding of the source is found.
+/// The families that detect the encoding of the source.
 inline constexpr FamilySet kDetecting = kWP | setOf(FamilyId::NWW) | setOf(FamilyId::NwW);
-inline constexpr FamilySet kNarrow = kAP | kNA;  ///< narrow text, the fixed form apart
+inline constexpr FamilySet kNarrow = kAP | kNA;  ///< narrow text, without the fixed form
 inline constexpr FamilySet kAll = kWide | kNarrow | kNH;
 inline constexpr FamilySet kAllButNH = kWide | kNarrow;
 inline constexpr FamilySet kAllButAP = kWide | kNA | kNH;
@@ -45,16 +45,16 @@ enum class TextForm : std::uint8_t { Wide, Narrow };
 
 /// How a source file becomes lines.
 enum class Loader : std::uint8_t {
-  Detecting,  ///< finds the encoding; wide lines
+  Detecting,  ///< detects the encoding; wide lines
   Narrow,     ///< narrow lines
-  Widened,    ///< the narrow loader, its lines made wide
-  Fixed       ///< narrow lines of a limited length and number; bytes without a character stay as they are
+  Widened,    ///< the narrow loader, whose lines are converted to wide text
+  Fixed       ///< narrow lines of a limited length and number; undecodable bytes stay unchanged
 };
 
 /// How a line is normalised.
 enum class Blanks : std::uint8_t {
-  OneInFront,   ///< of two or more leading blanks one stays
-  FirstTwoRuns  ///< of each of the first two runs of blanks one stays
+  OneInFront,   ///< two or more leading blanks become one
+  FirstTwoRuns  ///< each of the first two runs of blanks becomes one blank
 };
 
 /// In which order a name in an operand is looked up.
@@ -72,27 +72,27 @@ enum class LinkTest : std::uint8_t { AfterAddresses, AfterEachStep };
 /// When the counts of executed instructions become 0: with the reset before the link, or with each run too.
 enum class CountsStart : std::uint8_t { WithReset, WithRun };
 
-/// When a store outside of the image draws a Warning.
+/// When a store outside of the image is reported as a Warning.
 enum class StoreWarning : std::uint8_t { OnceARun, EachNewAddress };
 
 enum class ReportForm : std::uint8_t { Wide, Narrow, Fixed };
 enum class TimeLines : std::uint8_t { General, Fixed };
 
-/// Means "no limit" in a column that holds one.
+/// Means "no limit" in a column for a limit.
 inline constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 
-/// One row of the table.  The groups are those of the table's lines.
+/// One row of the table.  The groups are the lines of a row in Family.cpp.
 struct Family {
   FamilyId id;
   std::string_view name;      ///< as the settings and the mode selector have it
-  std::string_view textKind;  ///< printed in the banner; empty: that of the pipeline before stays
+  std::string_view textKind;  ///< printed in the banner; empty: that of the previous pipeline is kept
 
   // --- text and records ---
   TextForm text;
   Loader loader;
   Blanks blanks;
   std::size_t oprndLength;    ///< characters of an operand text that are read
-  bool warnsOfCutOprnd;       ///< the first text of a program that is cut gets a Warning
+  bool warnsOfCutOprnd;       ///< the first operand text of a program that is cut gets a Warning
   std::size_t prgNameLength;  ///< characters of a program's name that are read
   std::size_t mostPrograms;   ///< programs of a file
   std::size_t mostDcOprnds;   ///< operands of a DC line
@@ -101,7 +101,7 @@ struct Family {
   // --- checks ---
   bool labelAlone;          ///< a line may hold a label and nothing else
   bool knowsEXIT;           ///< the opcode EXIT exists
-  bool asksForOprndsOfLD;   ///< LD without its operands is reported before all else
+  bool asksForOprndsOfLD;   ///< LD without its operands is reported before anything else
   bool reportsDoubleComma;  ///< two commas where an index register is expected have a message of their own
   bool explainsDsNumber;   ///< a bad number of DS is explained by its first character; text after it is noted
   bool notesLiteralRange;  ///< a number of a literal out of range gets a Note; else a Warning

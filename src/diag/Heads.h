@@ -24,7 +24,7 @@ constexpr Words severityHead(Severity severity) {
   return {};
 }
 
-/// The prefix of a log record.  The Japanese one of a Memo ends in a full-width semicolon.
+/// The prefix of a log record.  The Japanese prefix of a Memo ends in a full-width semicolon.
 constexpr Words logPrefix(Severity severity) {
   switch (severity) {
     case Severity::Error:

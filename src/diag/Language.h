@@ -1,4 +1,4 @@
-// The language of everything that the program says.
+// The language of all texts of the program.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,8 @@ namespace zelvaro {
 
 enum class Language : std::uint8_t { Japanese, English };
 
-/// Means that a message prints nothing in one of the languages, as apart from words that are missing.
+/// Means that a message prints nothing in one of the languages; a null pointer means that its words are
+/// missing.
 inline constexpr std::string_view kNoWords{"", 0};
 
 /// One text in both languages, UTF-8.  A language without words has a null pointer.
@@ -20,7 +21,7 @@ struct Words {
   constexpr bool isComplete() const { return ja.data() != nullptr && en.data() != nullptr; }
 };
 
-/// The same text in both languages.
+/// A text that is the same in both languages.
 consteval Words bothLanguages(std::string_view text) {
   return {text, text};
 }

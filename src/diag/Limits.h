@@ -20,12 +20,12 @@ inline constexpr int tMaxMemory = 65000;       ///< limit of a run in all pipeli
 inline constexpr int MaxMemory = 3500;         ///< the same in pipeline NH, and words of its image
 inline constexpr int kStackDepth = 500;        ///< words of the stack; the lowest SP in use is #FE0B
 inline constexpr int kGreatestImage = 65035;   ///< words of the greatest image that links (#FE0B)
-inline constexpr int kMostBytesOfInput = 256;  ///< of a line that IN reads
+inline constexpr int kMostBytesOfInput = 256;  ///< bytes of a line that IN reads
 
 // --- the fixed form ---
 inline constexpr int kFixedLines = 310;              ///< lines of a file
-inline constexpr std::size_t kFixedLineLength = 80;  ///< bytes of a line; what lies beyond is not read
-/// Bytes of a read, line end included, in a buffer of 105 with its 0.
+inline constexpr std::size_t kFixedLineLength = 80;  ///< bytes of a line; the rest is ignored
+/// Bytes of one read, line end included: a buffer of 105 bytes without its terminator.
 inline constexpr std::size_t kFixedReadLength = 104;
 inline constexpr std::size_t kFixedPrograms = 6;     ///< programs of a file
 inline constexpr std::size_t kFixedNameLength = 14;  ///< bytes of a program's name

@@ -1,6 +1,6 @@
-// The catalogue of messages.  One constexpr row a message, at the head of the file of the check that issues it,
-// with a short unique code, both languages and every family's words.  The compiler refuses a hole that the row
-// does not declare, a wrong number of arguments and a language that is missing.
+// The rows of the catalogue of messages.  A message is one constexpr row at the head of the file of the check
+// that issues it, with a short unique code, both languages and every family's words.  It does not compile
+// with a hole that the row does not declare, a wrong number of arguments or a missing language.
 //
 //   constexpr Message tooLong{
 //       "label-length", Severity::Error, Head::Line, args("quote", "count"),
@@ -24,7 +24,8 @@
 
 namespace zelvaro {
 
-/// Notice is what is no finding: what is read, how many programs there are, words of the shell and of a run.
+/// Notice is for messages that are no findings: the file that is read, the number of programs, all messages
+/// of the shell and of a run.
 enum class Severity : std::uint8_t { Error, Warning, Note, Memo, Notice };
 
 /// What is printed before a message's own text.  <n> is the 1-based line number, <q> the message's first
@@ -35,14 +36,14 @@ enum class Head : std::uint8_t {
   Bare,       ///< the head alone: "エラー： " / "Error : "
   Line,       ///< "エラー： <n> 行目： " / "Error : line <n>: "
   QuoteLine,  ///< "エラー： <q><n> 行目： " / "Error : <q>line <n>: "
-  BreakLine,  ///< a line break, then as Line
+  BreakLine,  ///< a line break, then the same as Line
   LineBlank,  ///< as Line, but "Error : line <n> " in English
   LineBare,   ///< as Line, but "Error : line <n>" in English
   Own,        ///< the words of MessageRow::ownHead
-  Open        ///< nothing, and no line end after the text: words that go on or end as they are written
+  Open        ///< nothing, and no line end after the text: the row contains its own line ends
 };
 
-/// The words of some families.  An empty language is that of the row itself, and so is an empty head.
+/// The words of some families.  A language or a head that is empty is taken from the row itself.
 struct OtherWords {
   FamilySet families;
   Words words;
@@ -83,9 +84,9 @@ consteval auto args(Name... name) {
   return out;
 }
 
-/// A message without its arguments' number: what sinks and the renderer read.  A line break in the words
-/// separates the lines of the message; "{name}" is a hole for the argument of that name, "{line}" the line
-/// number.
+/// A message whose number of arguments is not part of its type, for sinks and the renderer.  A line break in
+/// the words separates the lines of the message; "{name}" is a hole for the argument of that name, "{line}"
+/// for the line number.
 struct MessageRow {
   static constexpr std::size_t kMostArgs = 9;
   static constexpr std::size_t kMostOthers = 4;
@@ -100,9 +101,9 @@ struct MessageRow {
   std::array<OtherWords, kMostOthers> others{};
   std::size_t otherCount = 0;
   Words ownHead{};
-  bool counts = true;      ///< raises the tally of its severity
+  bool counts = true;      ///< increments the tally of its severity
   bool logs = true;        ///< leaves a record in the log, in a family that writes one
-  bool continues = false;  ///< its lines belong to the record of the message before it
+  bool continues = false;  ///< its lines are added to the log record of the message before it
 
   /// The words, and the own head, for a family and a language.
   constexpr std::string_view text(FamilyId family, Language language) const {
@@ -177,7 +178,7 @@ struct Message : MessageRow {
     if (s == Severity::Notice) counts = logs = false;
   }
 
-  /// The same row with a head of its own; what it says is no part of the replayed text.
+  /// The same row with a head of its own, which is not part of the replayed text.
   consteval Message withHead(Words h) const {
     Message m = *this;
     m.head = Head::Own;
@@ -190,7 +191,7 @@ struct Message : MessageRow {
     m.counts = false;
     return m;
   }
-  /// More lines of the message before it, which has been counted.
+  /// A row with more lines for the message before it, which has already been counted.
   consteval Message continued() const {
     Message m = uncounted();
     m.continues = true;
@@ -215,13 +216,13 @@ RowList rows(const Message<N>&... row) {
   return {&row...};
 }
 
-/// A self-check of the program's own invariants: one Error, printed as it is, no record in the log.
+/// A self-check of the program's own invariants: an Error without a head and without a record in the log.
 template <std::size_t N>
 consteval Message<N> selfCheck(std::string_view code, ArgNames<N> a, std::string_view text) {
   return Message<N>(code, Severity::Error, Head::None, a, bothLanguages(text)).unlogged();
 }
 
-/// Words of the shell or of a run: no finding, no line end of their own.
+/// A message of the shell or of a run: not a finding; no line end is added.
 template <std::size_t N>
 consteval Message<N> notice(std::string_view code, ArgNames<N> a, Words words,
                             std::initializer_list<OtherWords> more = {}) {

@@ -22,10 +22,10 @@ class TMsgBase {
   int MemoKazu = 0;
 
   void clearTallies() { ErrorKazu = WarningKazu = NoteKazu = MemoKazu = 0; }
-  /// An Error that has no message of its own: a caller that counts what its callee has reported.
+  /// Counts an Error without a message of its own, for a caller that counts what its callee has reported.
   void countError() { ++ErrorKazu; }
 
-  /// Issues a message about a line (0-based index in the file) and raises the tally of its severity.
+  /// Issues a message about a line (0-based index in the file) and increments the tally of its severity.
   template <std::size_t N, class... Arg>
   requires(sizeof...(Arg) == N) void report(const Message<N>& row, int line, Arg&&... arg) {
     issue(diagnostic(row, line, std::forward<Arg>(arg)...));

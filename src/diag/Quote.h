@@ -1,4 +1,4 @@
-// A text of the source as an argument of a message: as UTF-8, and quoted.
+// A text of the source as an argument of a message: converted to UTF-8, and quoted.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ inline std::string plain(std::string_view text) {
   return cp932ToUtf8(text);
 }
 
-/// The text as messages quote it.
+/// The text as a quoted argument.
 inline Quoted QuoteStrW(std::u16string_view text) {
   return {plain(text)};
 }

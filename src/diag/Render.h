@@ -1,5 +1,5 @@
-// From an issued message to its words: the one place that chooses language and family, and that knows heads and
-// quotation marks.
+// Renders an issued message as text.  Language, family, heads and quotation marks are handled here and
+// nowhere else.
 #pragma once
 
 #include <string>
@@ -9,16 +9,15 @@
 
 namespace zelvaro {
 
-/// Whose words are used.
+/// Which words are used: the language and the family.
 struct Wording {
   Language language = Language::English;
   FamilyId family = FamilyId::WP;
 };
 
-/// The message as the console shows it: head, text, and a line end unless the row is open.
+/// The message as the console shows it: head, text, and a line end unless the row's head is Head::Open.
 std::string render(const Diagnostic& d, Wording wording);
-/// The message's own text, without head and without the quoted text that directly follows the head: what the
-/// log keeps.
+/// The message's own text for the log: without the head and without a quoted text directly after it.
 std::string renderText(const Diagnostic& d, Wording wording);
 
 /// The words of a row with its holes filled, without a head.
@@ -27,7 +26,7 @@ std::string words(Wording wording, const Message<N>& row, Arg&&... arg) {
   return renderText(diagnostic(row, Diagnostic::kNoLine, std::forward<Arg>(arg)...), wording);
 }
 
-/// The text as messages quote it: a blank, a double quote, the text, a double quote, a blank.
+/// The quoted form of a text: a blank, a double quote, the text, a double quote, a blank.
 std::string quotedText(std::string_view utf8);
 
 }  // namespace zelvaro

@@ -1,14 +1,14 @@
-// The summaries at the end of a run: what the tallies of TGame add up to.
+// The summaries at the end of a run: the sums of the tallies in TGame.
 #pragma once
 
 #include "diag/MsgBase.h"
 
 namespace zelvaro {
 
-/// After a stopped run: how many Errors there are.
+/// After a run stopped by Errors: reports their number.
 void SumUpErrors(TMsgBase& game);
 
-/// After an assembly without Errors: how many Warnings there are.
+/// After an assembly without Errors: reports the number of Warnings.
 void SumUpWarnings(TMsgBase& game);
 
 }  // namespace zelvaro

@@ -2,7 +2,7 @@
 
 namespace zelvaro {
 
-// One name for each file with messages, folder by folder.
+// The names of all files with messages, by folder.
 // clang-format off
 #define ZELVARO_FILES(X)                                                                                        \
   /* source */     X(BasicData) X(Detect) X(Load) X(NarrowText) X(OpenFileChH) X(OpenFileW) X(Paths)              \

@@ -10,7 +10,7 @@
 namespace zelvaro {
 namespace {
 
-/// The forms of a stage as the table holds it.
+/// Adapts a stage of any signature to the one that the table holds.
 template <auto Function>
 bool stage(Pass& pass, [[maybe_unused]] int prg) {
   if constexpr (std::is_invocable_v<decltype(Function), Assembly&, int>) {
@@ -38,11 +38,12 @@ bool stage(Pass& pass, [[maybe_unused]] int prg) {
 #define ZELVARO_ANY(f) \
   { stage<f>, stage<f> }
 
-// The working text of a line begins as a copy of the line, made by the normalisation.  A wide ReplaceTabs would
-// store nothing, and a narrow one ahead of that copy would be overwritten: the stage has one place, in the narrow
-// families.  AP makes the words of its DC lines in the link alone.
+// The working text of a line begins as a copy of the line, which the normalisation makes.  A wide ReplaceTabs
+// would store nothing, and a narrow one before that copy would be overwritten: the stage has one place, in
+// the narrow families.  AP makes the words of its DC lines only in the link.
 //
-// The stages from Label35G to CkMaxMemory are the statement loop: OpCkLoopWP and its twins.
+// The stages from Label35G to CkMaxMemory are the statement loop: OpCkLoopWP and the same in the other
+// families.
 //
 // clang-format off
 constexpr std::array kStages{
@@ -105,7 +106,7 @@ int programsOf(const Pass& pass) {
                                                                       : b.vecSrcA.vecPrg.size());
 }
 
-/// One stage for the file or for a program; false where it ends the way.
+/// Runs one stage for the file or for a program; false if it ends the way.
 bool runStage(Pass& pass, const Stage& stage, int prg, bool isLast) {
   const Family& family = pass.assembly.family;
   if (!stage.families.contains(family.id)) return true;

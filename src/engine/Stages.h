@@ -1,5 +1,5 @@
-// The whole way of a source file, as one table: which stage follows which, in which families, and what ends the
-// way.
+// The whole way of a source file as one table: which stage follows which, in which families, and what ends
+// the way.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@
 
 namespace zelvaro {
 
-/// What the stages of one source file work on.
+/// The objects that the stages of one source file use.
 struct Pass {
   Assembly assembly;
   LoadRequest source;
@@ -22,29 +22,29 @@ struct Pass {
   ReportFile report;
 };
 
-/// The parts of the way.  Between them the driver takes the stamps of time and asks the user.
+/// The parts of the way.  Between them the driver takes time stamps and asks the user whether to go on.
 enum class Phase : std::uint8_t { Load, Check, Link, Report, Run };
 
-/// How often a stage runs.  Neighbouring stages that run for each program go through one program together
-/// before the next program has its turn.
+/// How often a stage runs.  Neighbouring stages that run for each program are all run for one program before
+/// the next program.
 enum class Per : std::uint8_t { File, Program };
 
 /// When the Errors counted so far end the way.
 enum class Stops : std::uint8_t {
-  Never,    ///< a later stage looks
+  Never,    ///< a later stage checks them
   AtOnce,   ///< after the stage
   AfterAll  ///< after the stage has run for the last program
 };
 
-/// A stage's names as given, one a family; NWW, NwW and NaW share theirs.  Empty where a family has no such
-/// stage.
+/// The given names of a stage by family; NWW, NwW and NaW share theirs.  Empty if the family does not have
+/// the stage.
 struct StageNames {
   std::string_view WP, NWW, AP, NA, NH;
   std::string_view of(FamilyId family) const;
 };
 
-/// A stage does its work on the pass, or on one program of it.  False ends the way without an Error: a source
-/// file that cannot be loaded.
+/// A stage processes the whole file, or the program of index `prg`.  False ends the way without an Error: the
+/// source file cannot be loaded.
 using StageFunction = bool (*)(Pass&, int prg);
 
 struct Stage {
@@ -52,13 +52,13 @@ struct Stage {
   Per per;
   Stops stops;
   FamilySet families;                     ///< the families that have the stage
-  std::array<StageFunction, 2> function;  ///< by TextForm; null where no family of that form has the stage
+  std::array<StageFunction, 2> function;  ///< by TextForm; null if no family of that form has the stage
   StageNames names;                       ///< for readers; nothing depends on them
 };
 
 std::span<const Stage> stages();
 
-/// Runs the stages of a phase in their order.  False where something has ended the way.
+/// Runs the stages of a phase in their order.  False if one of them has ended the way.
 bool runPhase(Pass& pass, Phase phase);
 
 }  // namespace zelvaro

@@ -8,9 +8,9 @@
 
 namespace zelvaro {
 
-/// The byte sink.  On a terminal it is written line by line, and what could steer the terminal or mislead its
-/// reader is made visible; into a pipe or a file the bytes pass as they are, 64 KiB at a time.  An output that fails is
-/// given up: later text is dropped, and the program goes on with its files.
+/// The byte sink.  On a terminal it is written line by line, and characters that could control the terminal
+/// or mislead its reader are made visible.  To a pipe or a file the bytes are written unchanged, 64 KiB at a
+/// time.  After a failed write all later text is dropped, and the program continues with its files.
 class ConsoleOutput {
  public:
   explicit ConsoleOutput(int fd);
@@ -21,12 +21,12 @@ class ConsoleOutput {
   void print(std::string_view utf8);
   void flush();
   bool isTerminal() const { return terminal_; }
-  /// Whether the other end of the pipe has been closed, or the terminal has hung up, as far as a write or a
-  /// look has shown it: nobody will see what is printed from here on.
+  /// Whether a write or a poll has found that the other end of the pipe is closed or that the terminal has
+  /// hung up: nobody will see what is printed from here on.
   bool readerIsGone() const { return readerIsGone_; }
-  /// Asks the system whether the reader is gone.
+  /// Polls the descriptor for a reader that is gone.
   void look();
-  /// Drops all that is still to be printed: its reader is gone.
+  /// Drops the text that is still in the buffer: its reader is gone.
   void giveUp() { failed_ = readerIsGone_ = true; }
 
  private:
@@ -39,13 +39,13 @@ class ConsoleOutput {
   bool failed_ = false;
   bool readerIsGone_ = false;
   std::string buffer_;
-  std::string begun_;  ///< the first bytes of a character that has not come whole, on a terminal
+  std::string begun_;  ///< on a terminal: the first bytes of a character whose rest has not arrived yet
 };
 
-/// Lines from a descriptor, through a buffer of its own.  Nothing is ever sought or rewound.
+/// Lines from a descriptor, through a buffer of its own.  It never seeks or rewinds.
 class ConsoleInput {
  public:
-  /// The longest line that is kept, in bytes; what lies beyond is read and dropped.
+  /// The longest line that is kept, in bytes; the rest of a longer line is read and dropped.
   static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
 
   explicit ConsoleInput(int fd);
@@ -56,9 +56,9 @@ class ConsoleInput {
   std::optional<std::string> readLine();
   bool isTerminal() const { return terminal_; }
   int descriptor() const { return fd_; }
-  /// Whether no later call can find a line: this is no terminal, and a read has found the end.
+  /// Whether no later call can return a line: this is not a terminal, and a read has reached the end.
   bool hasEnded() const { return ended_ && !terminal_; }
-  /// Whether this is a terminal whose other side is gone; asks the system.
+  /// Whether this is a terminal that has hung up; polls the descriptor.
   bool hasHungUp() const;
 
  private:

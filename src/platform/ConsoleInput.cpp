@@ -43,8 +43,8 @@ std::optional<std::string> ConsoleInput::readLine() {
   return line;
 }
 
-/// Whether text without a line end is a whole line: a terminal that collects lines hands it over only
-/// when the end-of-file key is pressed.
+/// Whether text without a line end is a whole line: a terminal in line mode delivers such text only when the
+/// end-of-file key is pressed.
 bool ConsoleInput::endsByKey() const {
   termios mode{};
   return terminal_ && tcgetattr(fd_, &mode) == 0 && (mode.c_lflag & ICANON) != 0;
@@ -55,7 +55,7 @@ bool ConsoleInput::hasHungUp() const {
   return terminal_ && poll(&other, 1, 0) == 1 && (other.revents & POLLHUP) != 0;
 }
 
-/// Fills the empty buffer; false at the end of the input.  An input that cannot be read has ended.
+/// Fills the empty buffer; false at the end of the input.  A read error counts as the end.
 bool ConsoleInput::refill() {
   buffer_.resize(kBuffer);
   next_ = 0;

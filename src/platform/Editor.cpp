@@ -1,4 +1,4 @@
-// What is handed to other programs: a file to the editor, a document to the desktop; and deleting.
+// Opening a file in an editor, opening a document with the desktop, deleting a file.
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -50,7 +50,7 @@ EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::strin
 
 bool PosixPlatform::openOnDesktop(const std::string& path) {
   if (!hasDisplay() || !posix::isInstalled("xdg-open")) return false;
-  // those of earlier calls that have ended leave the process table here
+  // reap the programs of earlier calls that have ended
   std::erase_if(started_, [](pid_t pid) { return ::waitpid(pid, nullptr, WNOHANG) != 0; });
   pid_t pid = 0;
   if (posix::startDetached({"xdg-open", posix::asArgument(path)}, pid) != 0) return false;

@@ -20,7 +20,7 @@
 namespace zelvaro::posix {
 namespace {
 
-/// Opens a regular file for reading, never waiting for the other end of a pipe.
+/// Opens a regular file for reading.  Does not block on a named pipe.
 Descriptor openRegular(const std::string& path, struct stat& status, FileFailure* failure) {
   if (path.find('\0') != std::string::npos) {
     tell(failure, failureOf(EINVAL));
@@ -28,7 +28,7 @@ Descriptor openRegular(const std::string& path, struct stat& status, FileFailure
   }
   Descriptor file(
       uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-  // a socket does not open at all, and a device may refuse to
+  // opening a socket always fails, and opening a device may fail
   const bool known = (file.isOpen() ? ::fstat(file.get(), &status) : ::stat(path.c_str(), &status)) == 0;
   const int error = errno;
   if (const auto refusal = known ? refusalOf(status.st_mode) : std::nullopt) {
@@ -41,8 +41,8 @@ Descriptor openRegular(const std::string& path, struct stat& status, FileFailure
   return Descriptor();
 }
 
-/// Reads to the end of the file, whatever size it had when it was opened, or until there are more than `most`
-/// bytes.  0 or an errno.
+/// Reads to the end of the file, whatever size it had when it was opened, or until it has more than `most`
+/// bytes.  Returns 0 or an errno.
 int readToEnd(int fd, std::size_t expected, std::size_t most, std::string& bytes) {
   bytes.resize(expected + 1);  // one more, so that the read that finds the end needs no growth
   std::size_t have = 0;
@@ -75,8 +75,8 @@ std::optional<std::string> readOpened(const Descriptor& file, const struct stat&
   return std::nullopt;
 }
 
-/// Memory straight from the system, in large pages where it has them: a fresh page costs more than reading
-/// what goes into it.
+/// Memory mapped from the system, in large pages where they are available: the first access to a page costs
+/// more than reading its content.
 class LargeMemory {
  public:
   static std::shared_ptr<LargeMemory> allocate(std::size_t size) {
@@ -108,7 +108,7 @@ class LargeMemory {
   std::size_t length_ = 0;
 };
 
-/// Reads up to `size` bytes; how many there were, or nothing with errno set.
+/// Reads up to `size` bytes.  Returns how many there were, or nothing with errno set.
 std::optional<std::size_t> readUpTo(int fd, char* to, std::size_t size) {
   std::size_t have = 0;
   while (have < size) {
@@ -120,7 +120,7 @@ std::optional<std::size_t> readUpTo(int fd, char* to, std::size_t size) {
   return have;
 }
 
-/// A file that grows while it is read is taken as long as it was when it was opened.
+/// Of a file that grows during the read, only the size that it had when it was opened is read.
 std::optional<FileBytes> loadLarge(const Descriptor& file, std::size_t size, FileFailure* failure) {
   const auto memory = LargeMemory::allocate(size);
   const auto have = memory ? readUpTo(file.get(), memory->bytes, size) : std::nullopt;

@@ -1,4 +1,4 @@
-// Files of the POSIX platform: read whole, written beside their target and renamed.
+// Files of the POSIX platform: read as a whole, written to a temporary file beside the target and renamed.
 #pragma once
 
 #include <sys/types.h>
@@ -14,16 +14,18 @@
 
 namespace zelvaro::posix {
 
-/// The operating system's words for an errno.
+/// The operating system's text for an errno.
 std::string wordsOf(int error);
 /// Why a system call on a file has failed, from its errno.
 FileFailure failureOf(int error);
-/// Stores a failure where the caller wants one.
+/// Stores a failure if the caller has passed a place for it.
 void tell(FileFailure* failure, FileFailure cause);
-/// The failure that a file of this kind (st_mode) is where only a regular one is wanted; nothing for a regular one.
+/// The failure to report for a file of this kind (st_mode) where only a regular file is accepted; nothing for
+/// a regular file.
 std::optional<FileFailure> refusalOf(mode_t mode);
 
-/// Calls again what a signal has interrupted.  The result of a call that ends with -1 on a failure.
+/// Repeats a system call as long as a signal interrupts it, and returns its result.  For calls that return -1
+/// on failure.
 template <class Call>
 auto uninterrupted(Call call) {
   for (;;) {
@@ -32,7 +34,7 @@ auto uninterrupted(Call call) {
   }
 }
 
-/// A descriptor that is closed with this.
+/// Owns a descriptor and closes it.
 class Descriptor {
  public:
   explicit Descriptor(int fd = -1) : fd_(fd) {}
@@ -46,7 +48,7 @@ class Descriptor {
 
   bool isOpen() const { return fd_ >= 0; }
   int get() const { return fd_; }
-  /// The result of the system's close; 0 where nothing is open.
+  /// Returns the result of close(2); 0 if nothing is open.
   int close() { return fd_ < 0 ? 0 : ::close(std::exchange(fd_, -1)); }
 
  private:

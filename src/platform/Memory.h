@@ -1,12 +1,12 @@
-// Memory that is used for the first time costs more than most of what is done with it.
+// Large pages for large tables: the first access to a page costs more than most of the work on its content.
 #pragma once
 
 #include <cstddef>
 
 namespace zelvaro {
 
-/// Asks for large pages under memory that has been taken but not yet touched.  Where the system has none,
-/// nothing changes.
+/// Asks the system to back allocated but untouched memory with large pages.  Has no effect where there are
+/// none.
 void preferLargePages(void* memory, std::size_t size);
 
 }  // namespace zelvaro

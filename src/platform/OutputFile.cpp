@@ -1,5 +1,6 @@
-// A file is written beside its target and renamed.  All names are taken relative to the folder that was opened
-// first, so that nobody who moves folders or links meanwhile can lead the bytes elsewhere.
+// A file is written to a temporary file beside its target and renamed.  All names are relative to a folder
+// that is opened first and stays open, so nobody can redirect the output by moving folders or links in the
+// meantime.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -26,7 +27,7 @@ Descriptor openFolder(int in, const std::string& path) {
       [&] { return ::openat(in, path.empty() ? "." : path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-/// `path` relative to an open folder, or to the working folder (AT_FDCWD).
+/// Splits `path`, which is relative to an open folder or to the working folder (AT_FDCWD).
 Place placeOf(int in, const std::string& path) {
   const std::size_t slash = path.rfind('/') + 1;  // 0 where there is none
   return {openFolder(in, path.substr(0, slash)), path.substr(slash)};
@@ -36,7 +37,7 @@ bool isSame(const struct stat& a, const struct stat& b) {
   return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
-/// Whether a folder is `root` or lies below it, found by going up from it.
+/// Whether a folder is `root` or lies below it; follows ".." upward from the folder.
 bool isWithin(const Descriptor& folder, const Descriptor& root) {
   struct stat wanted {
   }, here{}, above{};
@@ -50,7 +51,7 @@ bool isWithin(const Descriptor& folder, const Descriptor& root) {
   return true;
 }
 
-/// What a symbolic link names; nothing where the place has no link.
+/// The target of a symbolic link; nothing if the place has no link.
 std::optional<std::string> linkAt(const Place& place) {
   char link[4096];
   const ssize_t n = ::readlinkat(place.folder.get(), place.name.c_str(), link, sizeof link);
@@ -58,8 +59,8 @@ std::optional<std::string> linkAt(const Place& place) {
   return std::string(link, static_cast<std::size_t>(n));
 }
 
-/// The place that a file of that name gets: links are followed as far as they stay in its folder, where there is
-/// a file to be replaced.
+/// The place where a file of that name is written.  Where a file is replaced, symbolic links are followed as
+/// long as they stay in its folder.
 std::optional<Place> findTarget(const std::string& path, FileWriting writing, FileFailure& failure) {
   constexpr int kMostLinks = 40;
   Place place = placeOf(AT_FDCWD, path);
@@ -149,7 +150,7 @@ bool TemporaryFile::hasName(const Descriptor& file) const {
          isSame(opened, named);
 }
 
-/// Removes the temporary file of a program that was killed; that of a living one is locked.
+/// Removes the temporary file of a program that was killed.  A running program holds a lock on its file.
 bool TemporaryFile::removeLeftover() const {
   constexpr int kAsItIs = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
   const int folder = target_.folder.get();
@@ -158,22 +159,22 @@ bool TemporaryFile::removeLeftover() const {
          ::unlinkat(folder, name_.c_str(), 0) == 0;
 }
 
-/// Creates and locks the temporary file; false, with errno set, where something has the name.  The rights of a
-/// file that is replaced may be narrower than the usual ones: until they are set nobody else reads.
+/// Creates and locks the temporary file; false, with errno set, if the name is in use.  The permissions of a
+/// file that is replaced may be narrower than the default ones: until they are set nobody else may read it.
 bool TemporaryFile::createNew() {
   const mode_t rights = replaced_ || !writing_.replaces ? 0600 : 0666;
   constexpr int kNewFile = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
   file_ = Descriptor(
       uninterrupted([&] { return ::openat(target_.folder.get(), name_.c_str(), kNewFile, rights); }));
   if (!file_.isOpen()) return false;
-  // before the lock was there another program may have taken the file for a leftover
+  // before it was locked another program may have removed the file as a leftover
   const bool locked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
   if (locked && hasName(file_)) return true;
   errno = EEXIST;
   return false;
 }
 
-/// Takes a name beside the target: the same each time, or a further one while another program is writing.
+/// Picks a name beside the target: the same each time, or the next one while another program is writing.
 void TemporaryFile::create() {
   constexpr int kMostTries = 100;
   int error = EEXIST;
@@ -223,7 +224,7 @@ void TemporaryFile::writeOut() {
   buffer_.clear();
 }
 
-/// Rights of a group that could not be kept go to nobody whom "others" does not name.
+/// Where the group could not be kept, the new group gets no more permissions than "others" have.
 void TemporaryFile::keepOwnerAndMode() {
   if (!replaced_) return;
   mode_t mode = replaced_->st_mode & 0777;
@@ -234,11 +235,11 @@ void TemporaryFile::keepOwnerAndMode() {
   if (uninterrupted([&] { return ::fchmod(fd, mode); }) != 0) fail(failureOf(errno));
 }
 
-/// Some systems report a failed write not before the file is closed; the lock outlives that.
+/// Some systems report a failed write only when the file is closed; the lock is kept after that.
 void TemporaryFile::close() {
   if (!file_.isOpen()) return;
   lock_ = Descriptor(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0));
-  // an interrupted close has closed the file all the same
+  // after EINTR the descriptor is closed nevertheless
   if (file_.close() != 0 && errno != EINTR) fail(failureOf(errno));
 }
 
@@ -247,7 +248,7 @@ bool TemporaryFile::rename() {
   const char* const from = name_.c_str();
   const char* const to = target_.name.c_str();
   if (writing_.replaces) return uninterrupted([&] { return ::renameat(folder, from, folder, to); }) == 0;
-  // not every file system knows this kind of renaming, nor every one links
+  // not every file system supports this kind of renaming, or hard links
   if (uninterrupted([&] { return ::renameat2(folder, from, folder, to, RENAME_NOREPLACE); }) == 0)
     return true;
   if (errno != EINVAL && errno != ENOSYS) return false;

@@ -28,7 +28,7 @@ std::uint32_t seed() {
 
 void holdStandardDescriptors() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // the lowest free number is the one that is given
+    // open() returns the lowest free number
     if (::fcntl(fd, F_GETFD) < 0) static_cast<void>(::open("/dev/null", O_RDWR));
   }
 }
@@ -40,7 +40,7 @@ PosixPlatform::PosixPlatform(int inputFd, int outputFd)
 
 PosixPlatform::~PosixPlatform() = default;
 
-/// A dialogue that nobody follows any more has ended, however much is still typed into it.
+/// When nobody follows the console any more the dialogue ends, even if more input is waiting.
 std::optional<std::string> PosixPlatform::readLine() {
   output_.flush();
   if (output_.readerIsGone()) return std::nullopt;
@@ -95,7 +95,7 @@ std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure)
   return path;
 }
 
-/// The first of the three variables that has a value decides, as for every program of the system.
+/// The first of the three variables that has a value decides, as POSIX defines it.
 bool PosixPlatform::userInterfaceIsJapanese() {
   for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
     const char* value = std::getenv(variable);

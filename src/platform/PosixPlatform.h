@@ -11,14 +11,15 @@
 
 namespace zelvaro {
 
-/// Opens on nothing those of the descriptors 0, 1 and 2 that are closed: a settings file or report that got
-/// such a number would have the console written into it.  To be called before any file is opened.
+/// Opens /dev/null on those of the descriptors 0, 1 and 2 that are closed: otherwise a settings file or a
+/// report could get such a number, and the console's output would be written to it.  Call it before any file
+/// is opened.
 void holdStandardDescriptors();
 
 class PosixPlatform : public Platform {
  public:
-  /// Neither a closed output nor a file that may not grow ends the program from here on: their signals are
-  /// ignored, and the write fails.
+  /// Ignores the signals of a closed output (SIGPIPE) and of a file size limit (SIGXFSZ) from here on: the
+  /// write fails instead, and the program continues.
   explicit PosixPlatform(int inputFd = 0, int outputFd = 1);
   ~PosixPlatform() override;
   PosixPlatform(const PosixPlatform&) = delete;
@@ -57,8 +58,8 @@ class PosixPlatform : public Platform {
   ConsoleInput input_;
   ConsoleOutput output_;
   std::mt19937 random_;
-  std::vector<pid_t> started_;  ///< programs that were not waited for
-  std::int64_t lastLook_ = 0;   ///< at the console, in nanoseconds of the monotonic clock
+  std::vector<pid_t> started_;  ///< programs that were started and not waited for
+  std::int64_t lastLook_ = 0;   ///< when the console was last polled, in nanoseconds of the monotonic clock
 };
 
 }  // namespace zelvaro

@@ -49,7 +49,7 @@ sigset_t ignoredSignals() {
   return signals;
 }
 
-/// Leaves the keys that end a program to the program that is waited for.
+/// Ignores the keys that end a program (Ctrl+C, Ctrl+\) while this program waits for another one.
 class IgnoredKeys {
  public:
   IgnoredKeys() {
@@ -65,7 +65,7 @@ class IgnoredKeys {
   IgnoredKeys(const IgnoredKeys&) = delete;
   IgnoredKeys& operator=(const IgnoredKeys&) = delete;
 
-  /// The signals that the new program gets back in their usual meaning: those that had it here.
+  /// The signals to be reset to their default action in the new program: those that had it in this one.
   sigset_t forTheProgram() const {
     sigset_t signals = ignoredSignals();
     if (interrupt_.sa_handler != SIG_IGN) sigaddset(&signals, SIGINT);
@@ -78,14 +78,14 @@ class IgnoredKeys {
   struct sigaction quit_ {};
 };
 
-/// Puts back how a terminal was set, and whose it was, whatever the program on it has done meanwhile.
+/// Restores a terminal's settings and its foreground process group, whatever the started program has changed.
 class KeptTerminal {
  public:
   explicit KeptTerminal(int fd) : fd_(fd), known_(fd >= 0 && ::tcgetattr(fd, &mode_) == 0) {}
   ~KeptTerminal() {
     if (!known_) return;
-    // a program that has made itself the terminal's own leaves this one in the background, which the signal
-    // would stop
+    // if the started program has taken the terminal's foreground, this one is in the background, where the
+    // signal would stop it
     struct sigaction ignore {
     }, old{};
     ignore.sa_handler = SIG_IGN;
@@ -173,7 +173,7 @@ bool isInstalled(const std::string& program) {
 }
 
 std::optional<std::string> ownEditor() {
-  // sensible-editor is only as good as the editors that it can choose from
+  // sensible-editor is useful only if there is an editor that it can start
   const bool anyEditor =
       isSet("VISUAL") || isSet("EDITOR") || isInstalled("editor") || isInstalled("nano") || isInstalled("vi");
   if (anyEditor && isInstalled("sensible-editor")) return "sensible-editor";
@@ -188,7 +188,7 @@ int runAndWait(const std::vector<std::string>& arguments, int terminal) {
   SpawnSetting setting;
   setting.resetSignals(keys.forTheProgram());
   setting.setFlags(POSIX_SPAWN_SETSIGDEF);
-  // what is piped in belongs to this program's own dialogue
+  // piped input belongs to this program's own dialogue
   if (terminal < 0) setting.redirectToNothing(STDIN_FILENO);
   pid_t pid = 0;
   const int error = spawn(pid, arguments, setting);

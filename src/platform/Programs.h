@@ -11,20 +11,20 @@
 
 namespace zelvaro::posix {
 
-/// Signals that this program ignores and the programs that it starts do not: a write to a pipe without a
-/// reader, or to a file that has reached the limit of its size, fails with a reason instead.
+/// Signals that this program ignores, but the programs that it starts do not: a write to a pipe without a
+/// reader, or to a file at its size limit, fails with an error instead.
 inline constexpr int kIgnoredSignals[] = {SIGPIPE, SIGXFSZ};
 
-/// Takes a command line apart: blanks and tabs separate, double quotes keep them together and fall away.
-/// Nothing else has a meaning.
+/// Splits a command line: blanks and tabs separate its words, double quotes keep them together and are
+/// removed.  No other character is special.
 std::vector<std::string> splitCommandLine(std::string_view commandLine);
 
-/// The words that the setting of an editor stands for: the one program that it names, quotes round it or
-/// none, or else those of a command line.
+/// The words of an editor setting: a single program name if it names an existing program, with or without
+/// quotes around it, else the words of a command line.
 std::vector<std::string> editorCommand(std::string_view setting);
 
-/// A file name as an argument: a relative one gets "./" in front, so that no program takes it for an option,
-/// a command ("+..."), a pipe or an address.
+/// A file name as an argument: a relative name is prefixed with "./", so that no program takes it for an
+/// option, a command ("+..."), a pipe or an address.
 std::string asArgument(const std::string& path);
 
 /// Whether a program of that name (without a folder) lies in the search path.
@@ -33,13 +33,13 @@ bool isInstalled(const std::string& program);
 /// The command of the platform's own text editor, or nothing if the machine has none.
 std::optional<std::string> ownEditor();
 
-/// Starts a program and waits for its end; Ctrl+C is the program's alone meanwhile.  With a `terminal` (a
-/// descriptor) it reads this program's standard input, and the terminal's settings are put back afterwards;
-/// with none (-1) it finds nothing to read.  Returns 0, or the errno that kept it from starting.
+/// Starts a program and waits for its end; meanwhile only that program receives Ctrl+C.  With a `terminal` (a
+/// descriptor) it reads this program's standard input, and the terminal's settings are restored afterwards;
+/// with none (-1) its input is empty.  Returns 0, or the errno of the failed start.
 int runAndWait(const std::vector<std::string>& arguments, int terminal);
 
-/// Starts a program that lives on by itself, cut off from the console, and stores its process id.  Returns
-/// 0 or an errno.
+/// Starts a program in the background, detached from the console, and stores its process id.  Returns 0 or an
+/// errno.
 int startDetached(const std::vector<std::string>& arguments, pid_t& pid);
 
 }  // namespace zelvaro::posix

@@ -1,4 +1,5 @@
-// DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the stack.
+// DspRegMry70NW, DspRegMry68NA, DspRegMry68NH: registers, memory with its labels and statements, and the
+// stack.
 #include <array>
 
 #include "diag/FailureWords.h"
@@ -33,9 +34,9 @@ struct Layout {
   std::string_view nameLine;
   std::string_view flagOvf, flagSign, flagZero;
   std::string_view tableLine;    ///< the line above the table
-  std::string_view literalHead;  ///< what stands in front of the statement on a literal's row
+  std::string_view literalHead;  ///< printed before the statement on a literal's row
   int firstLabelWidth;           ///< LabelWidth before any label has been seen
-  int leastLabelColumn;          ///< the label column is that wide or LabelWidth + 1
+  int leastLabelColumn;          ///< minimum width of the label column, whose width is else LabelWidth + 1
 };
 
 constexpr Layout wideForm{"Src. File: ",
@@ -128,7 +129,7 @@ class RegMryReport {
   const Tcomet2& m_;
   const TBasicData& b_;
   const Store& store_;
-  int endAdr_;  ///< the first address behind the image
+  int endAdr_;  ///< the first address after the image
   LabelColumn<Char> labels_;
   int labelWidth_;
   int column_;  ///< width of the label column
@@ -232,7 +233,7 @@ void RegMryReport<Char>::row(ReportText& out, int adr) {
   out.text("\n");
 }
 
-/// The statement, on the row of its first word and on that of its literal.
+/// Prints the statement, on the row of its first word and on that of its literal.
 template <class Char>
 void RegMryReport<Char>::echo(ReportText& out, int adr) {
   const int line = adr < kLinesKnown ? m_.LineOfAddress[static_cast<std::size_t>(adr)] : -1;
@@ -258,7 +259,7 @@ void RegMryReport<Char>::sourceRow(ReportText& out, std::basic_string_view<Char>
   withFirstTwoRunsCut(row, [&out](auto piece) { out.source(piece); });
 }
 
-/// The record of a line.  Addresses rise with the lines, so it mostly is the one behind the last.
+/// The record of a line.  Addresses rise with the lines, so it mostly is the one after the last.
 template <class Char>
 const SrcData<Char>* RegMryReport<Char>::recordOf(int line) {
   const auto records = store_.lines();

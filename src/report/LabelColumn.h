@@ -12,13 +12,13 @@
 namespace zelvaro {
 
 /// The label column.  An address shows the labels of all lines that have it, in the order of the lines, but
-/// a search for it ends at the first labelled line that lies above it.  So a label shows if no labelled
-/// line in front of it lies above its own address, that is, if its address is not below the greatest one
-/// so far.  A label without an opcode keeps address 0 and shows only where nothing before it has moved on.
-/// The labels that show rise with their addresses, and one walk over the lines finds them.
+/// the search for them ends at the first labelled line with a higher address.  So a label is shown if no
+/// labelled line before it has a higher address, that is, if its address is not below the greatest one so
+/// far.  A label without an opcode keeps address 0, so it is shown only if every labelled line before it has
+/// address 0.  The addresses of the labels shown never decrease, and one pass over the lines finds them.
 ///
-/// The fixed form has its labels in a table of their own, in which each one is found whatever lies in front
-/// of it: its lines are taken by rising address.
+/// The fixed form has a separate table of labels, in which each one is found whatever comes before it: its
+/// lines are taken in the order of their addresses.
 template <class Char>
 class LabelColumn {
  public:
@@ -26,13 +26,13 @@ class LabelColumn {
 
   explicit LabelColumn(std::span<const SrcData<Char>> lines, bool byAddress = false);
 
-  /// The labels of an address; none for an address that the machine does not have.
+  /// The labels of an address; none for an address outside of the machine.
   std::span<const View> at(int adr) const {
     if (adr < 0 || adr >= static_cast<int>(first_.size()) - 1) return {};
     const auto i = static_cast<std::size_t>(adr);
     return std::span(labels_).subspan(first_[i], first_[i + 1] - first_[i]);
   }
-  /// Characters of the text of an address: its labels, joined by one blank.
+  /// The length of the text of an address, in characters: its labels, joined by one blank.
   static int length(std::span<const View> labels) {
     std::size_t total = labels.empty() ? 0 : labels.size() - 1;
     for (const View label : labels) total += label.size();
@@ -47,8 +47,8 @@ class LabelColumn {
     labels_.push_back(line.LabelStr);
   }
 
-  std::vector<View> labels_;        ///< the labels that show, by rising address
-  std::vector<std::size_t> first_;  ///< by address, its first label; one element more than addresses
+  std::vector<View> labels_;        ///< the labels shown, in the order of their addresses
+  std::vector<std::size_t> first_;  ///< by address: the index of its first label, and an end
 };
 
 template <class Char>

@@ -11,18 +11,18 @@
 
 namespace zelvaro {
 
-/// Where a report goes, and what it holds besides the machine.
+/// The target of a report, and what it contains besides the machine.
 struct ReportFile {
   Platform& platform;
-  DiagSink& sink;  ///< takes a failure to write
+  DiagSink& sink;  ///< receives the message of a failed write
   const TimeData& time;
   const Family& family;
   Language language;
   std::string_view name = AssembledRegFile;  ///< one of the two report names
 };
 
-/// Writes the report of the machine: DspRegMry70NW and its twins by family.  A failure is reported; the file keeps
-/// its old content then.
+/// Writes the report of the machine: DspRegMry70NW, DspRegMry68NA or DspRegMry68NH by family.  A failure is
+/// reported, and the file keeps its old content.
 template <class Char>
 void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b);
 

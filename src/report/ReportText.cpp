@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::size_t kViewSize = 45;  // characters of a word view
 
-/// Sets a number of at most five digits so that it ends in front of `end`; returns where it begins.
+/// Writes a number of at most five digits so that it ends before `end`; returns where it begins.
 char* setDigits(char* end, std::uint32_t value) {
   do {
     *--end = static_cast<char>('0' + value % 10);

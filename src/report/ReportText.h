@@ -1,4 +1,4 @@
-// The text of a report on its way into the file: one buffer, handed on whenever it is full.
+// The text of a report: one buffer, written to the file whenever it is full.
 #pragma once
 
 #include <algorithm>
@@ -16,8 +16,8 @@
 
 namespace zelvaro {
 
-/// Appends to the file in pieces of the buffer's size.  A report has one row a word of memory, so numbers
-/// are set digit by digit into the buffer: no string is built for a row.
+/// Appends to the file in pieces of the buffer's size.  A report has one row per word of memory, so numbers
+/// are written digit by digit into the buffer, and no string is built for a row.
 class ReportText {
  public:
   explicit ReportText(OutputFile& file) : file_(file) {}
@@ -34,7 +34,7 @@ class ReportText {
     std::memcpy(take(utf8.size()), utf8.data(), utf8.size());
     return *this;
   }
-  /// A text of a line record.  ASCII, nearly all there is, goes into the buffer as it stands.
+  /// A text of a line record.  ASCII, the usual case, is copied into the buffer without conversion.
   template <class Char>
   ReportText& source(std::basic_string_view<Char> s) {
     if (s.size() > kTake) return text(plain(s));
@@ -55,7 +55,7 @@ class ReportText {
     }
     return *this;
   }
-  /// A number in decimal, right-aligned; one that is wider than the column is not cut.
+  /// A number in decimal, right-aligned; a number wider than the column is not cut.
   ReportText& number(std::int32_t value, int columns = 0) {
     std::array<char, 11> digits;
     const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
@@ -64,7 +64,7 @@ class ReportText {
   }
   /// The head of a row: the address in hexadecimal and in five columns in decimal, each with its colon.
   ReportText& address(int adr);
-  /// "#" and the number in hexadecimal, upper case, filled to four digits.
+  /// "#" and the number in hexadecimal, upper case, zero-filled to four digits.
   ReportText& hex(std::uint32_t value) {
     int digits = 4;
     while (digits < 8 && value >> (4 * digits) != 0) ++digits;
@@ -76,7 +76,7 @@ class ReportText {
   /// The view of a word: Char, Hex, UD, SD and Binary Code, each with its colon.
   ReportText& word(std::int32_t cell);
 
-  /// Hands what is left to the file.
+  /// Writes the rest of the buffer to the file.
   void flush() {
     file_.write({buffer_.data(), used_});
     used_ = 0;
@@ -84,10 +84,10 @@ class ReportText {
 
  private:
   static constexpr std::size_t kSize = 64 * 1024;
-  static constexpr std::size_t kTake = 1024;  ///< the longest piece that is set in place
+  static constexpr std::size_t kTake = 1024;  ///< the longest piece that is written in place, in characters
 
   std::size_t room() const { return kSize - used_; }
-  /// The place of the next `size` characters, which may be kTake or what has room at most.
+  /// The place for the next `size` characters, at most kTake.
   char* take(std::size_t size) {
     if (size > room()) flush();
     char* at = buffer_.data() + used_;

@@ -1,4 +1,4 @@
-// One pipeline: the loop from the menu through the stages of a source file to its run, and back.
+// One pipeline: the loop from the menu through the phases of a source file to its run, and back.
 #include <new>
 
 #include "diag/Summaries.h"
@@ -28,8 +28,8 @@ TGame::Next TGame::fight(const Family& f) {
   return next;
 }
 
-/// One pass of the loop.  The menu is outside of what a lack of memory is caught for: it takes a line of the
-/// user before anything else is tried, so that a lack that lasts ends the program.
+/// One pass of the loop.  A lack of memory in the menu is not caught: otherwise a lasting lack of memory
+/// would repeat the loop without an end.
 TGame::Next TGame::pass(const Family& f) {
   withinMemory([&] { endLastRun(f); });
   clearForPass();
@@ -49,8 +49,8 @@ TGame::Next TGame::pass(const Family& f) {
   return next;
 }
 
-/// Does a piece of work.  Where memory does not suffice, that is reported, the work is forgotten, and the result
-/// is false.
+/// Runs a piece of work.  If memory runs out, that is reported, the store is emptied, and the result is
+/// false.
 template <class Work>
 bool TGame::withinMemory(Work work) {
   try {
@@ -95,7 +95,7 @@ void TGame::begin(const Family& f) {
   s_.chooseEditor();
 }
 
-/// What a run that Errors have stopped shows at its end.
+/// The output after Errors have stopped a source file.
 void TGame::endLastRun(const Family& f) {
   sumTallies();
   if (ErrorKazu == 0) return;
@@ -120,7 +120,7 @@ void TGame::clearAllTallies() {
     object->clearTallies();
 }
 
-/// False where the link gave Errors; no time line follows then.
+/// False if the link found Errors; no time line is printed then.
 bool TGame::link(Pass& pass) {
   s_.sh.CurrentFile.clear();
   s_.m.reset();
@@ -153,7 +153,7 @@ TGame::Next TGame::runImage(Pass& pass) {
   return Next::Menu;
 }
 
-/// Empties the store; nothing of a run survives in it.
+/// Empties the store.
 void TGame::release() {
   s_.cs.CommaAriFlag = false;
   s_.b.clearTables();

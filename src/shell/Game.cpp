@@ -29,7 +29,7 @@ constexpr Message simpleBanner = notice("banner-simple", args("kind"),
                                                       "Assembler & Simulator\n"
                                                       "\n\n"));
 constexpr Message emptyBanner = notice("banner-empty", args(), bothLanguages("\n"));
-// Only the English line has an end: the words of the run and the menus begin with one in Japanese.
+// Only the English text ends with a line end: in Japanese the next message begins with one.
 constexpr Message reportLine =
     notice("report-line", args("file"),
            {.ja = "---> {file} メモリの全容が保存してあります。", .en = "---> {file} \n"});
@@ -63,7 +63,7 @@ void TGame::Start() {
 
 void TGame::RunPipelines(const std::string& name) {
   FightFunc = name;
-  // Two names are reserved without a pipeline that belongs to them.
+  // Two reserved names without a pipeline.
   while (FightFunc != "NewChH" && FightFunc != "NewChWH") {
     if (fight(familyOf(FightFunc)) != Next::OtherPipeline) return;
     FightFunc = withoutAnyBlanks(s_.sh.FightFunc);
@@ -83,7 +83,7 @@ void TGame::sumTallies() {
   MemoKazu = s_.sh.MemoKazu + s_.cs.MemoKazu + s_.b.MemoKazu;
 }
 
-/// The slot as the settings gave it; `b` has corrected its own already.
+/// Checks the slot from the settings in `sh`; `b` has already corrected its own copy.
 void TGame::checkEditor() {
   const int index = s_.sh.TextEditorIndex;
   if (index >= 0 && index <= 2) return;
@@ -101,7 +101,7 @@ void TGame::printBanner() {
   say(s_.modeData.SimpleTitleIndex == 1 ? simpleBanner : banner, s_.sh.TextKind);
 }
 
-/// The report line, and the report.
+/// Prints the line about a report, and writes the report.
 void TGame::writeReport(Pass& pass, std::string_view filename) {
   const bool assembled = filename == AssembledRegFile;
   bool& isFirst = assembled ? isFirstAssembled_ : isFirstResultant_;

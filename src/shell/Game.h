@@ -18,15 +18,15 @@ class TGame : public TMsgBase {
   void SetCurrentDirChH();
   /// Reads the settings and runs the pipelines until the user leaves.
   void Start();
-  /// The driver: runs the pipeline of that name, and the next one whenever the user changes it, until the user
-  /// leaves.
+  /// The driver: runs the pipeline of that name, and the next one whenever the user changes it, until the
+  /// user leaves.
   void RunPipelines(const std::string& name);
 
   std::string LastFileName;   ///< name of the file of the current run
-  std::string CurrentDirChH;  ///< working directory at start-up
+  std::string CurrentDirChH;  ///< working directory at start-up; not shown
   std::string FightFunc;      ///< the pipeline's name
   std::string TextKind;       ///< text kind of the pipeline, taken when the mode changes
-  std::string PrgFilename;    ///< the first program's name
+  std::string PrgFilename;    ///< the first program's name; not shown
 
  private:
   // --- one pipeline (Fight.cpp) ---
@@ -54,7 +54,7 @@ class TGame : public TMsgBase {
 
   TSession& s_;
   TMainMenu menu_;
-  int banners_ = 0;  ///< how often the banner has been called for
+  int banners_ = 0;  ///< how often printBanner has been called
   bool isFirstAssembled_ = true;
   bool isFirstResultant_ = true;
 };

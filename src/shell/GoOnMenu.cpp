@@ -24,7 +24,7 @@ GoOn GoOnMenu(TMsgBase& game, Platform& platform) {
   game.say(menu);
   const std::optional<std::string> line = platform.readLine();
   if (!line) return GoOn::Leave;
-  // The first word counts, and of it the digits that it begins with.
+  // Only the leading digits of the first word are read.
   return std::strtol(line->c_str(), nullptr, 10) == 1 ? GoOn::Run : GoOn::MainMenu;
 }
 

@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view kHelpFile = "Zelvaro JPN Help.chm";
 constexpr Words kGuide{"GUIDE.ja.md", "GUIDE.en.md"};
 
-/// Where the guides are: beside a workspace of the sources, and where an installation puts them.
+/// Where the guides are: beside the workspace in the source tree, and in an installation.
 constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
                                                         "/usr/local/share/doc/zelvaro/"};
 

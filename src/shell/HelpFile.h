@@ -5,8 +5,8 @@
 
 namespace zelvaro {
 
-/// Opens the help file.  Where it is not in the working directory, the guide in the learner's language is
-/// shown with the editor instead; with neither, what was looked for is reported.
+/// Opens the help file.  If it is not in the working directory, the guide in the learner's language is opened
+/// with the editor instead; if there is neither, the missing files are reported.
 void openHelpFile(TSession& s);
 
 }  // namespace zelvaro

@@ -41,17 +41,17 @@ constexpr Message goAheadAgain =
            {.ja = "\n\n入力（Enter）キィを押すと次へ進む。\n", .en = "\n\n** Press Enter key to go next. \n"},
            {{kNH, {.ja = {}, .en = "\n\nPress Enter key to go next. \n"}}});
 
-/// What a command works on.
+/// The objects that a command uses.
 struct Command {
   TSession& s;
   const Family& family;
   std::string& name;  ///< the file to assemble
 };
 
-/// A command's result, or nothing where the menu stays.
+/// A command's result, or nothing if the menu continues.
 using Result = std::optional<MenuResult>;
 
-/// Shows a source with the editor in use.  No editor is opened without a name.
+/// Opens a source with the selected editor.  Without a name nothing is opened.
 Result showSource(const Command& c, const std::string& name) {
   showFile(c.s, c.s.editorData.Command, nativePath(NormalizePath(name)));
   return MenuResult::Done;
@@ -89,7 +89,7 @@ Result listNamedFolder(const Command& c) {
   if (!typed) return MenuResult::Leave;
   const std::string folder = NormalizePath(*typed);
   if (folder.empty()) c.s.channel.say(noInput);
-  // Without a name it is the working directory that is listed.
+  // Without a name the working directory is listed.
   listFolder(c.s, folder.empty() ? "." : nativePath(folder));
   return MenuResult::Done;
 }
@@ -153,7 +153,7 @@ struct MenuRow {
   Words longText;           ///< empty: not listed
   Words shortText;          ///< empty: not listed in the short menu
   std::string_view report;  ///< a report's name after the text
-  FamilySet families;       ///< those that know the command
+  FamilySet families;       ///< those that have the command
   Result (*run)(const Command&);
 };
 
@@ -246,7 +246,7 @@ void printMenu(const Command& c) {
   c.s.platform.print(menu + "\n");
 }
 
-/// Carries out the command of that number: its result, or nothing where the menu stays.
+/// Executes the command of that number.  Returns its result, or nothing if the menu continues.
 Result carryOut(const Command& c, long number) {
   for (const MenuRow& row : kMenuRows)
     if (row.number == number && row.families.contains(c.family.id)) return row.run(c);
@@ -272,7 +272,7 @@ MenuResult TMainMenu::MainMenu(const Family& family, std::string& name) {
   }
 }
 
-/// Lets the user read what the last run has printed.  False at the end of the input.
+/// Waits until the user has read the output of the last run.  False at the end of the input.
 bool TMainMenu::askGoAhead() {
   s_.channel.say(askedInEnglish_ ? goAheadAgain : goAhead);
   if (s_.wording.language == Language::English) askedInEnglish_ = true;

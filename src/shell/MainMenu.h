@@ -1,4 +1,4 @@
-// The main menu: what the user asks for by number.
+// The main menu: commands by number.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace zelvaro {
 
-/// What a command of the menu leads to.
+/// What happens after a command of the menu.
 enum class MenuResult : std::uint8_t {
   File,           ///< a source file is to be assembled
   Done,           ///< the command has been carried out; the menu comes again after the go-ahead prompt
@@ -20,7 +20,7 @@ class TMainMenu {
  public:
   explicit TMainMenu(TSession& s) : s_(s) {}
 
-  /// Asks until a command leads out of the menu; for MenuResult::File `name` is the file, empty if no such file
+  /// Reads commands until one leaves the menu; for MenuResult::File `name` is the file, empty if no such file
   /// was found.  At the end of the input nothing is saved.
   MenuResult MainMenu(const Family& family, std::string& name);
 
@@ -28,7 +28,7 @@ class TMainMenu {
   bool askGoAhead();
 
   TSession& s_;
-  bool askedInEnglish_ = false;  ///< the go-ahead prompt is in other words from the second time on
+  bool askedInEnglish_ = false;  ///< the go-ahead prompt has another text from the second time on
 };
 
 }  // namespace zelvaro

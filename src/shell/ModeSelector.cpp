@@ -33,7 +33,7 @@ constexpr std::array kModeRows{
     ModeRow{33, "33. Cancel", ""},
 };
 
-/// What a number that no row has stands for.
+/// The pipeline for a number without a row.
 constexpr std::string_view kOtherNumber = "NWW";
 
 std::string_view nameOf(long number) {

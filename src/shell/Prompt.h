@@ -1,4 +1,4 @@
-// What every prompt shares: one line of the user, and a number in it.
+// Shared by all prompts: one line of input, and a number in it.
 #pragma once
 
 #include <optional>
@@ -9,8 +9,8 @@
 
 namespace zelvaro {
 
-/// The next input line, at most `limit` characters of it; what lies beyond is dropped.  Nothing at the end
-/// of the input.
+/// The next input line, at most `limit` characters of it; the rest is dropped.  Nothing at the end of the
+/// input.
 std::optional<std::string> askLine(Platform& platform, std::size_t limit);
 
 /// `text` without the blanks at both ends.
@@ -18,8 +18,8 @@ std::string withoutBlanks(std::string_view text);
 /// `text` without blanks and full-width blanks at both ends.
 std::string withoutAnyBlanks(std::string_view text);
 
-/// A decimal number, with a sign or without.  Empty text is 0.  Nothing if there is a rest behind the
-/// number; a number that is too large gives the greatest one.
+/// A decimal number, with or without a sign.  Empty text is 0.  Nothing if any text follows the number; a
+/// number that is too large gives the greatest long.
 std::optional<long> decimalNumber(const std::string& text);
 
 }  // namespace zelvaro

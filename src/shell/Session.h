@@ -14,7 +14,7 @@
 
 namespace zelvaro {
 
-/// The settings that the menu and the reports read, as the file has them.
+/// The settings that the menu and the reports read, with the values of the file.
 struct ModeData {
   int SimpleTitleIndex = 0;
   int SilentModeIndex = 0;
@@ -39,7 +39,7 @@ struct TSession {
   TSession& operator=(const TSession&) = delete;
 
   Platform& platform;
-  Wording wording;  ///< the language of the user, and whose words the running pipeline uses
+  Wording wording;  ///< the language of the user and the family of the running pipeline
   ConsoleSink console{platform, wording};
   TDiagLog dg;
   DiagChannel channel;  ///< where everything is issued
@@ -53,7 +53,7 @@ struct TSession {
   TimeData timeData;
   bool iniIsLeftAlone = false;  ///< the settings file could not be read, so it is not written either
 
-  /// Takes over the editor's slot of `b`: into `sh`, and as the command that shows files.
+  /// Copies the editor's slot of `b` to `sh`, and sets the command that opens files.
   void chooseEditor();
 };
 

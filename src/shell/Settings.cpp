@@ -15,7 +15,7 @@ namespace {
 
 using Tree = boost::property_tree::ptree;
 
-// What is reported about the file is reported in both languages: the user's own may be what could not be read.
+// Messages about the file are in both languages: the user's language may be what could not be read.
 constexpr Message doesNotParse{
     "settings-not-parsed",
     Severity::Notice,
@@ -73,14 +73,15 @@ Language languageOf(bool japanese) {
   return japanese ? Language::Japanese : Language::English;
 }
 
-/// A value of the file.  One with a control character would break its line: `otherwise` stands for it.
+/// A value for the file.  A value with a control character would break its line and is replaced by
+/// `otherwise`.
 std::string storable(const std::string& value, std::string_view otherwise) {
   const bool control = std::any_of(value.begin(), value.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
   return control ? std::string(otherwise) : value;
 }
 
-/// All that a settings file holds.
+/// The values of a settings file.
 struct Settings {
   Language language = Language::English;
   std::string FightFunc = "WP";
@@ -95,8 +96,8 @@ struct Settings {
   std::string TextEditorPath2;
 };
 
-/// The keys in the order of the file.  All values go in and out as text: the tree's own conversions take a
-/// lack of memory for a value that is no number.
+/// The keys in the order of the file.  All values are read and written as text: the tree's own conversions
+/// treat a lack of memory as a value that is not a number.
 Tree treeOf(const Settings& v) {
   Tree tree;
   tree.put("Mode.LangStr", v.language == Language::Japanese ? "JPN" : "ENU");
@@ -120,7 +121,7 @@ Tree defaultTree(TSession& s) {
   return treeOf(v);
 }
 
-/// 0 and 1 as they are, any other value as 0.
+/// 0 and 1 are unchanged, any other value becomes 0.
 int zeroOrOne(int value) {
   return value == 1 ? 1 : 0;
 }
@@ -135,7 +136,7 @@ Tree currentTree(TSession& s) {
   if (v.LastSrcFile.empty()) v.LastSrcFile = "src\\list792j.txt";
   v.SimpleTitleIndex = s.b.SimpleTitleIndex = zeroOrOne(s.b.SimpleTitleIndex);
   v.BusyModeIndex = s.b.BusyModeIndex = zeroOrOne(s.b.BusyModeIndex);
-  v.SilentModeIndex = "false";  // no number, so it counts as absent when it is read back
+  v.SilentModeIndex = "false";  // not a number, so it counts as absent when it is read
   v.TextEditorIndex = s.sh.TextEditorIndex;
   v.TextEditorPath1 = storable(s.b.TextEditorPath[1], "");
   v.TextEditorPath2 = storable(s.b.TextEditorPath[2], "");
@@ -144,7 +145,7 @@ Tree currentTree(TSession& s) {
 
 constexpr std::size_t kMostBytes = std::size_t{1} << 20;  ///< of a settings file
 
-/// Writes a file that is on the disk before it takes its name.  False with the cause in `failure`.
+/// Writes a file and syncs it to the disk before the rename.  Returns false, with the cause in `failure`.
 bool writeSynced(Platform& platform, const std::string& path, std::string_view bytes, bool replaces,
                  FileFailure& failure) {
   const auto file = platform.createFile(path, &failure, {.synced = true, .replaces = replaces});
@@ -157,21 +158,21 @@ bool writeSynced(Platform& platform, const std::string& path, std::string_view b
 
 void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   std::ostringstream text;
-  text.exceptions(std::ios::badbit);  // else a lack of memory would cut the text short
+  text.exceptions(std::ios::badbit);  // otherwise a lack of memory would silently cut the text
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
   if (!writeSynced(s.platform, path, text.view(), true, failure))
     report(s, doesNotWrite, path, failureWords(failure));
 }
 
-/// A file that is not understood, or not even read, is not written at the end either.
+/// A file that cannot be read or parsed is not written at the end either.
 void leaveAlone(TSession& s) {
   s.iniIsLeftAlone = true;
   report(s, leftAlone);
 }
 
-/// Keeps the bytes of a file that is not understood under the first name of a row that nothing has yet, and
-/// puts a default one in its place.  A program that starts at the same time and does the same takes the next.
+/// Saves the bytes of a file that does not parse under the first unused backup name and writes a default file
+/// in its place.  Another program that does the same at the same time uses the next name.
 void keepAside(TSession& s, const std::string& path, const std::string& bytes) {
   constexpr int kMostKept = 100;
   FileFailure failure;
@@ -197,7 +198,7 @@ Tree parsed(std::string_view bytes) {
   return tree;
 }
 
-/// The tree of the file, or the default one where there is none that can be used.
+/// The tree of the file, or the default one if the file cannot be used.
 Tree readTree(TSession& s, const std::string& path) {
   FileFailure failure;
   const std::optional<std::string> bytes = s.platform.readFile(path, &failure, kMostBytes);
@@ -226,7 +227,7 @@ std::string textOf(const Tree& tree, const char* key, const std::string& otherwi
   return tree.get(key, otherwise);
 }
 
-/// A number that is absent or is none counts as `otherwise`.
+/// The number, or `otherwise` if it is absent or not a number.
 int numberOf(const Tree& tree, const char* key, int otherwise) {
   const std::string text = textOf(tree, key, "");
   const std::optional<long> number = text.empty() ? std::nullopt : decimalNumber(text);
@@ -240,7 +241,7 @@ void take(const Tree& tree, const char* key, std::string& value) {
   value = textOf(tree, key, value);
 }
 
-/// The order decides who wins: the later of two keys that set the same thing.
+/// If two keys set the same value, the later one wins, so the order matters.
 void takeSettings(TSession& s, const Tree& tree) {
   s.wording.language = languageOf(textOf(tree, "Mode.LangStr", "ENU") == "JPN");
   s.sh.FightFunc = textOf(tree, "Mode.FightFunc", "WP");

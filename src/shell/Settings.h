@@ -8,12 +8,12 @@
 namespace zelvaro {
 
 /// Reads the settings into the objects of the session.  Without a file a default one is written first.  A
-/// file that was read and does not parse is reported, kept as <path>.bak (.bak2 ... where there is one) and
-/// replaced by a default one.  One that cannot be read, or is larger than 1 MiB, is reported and left alone.
+/// file that does not parse is reported, saved as <path>.bak (.bak2 ... if that exists) and replaced by a
+/// default one.  A file that cannot be read, or is larger than 1 MiB, is reported and left unchanged.
 void ReadIni(TSession& s, const std::string& path);
 
-/// Writes the settings of the running program, but not over a file that ReadIni has left alone.  A failure is
-/// reported; the old file stays as it was then.
+/// Writes the settings of the running program, but not over a file that ReadIni has left unchanged.  A
+/// failure is reported, and the old file is unchanged then.
 void WriteIni(TSession& s, const std::string& path);
 
 /// Writes a new file in the user's language.

@@ -38,7 +38,7 @@ constexpr Message notOpened = notice("document-not-opened", args("path", "reason
 constexpr Message liesAt = notice("document-place", args("place"),
                                   {.ja = "次の場所にあります： {place}\n", .en = "It lies at {place}\n"});
 
-/// CR LF read as line ends: a terminal would show the CR.
+/// Reads CR LF as a line end: a terminal would show the CR.
 std::string withLineFeeds(std::string text) {
   std::string out;
   out.reserve(text.size());

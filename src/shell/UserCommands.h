@@ -1,4 +1,4 @@
-// What the menu does with files and folders of the user, and how it words what came of it.
+// The menu's commands on files and folders of the user, with their messages.
 #pragma once
 
 #include <string>
@@ -10,18 +10,19 @@ namespace zelvaro {
 /// Prints the names of a folder's entries.
 void listFolder(TSession& s, const std::string& path);
 
-/// Deletes a file if the user says yes; the end of the input is no yes.
+/// Deletes a file if the user answers yes; the end of the input counts as no.
 void deleteAfterQuestion(TSession& s, const std::string& path);
 
-/// Shows a file with an editor and waits for it.  Without an editor the text is printed, whichever of the
-/// encodings of a source it has.
+/// Opens a file with an editor and waits for its end.  Without an editor the text is printed, in whichever
+/// encoding of a source it is.
 void editFile(TSession& s, const EditorCommand& editor, const std::string& path);
 
-/// The same for a file that the user or the settings have named: what is no regular file, or is not there, is
+/// The same for a file named by the user or by the settings: if it is missing or not a regular file, that is
 /// reported and no editor is started.  Does nothing without a name.
 void showFile(TSession& s, const EditorCommand& editor, const std::string& path);
 
-/// Hands a document to the desktop.  Without a desktop a text is printed, and of any other file its place.
+/// Opens a document with the desktop.  Without a desktop a text file is printed, and for any other file its
+/// path.
 void openDocument(TSession& s, const std::string& path);
 
 }  // namespace zelvaro

@@ -1,5 +1,5 @@
-// What a stage of the assembler may touch: the objects that hold the store, the tallies and the state of
-// the checks.  The machine, the settings and the outside world are out of its reach.
+// What a stage of the assembler may use: the objects with the store, the tallies and the state of the checks.
+// It has no access to the machine, the settings and the outside world.
 #pragma once
 
 #include "source/BasicData.h"

@@ -18,7 +18,7 @@ class TBasicData : public TMsgBase {
   LineStore<char16_t> vecSrcW;  ///< the lines and programs of a wide pipeline
   LineStore<char> vecSrcA;      ///< the lines and programs of a narrow pipeline
   std::string SrcFilename;      ///< name of the file being assembled, UTF-8
-  int PrgEndAdr = 0;            ///< words of the linked image: the first address behind the last program
+  int PrgEndAdr = 0;            ///< words of the linked image: the first address after the last program
   std::string FirstPrgName;     ///< the first program's name, UTF-8
   /// Names of the text editors; slot 0 never changes.
   std::array<std::string, 3> TextEditorPath{"notepad.exe", "", ""};
@@ -45,7 +45,7 @@ class TBasicData : public TMsgBase {
   }
 
   int TextEditorIndex() const { return textEditorIndex_; }
-  /// Stores the slot of the editor table; a value outside 0 to 2 is told and becomes 0.
+  /// Stores the slot of the editor table; a value outside 0 to 2 is reported and becomes 0.
   void SetTextEdIndex(int index);
 
  private:

@@ -10,7 +10,7 @@ class TCorrectScode : public TMsgBase {
  public:
   using TMsgBase::TMsgBase;
 
-  /// Whether the address operand of the line at hand ended in a comma; read by the check of the index
+  /// Whether the address operand of the current line ended in a comma; read by the check of the index
   /// register.  False at the start of each line.
   bool CommaAriFlag = false;
 };

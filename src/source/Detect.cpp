@@ -26,7 +26,7 @@ constexpr Message reading{"reading",
                           args("name"),
                           {.ja = "\n'{name}'     を読み込みます。 ", .en = "\n* Reading {name}"}};
 
-/// How many bytes from the front are below 0x7F, in steps of eight.
+/// The number of leading bytes below 0x7F, rounded down to a multiple of eight.
 std::size_t asciiPrefix(std::string_view bytes) {
   constexpr std::uint64_t kOnes = 0x0101010101010101u;
   std::size_t i = 0;

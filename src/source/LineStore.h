@@ -14,7 +14,7 @@
 
 namespace zelvaro {
 
-/// Whether a line holds a statement: something that is no blank, and whose first such character is no ';'.
+/// Whether a line holds a statement: it is not blank, and its first nonblank character is not ';'.
 template <class Char>
 constexpr bool holdsStatement(std::basic_string_view<Char> line) {
   const std::basic_string_view<Char> s = trimLeft(line);
@@ -28,8 +28,8 @@ class LineStore {
   using Src = SrcData<Char>;
   using Prg = PrgData<Char>;
 
-  /// Takes the next line of the file.  `text` has to live in this store's arena, or anywhere if the line
-  /// holds no statement: such a line is counted and leaves no record.
+  /// Adds the next line of the file.  `text` must be in this store's arena if the line holds a statement; any
+  /// other line is counted and gets no record.
   void addLine(View text) {
     if (holdsStatement(text)) {
       Src& s = records_.emplace_back();
@@ -38,8 +38,8 @@ class LineStore {
     }
     ++lineCount_;
   }
-  /// Told by a loader that has read `done` of `total`: a full table grows to what the whole will need at
-  /// this rate, so that it is hardly ever copied.  Memory that is not used in the end is not touched.
+  /// Called by a loader that has read `done` of `total` bytes: a full table grows to the size that the whole
+  /// file will need at this rate, so it is rarely copied.  Memory that remains unused is never accessed.
   void foresee(std::size_t done, std::size_t total) {
     constexpr std::size_t kFirst = 256;
     if (records_.size() < records_.capacity() || records_.size() < kFirst) return;

@@ -44,7 +44,7 @@ bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& f
   }
 }
 
-/// Reads the file and hands its bytes to a loader, unless it is refused as it is.
+/// Reads the file and passes its bytes to a loader, unless the file is refused.
 template <class Open>
 bool openSource(Assembly& a, const LoadRequest& request, Open open) {
   FileFailure failure;

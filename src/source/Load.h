@@ -14,48 +14,48 @@ namespace zelvaro {
 struct MoziCodeData {
   int BomKazu = 0;       ///< length of the byte order mark: 3, 2 or 0
   std::string BomText;   ///< "EFBBBF", "FFFE", "FEFF" or empty
-  int CodePage = 0;      ///< 1200, 1201, 65001 or 932; keeps its last value where nothing sets it
-  std::string CodeName;  ///< the name told to the user
+  int CodePage = 0;      ///< 1200, 1201, 65001 or 932; keeps its last value if nothing sets it
+  std::string CodeName;  ///< the name that is reported to the user
 };
 
-/// A source file, read once for the detection and the loader; nothing where it does not open.
+/// A source file, read once for the detection and the loader; nothing if it cannot be opened.
 using SourceBytes = std::optional<FileBytes>;
 
-/// Trims, quotes a name with blanks, and turns "/" into a backslash: the form that the system passes on.
-/// A name that is quoted already stays so.
+/// Trims a name, quotes it if it has blanks, and turns "/" into a backslash: the form in which names are
+/// passed inside the program.  A quoted name stays quoted.
 std::string NormalizePath(const std::string& name);
-/// A passed-on name as the file layer wants it: without the quotes round it, with "/".
+/// A name in that form as a native path: without the quotes around it, with "/".
 std::string nativePath(const std::string& name);
 
-/// Whether a passed-on name is a file that opens for reading; if not, the cause is stored.
+/// Whether a name in that form is a file that can be opened for reading; if not, the cause is stored.
 bool FileExists(Platform& platform, const std::string& name, FileFailure* failure = nullptr);
-/// Reports why a source cannot be read where its name is right all the same: it is a folder or a device, is too
-/// large, or memory does not suffice.  False, with nothing printed, for any other failure.
+/// Reports why a source that exists cannot be read: it is a folder or a device, is too large, or there is not
+/// enough memory.  False, with nothing printed, for any other failure.
 bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
-/// exists.  Nothing at the end of the input.  A typed name is cut behind 247 characters.
+/// exists.  Nothing at the end of the input.  A typed name is cut after 247 characters.
 std::optional<std::string> FindSrcFile(TShellData& sh, Platform& platform);
 
 /// Fills the record from the first bytes of the file `name`; returns `BomText`.
 std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
 /// Decides between UTF-8 and Shift-JIS by counting, and fills the record.
 void Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
-/// Finds the encoding and reports it: DetBOM, then Det_sjis where it applies.  Without `reports` only the name of
-/// the file is reported, and a file without a mark keeps the encoding of the file before.
+/// Finds the encoding and reports it: DetBOM, then Det_sjis where it applies.  Without `reports` only the
+/// name of the file is reported, and a file without a mark keeps the encoding of the file before.
 void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
                     bool reports);
 
-/// Decodes UTF-8; a text that is none is taken for CP932.  Appends to `out`; false, with the words of the
-/// failure, if a byte has no character in either.
+/// Decodes UTF-8, or CP932 if the text is not UTF-8.  Appends to `out`; false, with the text of the failure,
+/// if a byte cannot be decoded in either.
 bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out);
 
-/// The loaders.  Each fills the line table with the lines of `bytes`, or reports that the file `name` does not open
-/// and returns false, the table and the tally as they were.  All but the first read CR LF
-/// as a line end, make no line of what follows the last line end if nothing does, and keep a lone CR and a
-/// zero byte in the line.
+/// The loaders.  Each fills the line table with the lines of `bytes`, or reports that the file `name` does
+/// not open and returns false, the table and the tally as they were.  All but the first read CR LF as a line
+/// end, make no line of what follows the last line end if nothing does, and keep a lone CR and a zero byte in
+/// the line.
 /// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text behind the last one is a
-///   line even when it is empty, half a character at the end of the file is dropped.
+///   line even if it is empty, and half a code unit at the end of the file is dropped.
 bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
                          const SourceBytes& bytes);
 /// - UTF-8 or CP932, as the record says.
@@ -63,21 +63,21 @@ bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string
                         const SourceBytes& bytes);
 /// - Narrow: the lines become CP932, with "?" for a character that it does not have.
 bool OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
-/// - The fixed form: as the narrow one, but a line that is no UTF-8 keeps its bytes; a line of more than 104
-///   bytes as several, each cut behind its 80th byte, which is told once; of a file of more than 310 lines
-///   nothing is stored and the result is false.
+/// - The fixed form: as the narrow one, but a line that is not UTF-8 keeps its bytes.  A line of more than 104
+///   bytes becomes several lines, each cut after its 80th byte, which is reported once.  Of a file of more
+///   than 310 lines nothing is stored and the result is false.
 bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);
 
-/// What the load stages work on.
+/// The input of the load stages.
 struct LoadRequest {
   Platform& platform;
   MoziCodeData& code;
-  const std::string& name;  ///< of the file, as passed on
-  bool reportsEncoding;     ///< the encoding that has been found is printed
+  const std::string& name;  ///< of the file, in the program's form
+  bool reportsEncoding;     ///< the detected encoding is printed
 };
 
-/// The load stages: each reads the file and runs the detection or the loader that its name says.  False where
-/// nothing has been loaded.
+/// The load stages: each reads the file and runs the detection or the loader of its name.  False if nothing
+/// has been loaded.
 bool loadDetecting(Assembly& a, const LoadRequest& request);
 bool loadNarrow(Assembly& a, const LoadRequest& request);
 bool loadFixed(Assembly& a, const LoadRequest& request);

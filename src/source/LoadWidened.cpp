@@ -1,4 +1,4 @@
-// The load of pipeline NaW: the narrow loader, and its lines as wide text.
+// The load stage of pipeline NaW: the narrow loader, whose lines are converted to wide text.
 #include "MoziCode/Cp932.h"
 #include "source/Load.h"
 

@@ -1,4 +1,4 @@
-// What the two narrow loaders share: the words round the opening of a file, and its lines as CP932.
+// Shared by the two narrow loaders: the messages when a file is opened, and its lines as CP932.
 #pragma once
 
 #include <cstdint>
@@ -10,11 +10,11 @@
 
 namespace zelvaro {
 
-/// Reports that the file is read; false where it does not open, which is reported too.
+/// Reports that the file is read; false if it cannot be opened, which is reported too.
 bool reportNarrowReading(Assembly& a, const std::string& name, const SourceBytes& bytes);
 
-/// What becomes of a line that is no UTF-8: CP932 whose unknown bytes are told and replaced, or its bytes as
-/// they stand.
+/// How a line that is not UTF-8 is treated: as CP932 whose undecodable bytes are reported and replaced, or
+/// its bytes are kept unchanged.
 enum class OtherBytes : std::uint8_t { Mended, Kept };
 
 /// The lines of a file, one after the other, each decoded as UTF-8 or else as CP932.

@@ -29,7 +29,7 @@ bool notOpened(Assembly& a, const std::string& name) {
   return false;
 }
 
-/// CP932 to wide text; a byte that has no character is told once for the text.
+/// CP932 to wide text; undecodable bytes are reported once for the text.
 bool ansiToWide(TShellData& sh, std::string_view bytes, std::u16string& out) {
   const bool known = cp932ToUtf16(bytes, out);
   if (!known) sh.report(noTranslation, 0);
@@ -42,7 +42,7 @@ std::u16string_view widen(TextArena<char16_t>& arena, std::string_view ascii) {
   return {at, ascii.size()};
 }
 
-/// A line of the units, put into the arena if it holds a statement.
+/// A line of code units, copied to the arena if it holds a statement.
 void addUnits(LineStore<char16_t>& store, const Utf16Units& units, std::size_t from, std::size_t to) {
   std::size_t first = from;
   while (first < to && isBlank(units[first])) ++first;
@@ -93,7 +93,7 @@ bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string
       store.addLine(statement ? widen(store.arena, line) : std::u16string_view());
       return;
     }
-    // a comment is decoded too: its undecodable bytes are told like those of any line
+    // a comment is decoded too: its undecodable bytes are reported like those of any line
     wide.clear();
     if (code.CodePage == 65001) {
       MbChToWCs(a.sh, line, wide);
@@ -106,7 +106,7 @@ bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string
   std::string_view rest = bytes->bytes;
   if (!code.BomText.empty()) {
     rest.remove_prefix(std::min<std::size_t>(rest.size(), 3));
-    add(takeLine(rest));  // the line of the mark is a line even when it is empty
+    add(takeLine(rest));  // the line of the mark is a line even if it is empty
   }
   while (!rest.empty()) {
     add(takeLine(rest));

@@ -13,11 +13,11 @@ using ViewOf = std::basic_string_view<Char>;
 
 /// What a constant of a DC or of a literal is.
 enum class ConstKind : std::uint8_t {
-  Const,      ///< not yet told apart
+  Const,      ///< not yet determined
   Dec,        ///< decimal, one word
   Hex,        ///< hexadecimal, one word
   AdrConst,   ///< a label, one word
-  CharConst,  ///< a character constant, one word a character
+  CharConst,  ///< a character constant, one word per character
 };
 
 /// An operand of a DC.
@@ -33,7 +33,7 @@ struct OprndAtDC {
 /// The literal of a line.
 template <class Char>
 struct AdrConst {
-  std::basic_string_view<Char> ConstStr;  ///< the text behind the equal sign
+  std::basic_string_view<Char> ConstStr;  ///< the text after the equal sign
   ConstKind DataType = ConstKind::Const;
   int WordKazu = 0;  ///< 1 for a number, else the number of characters
   int Value = 0;     ///< the word of a number; only the low 16 bits count
@@ -52,9 +52,9 @@ struct SrcData {
 
   View SrcStr;       ///< the line as loaded, without its line end
   View SrcWork;      ///< the working text: the normalised line first, the operand text later
-  View LabelStr;     ///< empty where the line begins with a blank
+  View LabelStr;     ///< empty if the line begins with a blank
   View OpStr;        ///< the opcode word as written
-  View OprndComStr;  ///< operands, and until it is cut the comment
+  View OprndComStr;  ///< operands, and the comment until it is removed
   std::array<View, kOprnds> Oprnd{};
 
   std::int32_t Line = 0;        ///< 0-based index of the line in the file

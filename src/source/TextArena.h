@@ -21,7 +21,7 @@ class TextArena {
     left_ -= size;
     return at;
   }
-  /// A copy of `text` that lives as long as the arena's content.
+  /// A copy of `text`, valid until clear().
   View keep(View text) {
     Char* at = allocate(text.size());
     std::copy(text.begin(), text.end(), at);

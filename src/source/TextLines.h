@@ -5,7 +5,7 @@
 
 namespace zelvaro {
 
-/// Takes the next line off the front of `rest`, without its line end.
+/// Removes the next line from `rest` and returns it without its line end.
 inline std::string_view takeLine(std::string_view& rest) {
   const std::size_t lineFeed = rest.find('\n');
   std::string_view line = rest.substr(0, lineFeed);
