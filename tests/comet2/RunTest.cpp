@@ -20,16 +20,20 @@ TEST(Guards, ReportTheirStopAndWhereItWas) {
     int PR;
     void (*before)(Tcomet2&) = [](Tcomet2&) {};
   };
+  const std::string kTime = kEnd.substr(std::string("run-end ").size());
   const Case cases[] = {
       {machineWith({0}), "pr-guard(FDE9, 65001) " + kEnd, 65001},
       {machineWith({0x6400, 65000}), "pr-guard(FDEA, 65002) " + kEnd,
        65002,  // a compare, and a jump after the limit
        [](Tcomet2& m) { m.Memory[65000] = 0x4010; }},
       {machineWith({0x1010, 65000, 0x1022, 64999, 0x8100}), kEnd, 4, [](Tcomet2& m) { m.GR[2] = 1; }},
-      {machineWith({0, 0x1010, 65001}), "load-guard", 2},
-      {machineWith({0, 0x1012, 65000}), "load-guard", 2, [](Tcomet2& m) { m.GR[2] = 1; }},
-      {machineWith({0x1112, 64999, 0x1112, 65000}), "store-guard", 3},
-      {machineWith({0, 0x8000, 1}), "stack-guard", 2},
+      {machineWith({0, 0x1010, 65001}),
+       "load-guard load-guard-cells(1, 1010, 4112, 2, FDE9, 65001, 0000, 0) " + kTime, 2},
+      {machineWith({0, 0x1012, 65000}),
+       "load-guard load-guard-cells(1, 1012, 4114, 2, FDE8, 65000, 0000, 0) " + kTime, 2,
+       [](Tcomet2& m) { m.GR[2] = 1; }},
+      {machineWith({0x1112, 64999, 0x1112, 65000}), "store-guard(0002, 2, 2) " + kEnd, 3},
+      {machineWith({0, 0x8000, 1}), "stack-guard(1, 1) " + kEnd, 2},
       {machineWith({0, 0x7130}), "empty-stack-guard(1, 1) " + kEnd, 1},
       {machineWith({0x8100}), "return-guard(10000) " + kEnd, 0, [](Tcomet2& m) { m.SP = 0x10000, m.OS = 1; }},
       {machineWith({0, 0x0008}), "nop-guard(0008, 1) " + kEnd, 1},
