@@ -57,7 +57,7 @@ TEST_F(ReportTest, StackRowsEndAfterFourZerosInARow) {
   const std::size_t none = stackRows().size();
   m.StackArea[1] = 65;
   EXPECT_EQ(stackRows().size(), none + 2);
-  EXPECT_EQ(stackRows()[none - 1 + 1], "");
+  EXPECT_EQ(stackRows().at(5), "#FFFE:65534:      : 'A':#0041:   65:   +65: 0000 0000 0100 0001:");
   m.StackArea[5] = 66;  // after three zeros
   EXPECT_EQ(stackRows().size(), none + 6);
   m.StackArea[10] = 67;  // after four: not seen
