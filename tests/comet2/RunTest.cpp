@@ -1,10 +1,8 @@
-// The guards: what stops a run, what is issued, and what stays in the machine; places where decoding once could
-// go wrong.  AgreementTest looks everywhere.
+// The guards: what stops a run, what is issued, and what stays in the machine.  AgreementTest looks everywhere.
 #include <gtest/gtest.h>
 
 #include "comet2/Guards.h"
 #include "comet2/Machines.h"
-#include "comet2/RunLoop.h"
 
 namespace zelvaro {
 namespace {
@@ -123,36 +121,6 @@ TEST(Guards, WhereTheCountsBegin) {
     runAll(m, 10, id);
     EXPECT_EQ(m.ExecCount[0], family(id).countsStart == CountsStart::WithRun ? 1 : 8);
   }
-}
-
-TEST(RunLoop, ALoadWhoseAddressIsRewrittenAcrossTheLimit) {
-  // 0 LD GR1,20; 2 LAD GR2,1,GR2; 4 CPL GR2,19; 6 JZE 13; 8 ST GR3,1; 10 JUMP 0; 13 RET
-  const Tcomet2 m = machineWith(
-      {0x1010, 20, 0x1222, 1, 0x4120, 19, 0x6300, 13, 0x1130, 1, 0x6400, 0, 0, 0x8100, 0, 0, 0, 0, 0, 3});
-  Tcomet2 within = m, beyond = m;
-  within.GR[3] = 65000;
-  beyond.GR[3] = 65001;
-  EXPECT_EQ(runAll(within), kEnd);
-  EXPECT_TRUE(runAll(beyond).starts_with("load-guard "));
-  EXPECT_EQ(beyond.PR, 1);
-  EXPECT_EQ(beyond.ExecCount[0], 2);
-}
-
-TEST(RunLoop, CountsGoOnAfterAStop) {
-  Tcomet2 m = machineWith({0x1211, 1, 0x6400, 0});
-  test::ScriptedPlatform platform;
-  test::Recorder sink;
-  TimeData time;
-  const RunEnvironment env{platform, sink, time, family(FamilyId::WP), 10};
-  GuardedStores watch(m, env);
-  for (int run = 0; run < 2; ++run) {
-    std::int64_t steps = 10;
-    EXPECT_EQ(runLoop(m, {platform, sink}, watch, tMaxMemory, steps), Stop::Steps);
-    EXPECT_EQ(steps, 0);
-  }
-  EXPECT_EQ(m.GR[1], 10);
-  EXPECT_EQ(m.ExecCount[0], 10);
-  EXPECT_EQ(m.ExecCount[2], 10);
 }
 
 }  // namespace
