@@ -71,7 +71,7 @@ TEST(Link, GuardsTheCopy) {
   EXPECT_EQ(outside.m.Memory[kMemoryCells - 1], 'A');
 
   Assembled words("A START\n DS 2\n RET\n END\n"), taken("A START\n RET\n END\n", FamilyId::AP);
-  for (const std::size_t adr : {1, 2, 3, 4}) words.m.Memory[adr] = taken.m.Memory[adr] = 7;
+  for (const std::size_t adr : {1U, 2U, 3U, 4U}) words.m.Memory[adr] = taken.m.Memory[adr] = 7;
   EXPECT_TRUE(words.link());
   EXPECT_THAT(words.image(0, 5), ElementsAre(0, 0, 0, 0x8100, 7));
   EXPECT_FALSE(taken.link());
