@@ -4,6 +4,7 @@
 #include "Workloads.h"
 #include "comet2/Guards.h"
 #include "comet2/RunLoop.h"
+#include "support/Recorder.h"
 #include "support/ScriptedPlatform.h"
 
 namespace zelvaro::bench {
@@ -24,13 +25,16 @@ bool isRight(const Tcomet2& m, const Workload& w) {
 
 void run(benchmark::State& state, const Workload& w) {
   test::ScriptedPlatform platform;
+  test::Recorder sink;
+  TimeData time;
+  const RunEnvironment env{platform, sink, time, family(FamilyId::WP), w.PrgEndAdr};
   Tcomet2 m;
   for (auto _ : state) {
     state.PauseTiming();
     load(m, w);
-    FamilyStoreWatch<WP> watch(m, platform, w.PrgEndAdr);
+    GuardedStores watch(m, env);
     state.ResumeTiming();
-    const Stop stop = runLoop(m, platform, watch, kRunLimit<WP>);
+    const Stop stop = runLoop(m, {platform, sink}, watch, env.family.runLimit);
     state.PauseTiming();
     if (stop != Stop::End || !isRight(m, w)) state.SkipWithError("the result is wrong");
     state.ResumeTiming();

@@ -1,15 +1,13 @@
 // How long the parts of the way from a source to its reports take on a big source.
 #include <benchmark/benchmark.h>
 
+#include <functional>
+
 #include "BigSource.h"
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
-#include "data/Data.h"
-#include "link/Link.h"
-#include "report/Report.h"
+#include "engine/Stages.h"
 #include "shell/Session.h"
-#include "statements/Statements.h"
-#include "structure/Structure.h"
 #include "support/ScriptedPlatform.h"
 
 namespace zelvaro::bench {
@@ -20,40 +18,35 @@ constexpr int kWords = 60000;
 /// A session with the big source beside it, taken as far as a measurement needs.
 class Way {
  public:
-  explicit Way(int lines = 0) { platform_.files["big.txt"] = bigSource(kWords, lines); }
+  explicit Way(int lines = 0) { platform_.files[name_] = bigSource(kWords, lines); }
 
   void load() {
     s.b.clearTables();
-    for (TMsgBase* object :
-         {static_cast<TMsgBase*>(&s.sh), static_cast<TMsgBase*>(&s.cs), static_cast<TMsgBase*>(&s.b)})
-      object->clearTallies();
+    for (TMsgBase* object : std::initializer_list<TMsgBase*>{&s.sh, &s.cs, &s.b}) object->clearTallies();
     platform_.console.clear();
-    loadSource<WP>(a, s.moziCodeData, "big.txt", 0);
+    runPhase(pass, Phase::Load);
   }
-  void structure() {
-    edit<WP>(a);
-    StartEnd10<WP>(a);
-    StartEnd20<WP>(a);
-    StartEnd<WP>(a, 0);
-    CutComments<WP>(a, 0);
-    CkPrgName<WP>(a, 0);
-    CkPrgNameDouble<WP>(a);
-  }
-  void statements() { OpCkLoop<WP>(a); }
+  void check() { runPhase(pass, Phase::Check); }
   void link() {
     s.m.reset();
-    Link31<WP>(a, s.m);
+    runPhase(pass, Phase::Link);
   }
-  void report() { DspRegMry<WP>(std::string(ResultantRegFile), s.m, s.b, s.timeData, platform_); }
-  bool isClean() const { return a.errors() == 0; }
+  void report() { runPhase(pass, Phase::Report); }
+  bool isClean() const { return pass.assembly.errors() == 0; }
   bool isLinked() const { return s.b.PrgEndAdr > kWords / 2; }
 
  private:
   test::ScriptedPlatform platform_;
+  const std::string name_ = "big.txt";
+  const Family& f_ = family(FamilyId::WP);
 
  public:
   TSession s{platform_};
-  Assembly a = s.assembly();
+  Pass pass{{s.sh, s.cs, s.b, f_},
+            {platform_, s.moziCodeData, name_, true},
+            s.m,
+            {platform_, s.channel, s.timeData, f_},
+            {platform_, s.channel, s.timeData, f_, Language::English, ResultantRegFile}};
 };
 
 /// Runs the steps up to `timed`, of which the last one is measured.
@@ -76,82 +69,44 @@ void load500000Lines(benchmark::State& state) {
   Way way(500000);
   measure(state, way, &Way::load);
 }
-void structure(benchmark::State& state) {
+void check(benchmark::State& state) {
   Way way;
-  measure(state, way, &Way::structure, &Way::load);
-}
-void statements(benchmark::State& state) {
-  Way way;
-  measure(state, way, &Way::statements, &Way::load, &Way::structure);
+  measure(state, way, &Way::check, &Way::load);
 }
 void link(benchmark::State& state) {
   Way way;
-  measure(state, way, &Way::link, &Way::load, &Way::structure, &Way::statements);
+  measure(state, way, &Way::link, &Way::load, &Way::check);
 }
 void report(benchmark::State& state) {
   Way way;
   way.load();
-  way.structure();
-  way.statements();
+  way.check();
   way.link();
   if (!way.isLinked()) return state.SkipWithError("the source did not link");
   measure(state, way, &Way::report);
   state.SetItemsProcessed(state.iterations() * (way.s.b.PrgEndAdr + 10));
 }
 
-// The stages by themselves, in the order of the rows of a program.
-struct Stage {
-  const char* name;
-  void (*run)(Assembly&);
-};
-template <auto Function>
-void ofFile(Assembly& a) {
-  (void)Function(a);
-}
-template <auto Function>
-void ofProgram(Assembly& a) {
-  (void)Function(a, 0);
+/// The stages of the check in their order, one program's.
+std::vector<std::reference_wrapper<const Stage>> stagesOfCheck() {
+  std::vector<std::reference_wrapper<const Stage>> out;
+  for (const Stage& stage : stages())
+    if (stage.phase == Phase::Check && stage.families.contains(FamilyId::WP)) out.emplace_back(stage);
+  return out;
 }
 
-constexpr Stage kStages[] = {
-    {"edit", ofFile<edit<WP>>},
-    {"StartEnd10", ofFile<StartEnd10<WP>>},
-    {"StartEnd20", ofFile<StartEnd20<WP>>},
-    {"StartEnd", ofProgram<StartEnd<WP>>},
-    {"CutComments", ofProgram<CutComments<WP>>},
-    {"CkPrgName", ofProgram<CkPrgName<WP>>},
-    {"CkPrgNameDouble", ofFile<CkPrgNameDouble<WP>>},
-    {"Label35G", ofProgram<Label35G<WP>>},
-    {"TakeOutLabelStr", ofProgram<TakeOutLabelStr<WP>>},
-    {"CkOpStr", ofProgram<CkOpStr<WP>>},
-    {"SearchApostForNonCharConstOP", ofProgram<SearchApostForNonCharConstOP<WP>>},
-    {"CopyOprndComToWork", ofProgram<CopyOprndComToWork<WP>>},
-    {"edit30c", ofProgram<edit30c<WP>>},
-    {"edit50", ofProgram<edit50<WP>>},
-    {"SplitComment", ofProgram<SplitComment<WP>>},
-    {"CkLiteral15", ofProgram<CkLiteral15<WP>>},
-    {"CkStrConstLiteral", ofProgram<CkStrConstLiteral<WP>>},
-    {"TrimZenOprndCom", ofProgram<TrimZenOprndCom<WP>>},
-    {"TrimOprndCom", ofProgram<TrimOprndCom<WP>>},
-    {"CopyOprndComStrToBuffer", ofProgram<CopyOprndComStrToBuffer<WP>>},
-    {"operand20m15", ofProgram<operand20m15<WP>>},
-    {"ExtractAllOprnds", ofProgram<ExtractAllOprnds<WP>>},
-    {"OpCk", ofProgram<OpCk<WP>>},
-    {"SetMryInAtDS", ofProgram<SetMryInAtDS<WP>>},
-    {"SetMryInAtDC", ofProgram<SetMryInAtDC<WP>>},
-    {"AdrCk53", ofProgram<AdrCk53<WP>>},
-    {"CkLabelInUse", ofFile<CkLabelInUse<WP>>},
-    {"CkPrgNameInUse", ofFile<CkPrgNameInUse<WP>>},
-};
-
+/// A stage by itself.
 void stage(benchmark::State& state, const Stage& timed) {
   Way way;
   for (auto _ : state) {
     state.PauseTiming();
     way.load();
-    for (const Stage* s = kStages; s != &timed; ++s) s->run(way.a);
+    for (const Stage& before : stagesOfCheck()) {
+      if (&before == &timed) break;
+      before.function[0](way.pass, 0);
+    }
     state.ResumeTiming();
-    timed.run(way.a);
+    timed.function[0](way.pass, 0);
   }
   if (!way.isClean()) state.SkipWithError("the source is not clean");
 }
@@ -174,8 +129,7 @@ void decodeCp932(benchmark::State& state) {
 
 BENCHMARK(load60000Words)->Unit(benchmark::kMillisecond);
 BENCHMARK(load500000Lines)->Unit(benchmark::kMillisecond);
-BENCHMARK(structure)->Unit(benchmark::kMillisecond);
-BENCHMARK(statements)->Unit(benchmark::kMillisecond);
+BENCHMARK(check)->Unit(benchmark::kMillisecond);
 BENCHMARK(link)->Unit(benchmark::kMillisecond);
 BENCHMARK(report)->Unit(benchmark::kMillisecond);
 BENCHMARK(decodeUtf8)->Unit(benchmark::kMillisecond);
@@ -185,8 +139,9 @@ BENCHMARK(decodeCp932)->Unit(benchmark::kMillisecond);
 }  // namespace zelvaro::bench
 
 int main(int argc, char** argv) {
-  for (const zelvaro::bench::Stage& s : zelvaro::bench::kStages)
-    benchmark::RegisterBenchmark(s.name, [&s](benchmark::State& state) { zelvaro::bench::stage(state, s); })
+  for (const zelvaro::Stage& s : zelvaro::bench::stagesOfCheck())
+    benchmark::RegisterBenchmark(std::string(s.names.WP).c_str(),
+                                 [&s](benchmark::State& state) { zelvaro::bench::stage(state, s); })
         ->Unit(benchmark::kMillisecond)
         ->Iterations(30);
   benchmark::Initialize(&argc, argv);

@@ -9,11 +9,15 @@
 #include <string>
 #include <string_view>
 
+#include "MoziCode/Utf.h"
+#include "shell/Session.h"
 #include "support/ScriptedPlatform.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace zelvaro::fuzz {
+
+using test::ScriptedPlatform;
 
 /// Ends the process with a message where `holds` is false.
 inline void require(bool holds, const std::string& message) {
@@ -41,6 +45,20 @@ class Input {
 
  private:
   std::string_view rest_;
+};
+
+inline void requireUtf8(std::string_view text, const std::string& what) {
+  std::u16string wide;
+  require(utf8ToUtf16(text, wide), what + " is no UTF-8");
+}
+
+/// The first byte of an input: the family, the language, and what a target makes of the other bits.
+struct How {
+  int byte;
+  const Family& family = families()[static_cast<std::size_t>(byte & 7) % families().size()];
+  Language language = (byte & 0x08) != 0 ? Language::Japanese : Language::English;
+
+  explicit How(int b) : byte(b) {}
 };
 
 /// Thrown through a run that prints without an end.

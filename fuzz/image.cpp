@@ -1,17 +1,12 @@
 // Any words and registers into the machine.  The slow machine of the tests runs them too: what it leaves must
-// be what the run loop leaves, in the run of a family where it comes to an end, else in the loop with a limit.
-#include <algorithm>
-
+// be what the run loop leaves, in a whole run where it comes to an end, else in the loop with a limit.
 #include "Fuzz.h"
-#include "comet2/Comparison.h"
 #include "comet2/Run.h"
 #include "comet2/RunLoop.h"
-#include "diag/Message.h"
+#include "comet2/SlowMachine.h"
 
 namespace zelvaro::fuzz {
 namespace {
-
-using test::SlowMachine;
 
 constexpr std::int64_t kMostSteps = 5'000;
 
@@ -30,28 +25,27 @@ Tcomet2 machineOf(Input& in, int& PrgEndAdr) {
   m.Fsign = m.Fzero != 0 ? 0 : flags >> 2 & 1;
   m.OS = flags >> 3 & 3;
   m.SP = (flags & 0x80) != 0 ? kFirstSP - kStackDepth + (flags >> 5 & 3) : kFirstSP - (flags >> 5 & 3);
-  PrgEndAdr = 0;
   while (!in.rest().empty() && PrgEndAdr < kGreatestImage)
     m.Memory[static_cast<std::size_t>(PrgEndAdr++)] = in.word();
   m.LastAdr = PrgEndAdr;
   return m;
 }
 
-template <class Family>
-void run(Tcomet2& m, int PrgEndAdr) {
-  constexpr int kLimit = kRunLimit<Family>;
+void run(const Family& f, Wording wording, Tcomet2& m, int PrgEndAdr) {
+  const int limit = f.runLimit;
   LimitedPlatform slowPlatform;
   test::typeSomething(slowPlatform);
   LimitedPlatform platform = slowPlatform;
-  SlowMachine slow(m, slowPlatform, kLimit, PrgEndAdr);
+  ConsoleSink slowSink(slowPlatform, wording), sink(platform, wording);
+  test::SlowMachine slow(m, {slowPlatform, slowSink}, limit, PrgEndAdr);
   if (slow.run(kMostSteps) != Stop::Steps) {
     TimeData time;
-    Run3<Family>(m, {platform, time, PrgEndAdr});
+    Run3(m, {platform, sink, time, f, PrgEndAdr});
     m.setMaxExecCount();
   } else {
-    test::SilentWatch watch(PrgEndAdr, kLimit);
+    test::SilentWatch watch(PrgEndAdr, limit);
     std::int64_t left = kMostSteps;
-    const Stop stop = runLoop(m, platform, watch, kLimit, left);
+    const Stop stop = runLoop(m, {platform, sink}, watch, limit, left);
     const Stop slowStop = slow.run(stop == Stop::Steps ? kMostSteps - left : kMostSteps + 3);
     require(stop == slowStop && kMostSteps - left == slow.executed, "the run loop stops elsewhere");
     require(platform.console == slowPlatform.console, "OUT shows something else");
@@ -66,15 +60,12 @@ void run(Tcomet2& m, int PrgEndAdr) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelvaro;
-  constexpr decltype(&fuzz::run<WP>) kRuns[] = {fuzz::run<WP>, fuzz::run<NWW>, fuzz::run<AP>, fuzz::run<NA>,
-                                                fuzz::run<NH>, fuzz::run<WP>,  fuzz::run<AP>, fuzz::run<NH>};
   fuzz::Input in(data, size);
-  const int how = in.byte();
+  const fuzz::How how(in.byte());
   int PrgEndAdr = 0;
   Tcomet2 m = fuzz::machineOf(in, PrgEndAdr);
-  m.IsEnglish = (how & 0x08) != 0 ? kJapanese : kEnglish;
   try {
-    kRuns[how & 7](m, PrgEndAdr);
+    fuzz::run(how.family, {how.language, how.family.id}, m, PrgEndAdr);
   } catch (const fuzz::TooMuchOutput&) {
     // many times the whole memory: nothing to compare
   }

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Writes first inputs for the fuzz targets, made of the samples, the dialogues and the tests.
+"""Writes first inputs for the fuzz targets, made of the samples, the dialogues and the tests, and their dictionary.
 
-  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini
+  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini, and
+                            FOLDER/casl.dict
 """
 import hashlib
 import pathlib
@@ -12,14 +13,6 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 FAMILIES = 8  # low bits of the first byte; the targets tell what the others mean
 JAPANESE = 8
 SEPARATOR = b"\x1e"
-
-
-def cases(ending):
-    """The blocks of each case of the golden files with that ending: {"file a.txt": text, ...}."""
-    for path in sorted((ROOT / "tests").rglob("*" + ending)):
-        for case in re.split(r"^=== .*\n", path.read_text(encoding="utf-8"), flags=re.M)[1:]:
-            parts = re.split(r"^--- (.*)\n", case, flags=re.M)
-            yield dict(zip(parts[1::2], parts[2::2]))
 
 
 def dialogue_files(word):
@@ -46,9 +39,11 @@ def sources():
     for names, data in dialogue_files("file"):
         if not names.endswith(".ini"):
             yield data, "1\n12\n3\n\n11\n"
-    for blocks in cases(".golden"):
-        if "source" in blocks:
-            yield blocks["source"].encode("utf-8"), ""
+    for path in sorted((ROOT / "tests" / "findings").glob("*.cases")):
+        for fields in (line.split(" | ") for line in path.read_text(encoding="utf-8").splitlines()):
+            if len(fields) > 2:
+                body = fields[1].replace("\\n", "\n")
+                yield f"MAIN START\n{body}\n RET\n END\n".encode("utf-8"), ""
 
 
 def images():
@@ -64,6 +59,24 @@ def settings():
         for names, data in dialogue_files(word):
             if names.endswith(".ini"):
                 yield data
+
+
+KEPT_WORDS = r"""
+\n \t \r\n ; ,  '  '' =  =5 =#00FF ='A' ='A''B' #FFFF -32768 65535 65536 'A;B' ''
+[Mode] [Src] [Editor] true =1 =JPN =std::chrono \xef\xbb\xbf \xff\xfe \xfe\xff \x82\xa0 \xe3\x80\x80 \xf0\xa0\xae\xb7
+"""
+
+
+def dictionary():
+    """What a source, a settings file and an image are made of, a line a word, as libFuzzer reads it."""
+    table = (ROOT / "src" / "encode" / "Instructions.def").read_text(encoding="utf-8")
+    rows = re.findall(r"^ZELVARO_INSTRUCTION\((\w+), *\w+, *\w+, *(\w+), *(\w+),", table, flags=re.M)
+    settings = (ROOT / "src" / "shell" / "Settings.cpp").read_text(encoding="utf-8")
+    words = [f" {name} " for name, _, _ in rows] + [f"GR{n}" for n in range(10)]
+    words += [f"\\x{int(code, 16):02x}" for _, adr, reg in rows for code in (adr, reg) if int(code, 16)]
+    words += [f"{key}=" for key in re.findall(r'put\("\w+\.(\w+)"', settings)]
+    words += [word.replace("\\n", "\\x0a").replace("\\t", "\\x09").replace("\\r", "\\x0d") for word in KEPT_WORDS.split()]
+    return "".join(f'"{word}"\n' for word in dict.fromkeys(words))
 
 
 def write(folder, data):
@@ -83,6 +96,7 @@ def main(folder):
         write(folder / "image", bytes([number % FAMILIES]) + bytes(18) + words)
     for data in settings():
         write(folder / "ini", data)
+    (folder / "casl.dict").write_text(dictionary())
 
 
 if __name__ == "__main__":

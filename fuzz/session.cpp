@@ -1,76 +1,65 @@
 // A source and typed lines through a whole pipeline.  Each input runs twice; what is shown and written must be
 // the same, or something lives on from one session to the next, or was read before it was written.
-#include "shell/Session.h"
-
-#include <array>
 #include <sstream>
 
 #include "Fuzz.h"
-#include "MoziCode/Utf.h"
 #include "comet2/RunLoop.h"
 #include "shell/Game.h"
 
 namespace zelvaro::fuzz {
 namespace {
 
-constexpr std::array kPipelines{"WP", "NWW", "NwW", "NaW", "AP", "NA", "NH", "WP"};
-constexpr char kSeparator = '\x1E';  ///< the typed lines stand behind the last one
+constexpr char kSeparator = '\x1E';  ///< the typed lines are after the last one
 constexpr std::size_t kMostTyped = 24;
 constexpr std::int64_t kMostSteps = 70'000;  ///< enough to run through an empty memory
 
 /// Where a learner's program would not come to an end, its first word is made a RET.  A copy of the machine
-/// finds that out when the start words of a run pass by.
-class SessionPlatform : public test::ScriptedPlatform {
+/// finds that out when the start words of a run are issued.
+class EndlessRuns : public DiagSink {
  public:
-  TSession* session = nullptr;
-  bool isFixedForm = false;
-
-  void print(std::string_view utf8) override {
-    ScriptedPlatform::print(utf8);
-    const bool starts = utf8 == "The comet2 starts running, please wait for a moment ...,\n" ||
-                        utf8 == "\n演算実行 開始、しばらくお待ちください。\nCOMET2 実行中 ";
-    if (starts && !(isFixedForm ? comesToAnEnd<NH>() : comesToAnEnd<WP>())) session->m.Memory[0] = 0x8100;
+  EndlessRuns(TSession& s, const ScriptedPlatform& platform) : s_(s), platform_(platform) {}
+  void take(const Diagnostic& d) override {
+    if (d.row->code == "run-start" && !comesToAnEnd()) s_.m.Memory[0] = 0x8100;
   }
 
  private:
-  template <class Family>
   bool comesToAnEnd() const {
-    Tcomet2 m = session->m;
+    Tcomet2 m = s_.m;
     m.PR = 0;
-    LimitedPlatform platform(*this);
-    FamilyStoreWatch<Family> watch(m, platform, session->b.PrgEndAdr);
+    LimitedPlatform platform(platform_);
+    ConsoleSink sink(platform, s_.wording);
+    TimeData time;
+    const RunEnvironment env{platform, sink, time, family(s_.wording.family), s_.b.PrgEndAdr};
+    GuardedStores watch(m, env);
     std::int64_t steps = kMostSteps;
     try {
-      return runLoop(m, platform, watch, kRunLimit<Family>, steps) != Stop::Steps;
+      return runLoop(m, {platform, sink}, watch, env.family.runLimit, steps) != Stop::Steps;
     } catch (const TooMuchOutput&) {
       return false;
     }
   }
+
+  TSession& s_;
+  const ScriptedPlatform& platform_;
 };
 
-/// All that a session shows and writes.
-struct Transcript {
-  std::string console;
-  std::map<std::string, std::string> files;
-  std::vector<std::string> actions;
+/// What a session shows, writes and asks of the outside world.
+using Transcript = std::tuple<std::string, std::map<std::string, std::string>, std::vector<std::string>>;
 
-  bool operator==(const Transcript&) const = default;
-};
-
-Transcript run(int how, std::string_view source, std::string_view typed) {
-  const std::string pipeline = kPipelines[how & 7];
-  SessionPlatform platform;
-  platform.isFixedForm = pipeline == "NH";
+Transcript run(const How& how, std::string_view source, std::string_view typed) {
+  test::ScriptedPlatform platform;
   platform.files["a.txt"] = source;
-  platform.files["zelvaro.ini"] = std::string("[Mode]\nLangStr=") + ((how & 0x08) != 0 ? "JPN" : "ENU") +
-                                  "\nSimpleTitleIndex=" + ((how & 0x10) != 0 ? "1" : "0") +
-                                  "\nFightFunc=" + pipeline + "\n";
+  platform.files["zelvaro.ini"] = std::string("[Mode]\nLangStr=") +
+                                  (how.language == Language::Japanese ? "JPN" : "ENU") +
+                                  "\nSimpleTitleIndex=" + ((how.byte & 0x10) != 0 ? "1" : "0") +
+                                  "\nFightFunc=" + std::string(how.family.name) + "\n";
   platform.typed = {"", "1", "a.txt"};
   std::istringstream lines{std::string(typed)};
   for (std::string line; platform.typed.size() < kMostTyped && std::getline(lines, line);)
     platform.typed.push_back(line);
   TSession session(platform);
-  platform.session = &session;
+  EndlessRuns endlessRuns(session, platform);
+  session.channel.add(endlessRuns);
   TGame game(session);
   game.SetCurrentDirChH();
   game.Start();
@@ -83,17 +72,15 @@ Transcript run(int how, std::string_view source, std::string_view typed) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace zelvaro::fuzz;
   Input in(data, size);
-  const int how = in.byte();
+  const How how(in.byte());
   const std::string_view rest = in.rest();
   const std::size_t separator = std::min(rest.rfind(kSeparator), rest.size());
   const std::string_view source = rest.substr(0, separator);
   const std::string_view typed = rest.substr(std::min(separator + 1, rest.size()));
-  const Transcript first = run(how, source, typed);
-  const Transcript second = run(how, source, typed);
-  require(first == second, "two sessions differ:\n" + first.console + "\n--- and\n" + second.console);
-  std::u16string wide;
-  require(zelvaro::utf8ToUtf16(first.console, wide), "the console shows no UTF-8");
-  for (const auto& [name, text] : first.files)
-    require(name == "a.txt" || zelvaro::utf8ToUtf16(text, wide), name + " is no UTF-8");
+  const auto [console, files, actions] = run(how, source, typed);
+  require(Transcript(console, files, actions) == run(how, source, typed), "two sessions differ:\n" + console);
+  requireUtf8(console, "the console");
+  for (const auto& [name, text] : files)
+    if (name != "a.txt") requireUtf8(text, name);
   return 0;
 }

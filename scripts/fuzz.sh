@@ -16,7 +16,7 @@ run_target() {
   mkdir -p "$build/findings" "$build/found/$1"
   echo "== $1"
   "$build/fuzz/fuzz_$1" -max_total_time="$seconds" -entropic=0 -max_len=4096 -timeout=10 -report_slow_units=2 \
-    -rss_limit_mb=2048 -detect_leaks=1 -dict=fuzz/casl.dict -artifact_prefix="$build/findings/$1-" \
+    -rss_limit_mb=2048 -detect_leaks=1 -dict="$build/seeds/casl.dict" -artifact_prefix="$build/findings/$1-" \
     -print_final_stats=1 "$build/found/$1" "fuzz/corpus/$1" "$build/seeds/$1" >"$build/$1.log" 2>&1 ||
     { tail -n 60 "$build/$1.log"; return 1; }
   grep -E 'number_of_executed_units|slowest_unit' "$build/$1.log" | sed "s/^/$1 /"

@@ -4,12 +4,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <random>
-#include <vector>
 
-#include "comet2/Comparison.h"
 #include "comet2/RunLoop.h"
+#include "comet2/SlowMachine.h"
 #include "encode/Instructions.h"
-#include "support/ScriptedPlatform.h"
+#include "support/Recorder.h"
 
 namespace zelvaro {
 namespace {
@@ -85,41 +84,23 @@ class RandomImage {
       two(m, code, index());
     for (int jumps = below(3); jumps > 0; --jumps) two(m, any(kJumps), oneIn(6) ? reg() : 0);
   }
+  void twice(Tcomet2& m, int code) {
+    two(m, code, index());
+    two(m, code, index());
+  }
   void group(Tcomet2& m) {
-    switch (below(9)) {
-      case 0:
-        two(m, 0x12, 1 + below(7));
-        withJumps(m, oneIn(2) ? 0x40 : 0x41);
-        break;
-      case 1:
-        withJumps(m, any(kMemoryForms));
-        break;
-      case 2:
-        two(m, 0x10, index());
-        two(m, 0x10, index());
-        break;
-      case 3:
-        two(m, 0x11, index());
-        two(m, 0x11, index());
-        break;
-      case 4:
-        two(m, any(kAddressForms), index());
-        break;
-      case 5:
-        two(m, any(kJumps), index());
-        break;
-      case 6:
-        two(m, any(kOthers), index());
-        break;
-      case 7:
-        put(m, oneIn(2) ? 0x7100 | reg() << 4 : oneIn(2) ? 0x8100 : 0);
-        break;
-      default:
-        if (oneIn(30))
-          put(m, below(0x10000));
-        else
-          withJumps(m, oneIn(2) ? 0x40 : 0x10);
-    }
+    const int kind = below(9);
+    if (kind == 0) two(m, 0x12, 1 + below(7));
+    if (kind == 0) return withJumps(m, oneIn(2) ? 0x40 : 0x41);
+    if (kind == 1) return withJumps(m, any(kMemoryForms));
+    if (kind == 2) return twice(m, 0x10);
+    if (kind == 3) return twice(m, 0x11);
+    if (kind == 4) return two(m, any(kAddressForms), index());
+    if (kind == 5) return two(m, any(kJumps), index());
+    if (kind == 6) return two(m, any(kOthers), index());
+    if (kind == 7) return put(m, oneIn(2) ? 0x7100 | reg() << 4 : oneIn(2) ? 0x8100 : 0);
+    if (oneIn(30)) return put(m, below(0x10000));
+    withJumps(m, oneIn(2) ? 0x40 : 0x10);
   }
 
   std::mt19937 random_;
@@ -127,41 +108,44 @@ class RandomImage {
   int base_ = 0;  ///< address of the first word of the code
 };
 
-/// A run of the loop: what it leaves behind.
+/// A machine with what a run needs, and what it leaves behind.
 struct Run {
   Tcomet2 m;
-  test::ScriptedPlatform platform;
   SilentWatch watch;
+  test::ScriptedPlatform platform{};
+  test::Recorder sink{};
 
   Run(const Tcomet2& machine, int PrgEndAdr, int limit) : m(machine), watch(PrgEndAdr, limit) {
     typeSomething(platform);
   }
-  void expectSame(SlowMachine& slow, const std::string& slowConsole) {
-    EXPECT_EQ(test::difference(m, slow.m), "");
-    EXPECT_EQ(watch.warnings, slow.warnings);
-    EXPECT_EQ(platform.console, slowConsole);
-  }
 };
 
-/// Runs one image on both, for at most `cap` instructions, and returns how many these were.  One that ends
-/// sooner is run once more by the loop that counts no steps.
+/// Runs one image on both, for at most `cap` instructions in two parts, and returns how many these were.  One that
+/// ends sooner is run once more by the loop that counts no steps.
 std::int64_t compare(const Tcomet2& m, int PrgEndAdr, int limit, std::int64_t cap) {
-  test::ScriptedPlatform slowPlatform;
-  typeSomething(slowPlatform);
-  SlowMachine slow(m, slowPlatform, limit, PrgEndAdr);
-  Run stepped(m, PrgEndAdr, limit);
-  std::int64_t left = cap;
-  const Stop stop = runLoop(stepped.m, stepped.platform, stepped.watch, limit, left);
+  Run stepped(m, PrgEndAdr, limit), whole = stepped;
+  std::int64_t left = cap / 2;
+  Stop stop = runLoop(stepped.m, {stepped.platform, stepped.sink}, stepped.watch, limit, left);
+  left += cap - cap / 2;
+  if (stop == Stop::Steps)
+    stop = runLoop(stepped.m, {stepped.platform, stepped.sink}, stepped.watch, limit, left);
+
+  Run slowRun(m, PrgEndAdr, limit);
+  SlowMachine slow(m, {slowRun.platform, slowRun.sink}, limit, PrgEndAdr);
   const Stop slowStop = slow.run(stop == Stop::Steps ? cap - left : cap + 3);
   EXPECT_EQ(stop, slowStop) << "word " << std::hex
                             << slow.m.Memory[static_cast<std::size_t>(slow.m.PR & 0xFFFF)];
   EXPECT_EQ(cap - left, slow.executed);
-  stepped.expectSame(slow, slowPlatform.console);
-  if (stop == slowStop && stop != Stop::Steps) {
-    Run whole(m, PrgEndAdr, limit);
-    EXPECT_EQ(runLoop(whole.m, whole.platform, whole.watch, limit), slowStop);
-    whole.expectSame(slow, slowPlatform.console);
-  }
+  const auto expectSame = [&](Run& run) {
+    EXPECT_EQ(test::difference(run.m, slow.m), "");
+    EXPECT_EQ(run.watch.warnings, slow.warnings);
+    EXPECT_EQ(run.platform.console, slowRun.platform.console);
+    EXPECT_EQ(run.sink.text, slowRun.sink.text);
+  };
+  expectSame(stepped);
+  if (stop != slowStop || stop == Stop::Steps) return slow.executed;
+  EXPECT_EQ(runLoop(whole.m, {whole.platform, whole.sink}, whole.watch, limit), slowStop);
+  expectSame(whole);
   return slow.executed;
 }
 
@@ -197,23 +181,11 @@ struct Circumstances {
   int address = 60;
   int index = 0;  ///< in GR3
 };
+// The operand is below, the same, above, above but negative; a store changes the code; round the limit, and after
+// the end of the address space.
 constexpr Circumstances kCircumstances[] = {
-    // the operand is below, the same, above, above but negative
-    {0, -1},
-    {1, 0},
-    {2, 1},
-    {0xFFFF, 1},
-    // a store changes the code
-    {3, -1, 1},
-    {3, 0, 2},
-    {0x8000, 1, 3},
-    // round the limit, and behind the end of the address space
-    {3, 0, 65000},
-    {3, 1, 65001},
-    {3, -1, 60, 64940},
-    {3, 0, 60, 64941},
-    {3, 1, 60, 65480},
-};
+    {0, -1},        {1, 0},        {2, 1},        {0xFFFF, 1},        {3, -1, 1},        {3, 0, 2},
+    {0x8000, 1, 3}, {3, 0, 65000}, {3, 1, 65001}, {3, -1, 60, 64940}, {3, 0, 60, 64941}, {3, 1, 60, 65480}};
 
 Tcomet2 machineWith(const Parts& parts, const Circumstances& c) {
   Tcomet2 m;
@@ -226,9 +198,7 @@ Tcomet2 machineWith(const Parts& parts, const Circumstances& c) {
   }
   m.Memory[at] = 0x8100;
   if (c.address > 3) m.Memory[static_cast<std::size_t>(c.address)] = c.operand;
-  m.GR[1] = 1;
-  m.GR[2] = c.operand;
-  m.GR[3] = c.index;
+  m.GR = {0, 1, c.operand, c.index};
   m.Fsign = c.sign < 0;
   m.Fzero = c.sign == 0;
   m.Fovf = c.sign > 0;
@@ -241,7 +211,7 @@ TEST(Agreement, EveryHandlerWhereverItIsCutOff) {
       const Tcomet2 m = machineWith(parts, c);
       SCOPED_TRACE(testing::Message() << std::hex << "words " << m.Memory[0] << " " << m.Memory[1] << " "
                                       << m.Memory[2] << " operand " << c.operand << " address " << c.address);
-      for (const int steps : {1, 2, 3, 20}) compare(m, 10, tMaxMemory, steps);
+      for (const int steps : {2, 3, 20}) compare(m, 10, tMaxMemory, steps);
       if (::testing::Test::HasFailure()) return;
     }
   }
@@ -257,7 +227,6 @@ TEST(Agreement, RandomImagesThatChangeThemselves) {
   unsigned seed = 1;
   while ((executed < wanted || seed <= kFewestImages) && !::testing::Test::HasFailure())
     executed += compareRandom(seed++);
-  RecordProperty("images", static_cast<int>(seed - 1));
   EXPECT_GE(executed, wanted) << "stopped at seed " << seed - 1;
 }
 

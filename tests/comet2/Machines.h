@@ -1,12 +1,8 @@
 // Machines for the tests of this folder.
 #pragma once
 
-#include <initializer_list>
-#include <string>
-#include <string_view>
-
-#include "comet2/Comet2.h"
 #include "comet2/Run.h"
+#include "support/Recorder.h"
 #include "support/ScriptedPlatform.h"
 
 namespace zelvaro::test {
@@ -19,26 +15,21 @@ inline Tcomet2 machineWith(std::initializer_list<int> words) {
   return m;
 }
 
-/// Runs to the end and gives back what the console shows behind the start words.
-template <class Family>
-std::string runAll(Tcomet2& m, ScriptedPlatform& platform, int PrgEndAdr, int* result = nullptr) {
+/// Runs to the end and returns what was issued after the start words.
+inline std::string runAll(Tcomet2& m, ScriptedPlatform& platform, int PrgEndAdr = tMaxMemory,
+                          FamilyId id = FamilyId::WP) {
+  Recorder sink;
   TimeData time;
-  platform.console.clear();
-  const int code = Run3<Family>(m, {platform, time, PrgEndAdr});
-  if (result != nullptr) *result = code;
-  const std::string_view start = m.IsEnglish == 0
-                                     ? "\n演算実行 開始、しばらくお待ちください。\nCOMET2 実行中 "
-                                     : "The comet2 starts running, please wait for a moment ...,\n";
-  if (!platform.console.starts_with(start)) return "no start words: " + platform.console;
-  return platform.console.substr(start.size());
+  Run3(m, {platform, sink, time, family(id), PrgEndAdr});
+  const std::string start = "run-start ";
+  return sink.text.starts_with(start) ? sink.text.substr(start.size()) : "no start words: " + sink.text;
 }
-
-inline std::string runAll(Tcomet2& m, int PrgEndAdr = tMaxMemory) {
+inline std::string runAll(Tcomet2& m, int PrgEndAdr = tMaxMemory, FamilyId id = FamilyId::WP) {
   ScriptedPlatform platform;
-  return runAll<WP>(m, platform, PrgEndAdr);
+  return runAll(m, platform, PrgEndAdr, id);
 }
 
 /// What follows a normal end, and most forced ones.
-inline const std::string kEnd = "and it has come to an end of the program\nin 1 micro second or less. ";
+inline const std::string kEnd = "run-end run-time(1 micro second or less) ";
 
 }  // namespace zelvaro::test

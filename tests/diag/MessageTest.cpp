@@ -1,99 +1,126 @@
-// The catalogue's rows: heads by severity, tallies, replay, other families' words.
+// From a row to its words: heads by severity and language, quotes and holes, other families' words, the tallies
+// and what they add up to, the log and its replay.
 #include <gtest/gtest.h>
 
+#include "diag/ConsoleSink.h"
+#include "diag/DiagLog.h"
 #include "diag/Heads.h"
-#include "diag/Message.h"
 #include "diag/MsgBase.h"
 #include "diag/Quote.h"
+#include "diag/Summaries.h"
+#include "support/Recorder.h"
 #include "support/ScriptedPlatform.h"
 
 namespace zelvaro {
 namespace {
 
-using namespace std::string_literals;
+constexpr Wording kEn{Language::English, FamilyId::WP}, kJa{Language::Japanese, FamilyId::WP};
+constexpr Words kText{"{q}: 一\n二", "{q}: One\ntwo"};
 
-constexpr Message plainLine{Severity::Error,
-                            Head::Line,
-                            args("count"),
-                            {.ja = "{count} 文字ある。", .en = "There are {count}."},
-                            {{families(FamilyId::NWW), {.ja = {}, .en = "It has {count}."}}}};
-constexpr Message quoted{Severity::Warning,
-                         Head::Line,
-                         args("quote"),
-                         {.ja = "{quote}: 悪い。\n直す。", .en = "{quote}: Bad.\nMend it."}};
-constexpr Message quotedHead{
-    Severity::Note, Head::QuoteLine, args("quote"), {.ja = "\n第一", .en = "\nFirst"}};
-constexpr Message aside =
-    Message{Severity::Error, Head::LineBlank, args(), {.ja = "独言", .en = "Aside"}}.uncounted().unlogged();
-constexpr Message withEmptyLine{Severity::Error, Head::Line, args(),
-                                bothLanguages("Up to here\n\nnot shown again")};
-constexpr Message ownHead =
-    Message{Severity::Error, Head::Line, args("other"), {.ja = "同じ", .en = "The same"}}.withHead(
+constexpr Message note{"a-note", Severity::Note, Head::QuoteLine, args("q"), {"\n一", "\nOne"}};
+constexpr Message leading{
+    "a-warning", Severity::Warning, Head::Line, args("quote"), {"{quote}: 一", "{quote}: One"}};
+constexpr Message own =
+    Message{"own-head", Severity::Error, Head::Line, args("other"), {"一", "One"}}.withHead(
         {.ja = "エラー：{line} と {other}： ", .en = "Error : line={line} and {other} "});
+constexpr Message aside =
+    Message{"aside", Severity::Error, Head::Line, args(), {"独言", "Aside"}}.uncounted().unlogged();
+constexpr Message emptyLine{"empty-line", Severity::Memo, Head::Line, args(),
+                            bothLanguages("Up to here\n\nnot again")};
+constexpr Message more =
+    Message{"more", Severity::Error, Head::None, args(), bothLanguages("More")}.continued();
+constexpr Message nothing{"nothing", Severity::Error, Head::Line, args(), bothLanguages("")};
+constexpr Message words{"words", Severity::Notice, Head::Open, args(), bothLanguages("Words")};
 
-class MessageTest : public ::testing::Test {
- protected:
-  test::ScriptedPlatform platform;
-  TDiagLog log;
-  TMsgBase object{platform, log};
-  std::string printed() {
-    std::string out;
-    out.swap(platform.console);
-    return out;
+TEST(Heads, ByHeadSeverityAndLanguage) {
+#define ZELVARO_EXPECT(severity, head, en, ja)                                               \
+  {                                                                                          \
+    static constexpr Message row{"row", Severity::severity, Head::head, args("q"), kText};   \
+    EXPECT_EQ(render(diagnostic(row, 4, quote(u"A{q}")), kEn), en " \"A{q}\" : One\ntwo\n"); \
+    EXPECT_EQ(render(diagnostic(row, 4, quote(u"A{q}")), kJa), ja " \"A{q}\" : 一\n二\n");   \
   }
-};
-
-TEST(Heads, BySeverityAndLanguage) {
-  struct Case {
-    Severity severity;
-    std::string_view headEn, headJa, prefixEn, prefixJa;
-  };
-  for (const Case& c : {Case{Severity::Error, "Error : ", "エラー： ", "Error: ", "エラー： "},
-                        Case{Severity::Warning, "Warning : ", "警告： ", "Warning: ", "警告： "},
-                        Case{Severity::Note, "Note : ", "注意： ", "Note: ", "注意： "},
-                        Case{Severity::Memo, "Note : ", "メモ： ", "Memo: ", "メモ； "},
-                        Case{Severity::Plain, "", "", "", ""}}) {
-    EXPECT_EQ(severityHead(c.severity, kEnglish), c.headEn);
-    EXPECT_EQ(severityHead(c.severity, kJapanese), c.headJa);
-    EXPECT_EQ(logPrefix(c.severity, kEnglish), c.prefixEn);
-    EXPECT_EQ(logPrefix(c.severity, kJapanese), c.prefixJa);
-  }
-}
-
-TEST(Ordinal, HasItsOwnEndingUpToThree) {
+  ZELVARO_EXPECT(Error, None, "", "");
+  ZELVARO_EXPECT(Error, Prefix, "Error: ", "エラー： ");
+  ZELVARO_EXPECT(Memo, Prefix, "Memo: ", "メモ； ");
+  ZELVARO_EXPECT(Warning, Bare, "Warning : ", "警告： ");
+  ZELVARO_EXPECT(Error, Line, "Error : line 5: ", "エラー： 5 行目： ");
+  ZELVARO_EXPECT(Memo, BreakLine, "\nNote : line 5: ", "\nメモ： 5 行目： ");
+  ZELVARO_EXPECT(Note, LineBlank, "Note : line 5 ", "注意： 5 行目： ");
+  ZELVARO_EXPECT(Warning, LineBare, "Warning : line 5", "警告： 5 行目： ");
+#undef ZELVARO_EXPECT
+  EXPECT_EQ(render(diagnostic(note, 4, quote(u"A")), kEn), "Note :  \"A\" line 5: \nOne\n");
+  EXPECT_EQ(render(diagnostic(note, 4, quote(u"A")), kJa), "注意：  \"A\" 5 行目： \n一\n");
+  EXPECT_EQ(render(diagnostic(own, 1, 7), kEn), "Error : line=2 and 7 One\n");
+  EXPECT_EQ(render(diagnostic(words, Diagnostic::kNoLine), kEn), "Words");
+  EXPECT_EQ(std::string(logPrefix(Severity::Warning).en) + std::string(logPrefix(Severity::Note).en),
+            "Warning: Note: ");
   EXPECT_EQ(ordinal(1) + ordinal(2) + ordinal(3) + ordinal(4) + ordinal(11), "1st2nd3rd4th11th");
 }
 
-TEST_F(MessageTest, CountsBySeverityUnlessTheRowSaysNo) {
-  object.report<WP, plainLine>(0, 1);
-  object.report<WP, quoted>(0, "q");
-  object.report<WP, quotedHead>(0, "q");
-  object.report<WP, aside>(0);
-  EXPECT_EQ(object.ErrorKazu, 1);
-  EXPECT_EQ(object.WarningKazu, 1);
-  EXPECT_EQ(object.NoteKazu, 1);
+TEST(Message, OtherFamiliesWordsFallBackByLanguage) {
+  static constexpr Message row{
+      "row",  Severity::Note, Head::Line,
+      args(), {"一", "One"},  {{kNWW, {.ja = {}, .en = "Two"}}, {kNH, {.ja = "三", .en = kNoWords}}}};
+  EXPECT_EQ(row.text(FamilyId::NwW, Language::English), "Two");
+  EXPECT_EQ(row.text(FamilyId::NwW, Language::Japanese), "一");
+  EXPECT_EQ(row.text(FamilyId::AP, Language::English), "One");
+  EXPECT_EQ(render(diagnostic(row, 0), {Language::English, FamilyId::NH}), "Note : line 1: \n");
 }
 
-TEST_F(MessageTest, ReplayLeavesOutHeadAndLeadingQuote) {
-  object.report<WP, quoted>(0, quote(u"A"));
-  object.report<WP, quotedHead>(0, quote(u"A"));
-  object.report<WP, aside>(0);
-  object.report<WP, ownHead>(1, 7);
-  object.report<WP, withEmptyLine>(0);
-  printed();
-  log.ReplayLog(platform);
-  EXPECT_EQ(printed(), ": Bad.\nMend it.\n\nFirst\n\nThe same\n\nUp to here\n\n");
+TEST(Message, TalliesBySeverityUnlessTheRowSaysNo) {
+  test::Recorder sink;
+  TMsgBase object(sink);
+  object.report(own, 0, 1);
+  object.report(leading, 0, "q");
+  object.report(note, 0, "q");
+  object.report(emptyLine, 0);
+  object.report(aside, 0);
+  object.say(words);
+  object.say(more);
+  EXPECT_EQ(sink.taken(), "own-head(1)@1 a-warning(q)@1 a-note(q)@1 empty-line@1 aside@1 words more ");
+  EXPECT_TRUE(object.ErrorKazu == 1 && object.WarningKazu == 1 && object.NoteKazu == 1 &&
+              object.MemoKazu == 1);
+  SumUpWarnings(object);
+  EXPECT_EQ(sink.taken(), "") << "with an Error there is no summary of Warnings";
+  SumUpErrors(object);
+  object.countError();
+  SumUpErrors(object);
+  object.ErrorKazu = 0;
+  SumUpErrors(object);
+  SumUpWarnings(object);
+  object.WarningKazu = 2;
+  SumUpWarnings(object);
+  EXPECT_EQ(sink.text,
+            "sum-one-error(1) sum-errors(2) sum-one-warning(1) sum-notes sum-notes "
+            "sum-warnings(2) sum-notes sum-notes ");
 }
 
-TEST_F(MessageTest, OtherFamiliesWordsFallBackByLanguage) {
-  EXPECT_EQ(plainLine.text(FamilyId::NWW, kEnglish), "It has {count}.");
-  EXPECT_EQ(plainLine.text(FamilyId::NWW, kJapanese), "{count} 文字ある。");
-  EXPECT_EQ(plainLine.text(FamilyId::AP, kEnglish), "There are {count}.");
-}
-
-TEST_F(MessageTest, BracesInAQuotedTextAreNoHoles) {
-  object.report<WP, quoted>(0, quote(u"{count}{"));
-  EXPECT_EQ(printed(), "Warning : line 1:  \"{count}{\" : Bad.\nMend it.\n");
+TEST(DiagLog, ReplaysTextsWithoutHeadAndLeadingQuoteUpToAnEmptyLine) {
+  test::ScriptedPlatform platform;
+  Wording wording = kEn;
+  ConsoleSink console(platform, wording);
+  TDiagLog log;
+  DiagChannel channel;
+  channel.add(console);
+  channel.add(log);
+  TMsgBase object(channel);
+  object.report(leading, 0, quote(u"A"));
+  object.report(more, 0);
+  wording = kJa;
+  object.report(note, 0, quote(u"A"));
+  object.report(aside, 0);
+  object.report(own, 1, 7);
+  object.report(emptyLine, 0);
+  object.report(nothing, 0);
+  object.say(words);
+  log.writes = false;
+  object.report(own, 1, 7);
+  EXPECT_EQ(log.ReplayLog(kEn), ": One\nMore\n\nOne\n\nOne\n\nUp to here\n\n\n");
+  EXPECT_EQ(log.ReplayLog(kJa), ": 一\nMore\n\n一\n\n一\n\nUp to here\n\n\n");
+  EXPECT_EQ(platform.console.substr(0, platform.console.find("独言")),
+            "Warning : line 1:  \"A\" : One\nMore\n注意：  \"A\" 1 行目： \n一\nエラー： 1 行目： ");
+  log.ClearLog();
+  EXPECT_EQ(log.ReplayLog(kEn), "");
 }
 
 }  // namespace
