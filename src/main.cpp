@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <cstdlib>
 #include <exception>
 #include <new>
@@ -23,7 +21,7 @@ void play() {
 [[noreturn]] void endWithoutMemory() {
   constexpr std::string_view kWords =
       "zelvaro: メモリが足りないので終了します。 There is not enough memory to go on.\n";
-  std::_Exit(::write(STDERR_FILENO, kWords.data(), kWords.size()) < 0 ? 2 : 1);
+  std::_Exit(zelvaro::writeToStandardError(kWords) ? 1 : 2);
 }
 
 /// Where there is no memory even for the exception that would report it, no exception is on its way.

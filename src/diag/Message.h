@@ -193,7 +193,8 @@ struct Message : MessageRow {
   }
   /// A row with more lines for the message before it, which has already been counted.
   consteval Message continued() const {
-    Message m = uncounted();
+    Message m = *this;
+    m.counts = false;
     m.continues = true;
     return m;
   }

@@ -33,6 +33,10 @@ void holdStandardDescriptors() {
   }
 }
 
+bool writeToStandardError(std::string_view utf8) {
+  return ::write(STDERR_FILENO, utf8.data(), utf8.size()) >= 0;
+}
+
 PosixPlatform::PosixPlatform(int inputFd, int outputFd)
     : input_(inputFd), output_(outputFd), random_(seed()) {
   for (const int signal : posix::kIgnoredSignals) std::signal(signal, SIG_IGN);

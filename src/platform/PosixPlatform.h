@@ -16,6 +16,9 @@ namespace zelvaro {
 /// is opened.
 void holdStandardDescriptors();
 
+/// Writes a text to the standard error without taking any memory; false where that fails.
+bool writeToStandardError(std::string_view utf8);
+
 class PosixPlatform : public Platform {
  public:
   /// Ignores the signals of a closed output (SIGPIPE) and of a file size limit (SIGXFSZ) from here on: the
