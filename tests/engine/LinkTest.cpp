@@ -34,6 +34,13 @@ TEST(Link, TwoPrograms) {
   }
 }
 
+TEST(Link, TheFixedFormHasItsDataAfterTheCodeAndNoLinesForLiterals) {
+  Assembled a("A START\nX DC 1\n LD GR1,=5\n RET\n END\n", FamilyId::NH);
+  ASSERT_TRUE(a.link());
+  EXPECT_THAT(a.image(0, 6), ElementsAre(0, 0x1010, 5, 0x8100, 1, 5));
+  EXPECT_THAT(a.lines(0, 6), ElementsAre(1, 3, 3, 4, 2, 0));
+}
+
 std::string ofSize(int words) {
   std::string source = "A START\n";
   for (words -= 1; words > 0; words -= 60000)
