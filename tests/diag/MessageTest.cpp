@@ -30,6 +30,7 @@ constexpr Message emptyLine{"empty-line", Severity::Memo, Head::Line, args(),
 constexpr Message more =
     Message{"more", Severity::Error, Head::None, args(), bothLanguages("More")}.continued();
 constexpr Message nothing{"nothing", Severity::Error, Head::Line, args(), bothLanguages("")};
+constexpr Message bare{"bare", Severity::Error, Head::None, args("quote"), bothLanguages("{quote}!")};
 constexpr Message words{"words", Severity::Notice, Head::Open, args(), bothLanguages("Words")};
 
 TEST(Heads, ByHeadSeverityAndLanguage) {
@@ -51,6 +52,8 @@ TEST(Heads, ByHeadSeverityAndLanguage) {
   EXPECT_EQ(render(diagnostic(note, 4, quote(u"A")), kEn), "Note :  \"A\" line 5: \nOne\n");
   EXPECT_EQ(render(diagnostic(note, 4, quote(u"A")), kJa), "注意：  \"A\" 5 行目： \n一\n");
   EXPECT_EQ(render(diagnostic(own, 1, 7), kEn), "Error : line=2 and 7 One\n");
+  EXPECT_EQ(renderText(diagnostic(bare, 1, quote(u"A")), kEn), " \"A\" !")
+      << "a text without a head keeps its quote";
   EXPECT_EQ(render(diagnostic(words, Diagnostic::kNoLine), kEn), "Words");
   EXPECT_EQ(std::string(logPrefix(Severity::Warning).en) + std::string(logPrefix(Severity::Note).en),
             "Warning: Note: ");

@@ -29,9 +29,19 @@ TEST(Link, TwoPrograms) {
     EXPECT_THAT(a.lines(0, 25),
                 ElementsAre(1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8, 11, 12, 4, 7, 7));
     EXPECT_THAT(a.lines(41, 50), ElementsAre(18, 18, 19, 19, 20, 21, 16, 0, 0));
+    if (id == FamilyId::WP) {
+      EXPECT_EQ(a.b.vecSrcW.vecPrg[0].AbAdrAtEnd, 24);
+    }
     EXPECT_EQ(a.b.PrgEndAdr, 48);
     EXPECT_EQ(a.b.FirstPrgName, "MAIN");
   }
+}
+
+TEST(Link, TheFixedFormHasItsDataAfterTheCodeAndNoLinesForLiterals) {
+  Assembled a("A START\nX DC 1\n LD GR1,=5\n RET\n END\n", FamilyId::NH);
+  ASSERT_TRUE(a.link());
+  EXPECT_THAT(a.image(0, 6), ElementsAre(0, 0x1010, 5, 0x8100, 1, 5));
+  EXPECT_THAT(a.lines(0, 6), ElementsAre(1, 3, 3, 4, 2, 0));
 }
 
 std::string ofSize(int words) {

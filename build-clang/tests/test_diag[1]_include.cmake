@@ -1,5 +1,0 @@
-if(EXISTS "/tmp/w/units/build-clang/tests/test_diag[1]_tests.cmake")
-  include("/tmp/w/units/build-clang/tests/test_diag[1]_tests.cmake")
-else()
-  add_test(test_diag_NOT_BUILT test_diag_NOT_BUILT)
-endif()

@@ -1,5 +1,0 @@
-if(EXISTS "/tmp/w/units/build-clang/tests/test_engine[1]_tests.cmake")
-  include("/tmp/w/units/build-clang/tests/test_engine[1]_tests.cmake")
-else()
-  add_test(test_engine_NOT_BUILT test_engine_NOT_BUILT)
-endif()

@@ -1,5 +1,0 @@
-if(EXISTS "/tmp/w/units/build-clang/tests/test_faults[1]_tests.cmake")
-  include("/tmp/w/units/build-clang/tests/test_faults[1]_tests.cmake")
-else()
-  add_test(test_faults_NOT_BUILT test_faults_NOT_BUILT)
-endif()

@@ -1,5 +1,0 @@
-if(EXISTS "/tmp/w/units/build-clang/tests/test_source[1]_tests.cmake")
-  include("/tmp/w/units/build-clang/tests/test_source[1]_tests.cmake")
-else()
-  add_test(test_source_NOT_BUILT test_source_NOT_BUILT)
-endif()
