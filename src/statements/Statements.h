@@ -1,5 +1,4 @@
-// The statement analysis: the row of stages over the lines of each program, opcode recognition, operand
-// extraction and dispatch.
+// The statement analysis: opcode recognition, operand extraction and dispatch.
 #pragma once
 
 #include "encode/Encode.h"
