@@ -28,8 +28,8 @@ constexpr Message literalOpen{"literal-not-closed",
                                .en = "{quote}: A literal charcter constant is not correctly closed."
                                      "Good Example 1.:  ='Ruby' Good Example 2.:  ='Ruby '' 123'"}};
 
-/// `end` is the index of the closing apostrophe, or the length of the text without one.  False where the
-/// constant is not closed, or anything but a comma, a semicolon or the end comes next behind it.
+/// `end` is the index of the closing apostrophe, or the length of the text if there is none.  False if the
+/// constant is not closed, or anything but a comma, a semicolon or the end follows it.
 template <class Char>
 bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t end) {
   const ViewOf<Char> text = line.OprndComStr;
