@@ -41,8 +41,8 @@ bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t en
   return false;
 }
 
-/// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks behind
-/// the first equal sign of the text do not count.
+/// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks after
+/// the first equal sign of the text are ignored.
 template <class Char>
 std::size_t nextLiteral(std::basic_string_view<Char> text, std::size_t from) {
   const std::size_t firstEqual = text.find(Char('='));

@@ -8,7 +8,7 @@ namespace zelvaro {
 template <class Char>
 void CkOpStr(Assembly& a, int prg);
 template <class Char>
-void DetDefLine(Assembly& a, int prg);  ///< the place of a house rule; refuses nothing
+void DetDefLine(Assembly& a, int prg);  ///< the place of a style rule; refuses nothing
 template <class Char>
 void CopyOprndComStrToBuffer(Assembly& a, int prg);  ///< operand buffer 0 takes the cleaned text
 template <class Char>
