@@ -9,7 +9,7 @@
 namespace zelvaro {
 namespace {
 
-/// The head that goes on to name the place of the operand on its line.
+/// The head that also names the place of the operand on its line.
 constexpr Words kConstHead{.ja = "エラー： {line} 行目： {nr} 番目の定数： ",
                            .en = "Error : line {line}:  Constant Nr={nr}: "};
 
@@ -167,7 +167,7 @@ void ckDec(Assembly& a, int line, int nr, ViewOf<Char> text) {
   if (others < digits) {
     a.cs.report(decMozi, line, nr, quote(text));
   } else {
-    // as many others as digits: this looks like a name that begins with a digit
+    // as many other characters as digits: probably a name that begins with a digit
     a.cs.report(decOrLabel, line, nr, quote(text));
   }
 }

@@ -1,5 +1,5 @@
-// The forms of literals, before the operands are taken apart.  The checks read what stands behind the
-// first equal sign of the operand text, without the blanks right behind it.
+// The forms of literals, before the operands are split.  The checks read the text after the first equal sign
+// of the operand text, without the blanks directly after it.
 #include "data/Data.h"
 #include "data/StrConst.h"
 #include "diag/Quote.h"
@@ -80,8 +80,8 @@ constexpr bool endsNumber(Char c) {
   return isBlank(c) || c == Char(',');
 }
 
-/// A number that an equal sign and a digit begin.  A signed one is no such number: it is looked at when
-/// the address pass converts it.
+/// A number after an equal sign that begins with a digit.  A signed number is checked when the address pass
+/// converts it.
 template <class Char>
 void ckDec(Assembly& a, int line, ViewOf<Char> literal) {
   std::size_t i = 0;

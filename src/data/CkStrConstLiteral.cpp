@@ -28,8 +28,8 @@ constexpr Message literalOpen{"literal-not-closed",
                                .en = "{quote}: A literal charcter constant is not correctly closed."
                                      "Good Example 1.:  ='Ruby' Good Example 2.:  ='Ruby '' 123'"}};
 
-/// `end` is the index of the closing apostrophe, or the length of the text without one.  False where the
-/// constant is not closed, or anything but a comma, a semicolon or the end comes next behind it.
+/// `end` is the index of the closing apostrophe, or the length of the text if there is none.  False if the
+/// constant is not closed, or anything but a comma, a semicolon or the end follows it.
 template <class Char>
 bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t end) {
   const ViewOf<Char> text = line.OprndComStr;
@@ -41,8 +41,8 @@ bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t en
   return false;
 }
 
-/// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks behind
-/// the first equal sign of the text do not count.
+/// The index of the apostrophe of the next "='" from `from` on, or the length of the text.  Blanks after
+/// the first equal sign of the text are ignored.
 template <class Char>
 std::size_t nextLiteral(std::basic_string_view<Char> text, std::size_t from) {
   const std::size_t firstEqual = text.find(Char('='));

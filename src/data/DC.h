@@ -1,5 +1,5 @@
-// The steps of a DC line behind the rules of commas and blanks, in their order.  Each works on the cleaned operand text,
-// operand buffer 0 of the line, or on the line's elements in vecOprndAtDC.
+// The steps of a DC line after the rules of commas and blanks, in their order.  Each works on the cleaned
+// operand text, operand buffer 0 of the line, or on the line's elements in vecOprndAtDC.
 #pragma once
 
 #include "MoziCode/Characters.h"
@@ -8,7 +8,7 @@
 
 namespace zelvaro {
 
-/// Makes the line's elements, one an operand, and has CkDC33 check them: false after an Error.
+/// Makes the line's elements, one per operand, and calls CkDC33 to check them: false after an Error.
 template <class Char>
 bool TakeOutOprndsAtDC10(Assembly& a, SrcData<Char>& line);
 /// The checks by kind: the number of Errors.
@@ -18,13 +18,13 @@ int CkDC33(Assembly& a, SrcData<Char>& line);
 template <class Char>
 void SetWordKazuAtDC(Assembly& a, SrcData<Char>& line);
 
-/// Whether an operand says nothing: it is empty, or a sign or # alone.
+/// Whether an operand has no content: it is empty, or a sign or # alone.
 template <class Char>
 constexpr bool isEmptyConst(std::basic_string_view<Char> text) {
   return text.empty() || (text.size() == 1 && isSignOrHash(text[0]));
 }
 
-/// What an operand is by its first character; ConstKind::Const for one that is none of the kinds.
+/// The kind of an operand by its first character; ConstKind::Const if it is none of the kinds.
 template <class Char>
 constexpr ConstKind kindOfConst(std::basic_string_view<Char> text) {
   if (isEmptyConst(text)) return ConstKind::Const;

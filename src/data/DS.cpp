@@ -19,7 +19,7 @@ constexpr Message oprndEmpty{
       {.ja = {},
        .en = "A constant operand in decimal number is expected at the right side of the DS instruction. "}}}};
 
-// The fixed form tells the faults of the number one by one.
+// The fixed form reports the faults of the number one by one.
 constexpr Message textBehind{
     "ds-comment",
     Severity::Memo,
@@ -101,7 +101,7 @@ void tellNonDigit(Assembly& a, int line, ViewOf<Char> number, std::size_t i) {
   a.cs.report(nonDigit, line, plain(moziAt(number, i)), quote(number));
 }
 
-/// Splits the operand text into the number, operand 1, and what stands behind it, operand 2.
+/// Splits the operand text into the number, operand 1, and the text after it, operand 2.
 template <class Char>
 bool OprndAtDS(Assembly& a, SrcData<Char>& line) {
   const ViewOf<Char> text = line.Oprnd[0];
@@ -110,7 +110,7 @@ bool OprndAtDS(Assembly& a, SrcData<Char>& line) {
     return false;
   }
   std::size_t end = 0;
-  // a comma behind the number is no part of it
+  // a comma after the number is not part of it
   while (end < text.size() && !isBlank(text[end]) && (end == 0 || text[end] != Char(','))) ++end;
   const ViewOf<Char> number = text.substr(0, end);
   const ViewOf<Char> rest = trim(text.substr(end));
@@ -127,8 +127,8 @@ bool OprndAtDS(Assembly& a, SrcData<Char>& line) {
   return true;
 }
 
-/// Operand 1 becomes the number of words.  False, with the words of a self-check, where it is none: "+" is
-/// allowed anywhere up to here.
+/// Operand 1 becomes the number of words.  False, with a self-check's message, if it is not a number: "+" is
+/// accepted anywhere up to here.
 template <class Char>
 bool convert(Assembly& a, SrcData<Char>& line, const Message<1>& fault) {
   const ViewOf<Char> number = line.Oprnd[1];

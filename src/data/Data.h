@@ -5,8 +5,8 @@
 
 namespace zelvaro {
 
-/// Cleans the operand text of a DC or DS line (its operand buffer 0) in place.  False after a fault: no
-/// later step of the line speaks then.
+/// Cleans the operand text of a DC or DS line (its operand buffer 0) in place.  False after a fault: the
+/// later steps of the line are skipped then.
 template <class Char>
 bool OprndAtDCtoChH(Assembly& a, SrcData<Char>& line);
 

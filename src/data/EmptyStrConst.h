@@ -1,5 +1,5 @@
-// The guard against a character constant without characters, for what makes and what copies the words of
-// a DC.  OprndAtDCtoChH refuses such a constant long before.
+// The guard against a character constant without characters, for the code that makes and that copies the
+// words of a DC.  OprndAtDCtoChH refuses such a constant before that.
 #pragma once
 
 #include "diag/Message.h"

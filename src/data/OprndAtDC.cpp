@@ -130,7 +130,7 @@ Scan ckMozi(Assembly& a, int line, ViewOf<Char> text, std::size_t i) {
   return Scan::GoOn;
 }
 
-/// The rules of commas and blanks, then the operands are taken out.  False after a fault.
+/// The rules of commas and blanks, then the extraction of the operands.  False after a fault.
 template <class Char>
 bool dc45(Assembly& a, SrcData<Char>& line) {
   const ViewOf<Char> text = line.Oprnd[0];

@@ -45,8 +45,8 @@ constexpr Message strConstOpen{
              "appear within a string constant, you must type two apostrophes such as ('') in a row. "
              "(Specification 2.3 (4) String Constant) "}}}};
 
-/// The text without the blanks at which drop(index) holds, every other tab a blank.  Character constants
-/// stay as they are.  A text with nothing to change is returned itself.
+/// The text without the blanks for which drop(index) is true; every other tab becomes a blank.  Character
+/// constants are not changed.  A text without any change is returned itself.
 template <class Char, class Drop>
 std::basic_string_view<Char> withoutBlanks(TextArena<Char>& arena, std::basic_string_view<Char> text,
                                            Drop drop) {

@@ -1,5 +1,5 @@
-// The words of the DC lines.  Runs behind the checks of a program and once more in the link: a label
-// further down has its address then.
+// The words of the DC lines.  Runs after the checks of a program and again in the link, when labels further
+// down have their addresses.
 #include "data/DC.h"
 #include "data/EmptyStrConst.h"
 #include "diag/Quote.h"
@@ -32,7 +32,7 @@ constexpr Message oprndWithoutText{
     "dc-operand-empty", Severity::Error, Head::Line, args("quote", "ordinal"),
     bothLanguages("{quote}: The {ordinal} operand at DC is empty in description.")};
 
-/// The number behind "#".
+/// The number after "#".
 template <class View>
 int hexValue(View text) {
   unsigned value = 0;

@@ -15,8 +15,8 @@ constexpr Message unknownKind = selfCheck("self-dc-kind", args(), "Prg. Error: U
 constexpr Message notConverted{"dc-not-text", Severity::Error, Head::None, args(),
                                bothLanguages("mbsrtowcs_s() has returned Error. MbChToWCs(). ")};
 
-/// The fixed form keeps the bytes of a file as they are: one without a character shows here.  The
-/// characters are counted by bytes then.
+/// The fixed form keeps the bytes of a file unchanged: an undecodable byte is found here.  The characters are
+/// then counted in bytes.
 template <class Char>
 int wordsOfCharConst(Assembly& a, int line, ViewOf<Char> text) {
   if constexpr (std::is_same_v<Char, char>) {

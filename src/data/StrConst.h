@@ -1,4 +1,4 @@
-// Where the character constants of an operand text lie.  A constant goes from apostrophe to apostrophe; a
+// Finds the character constants of an operand text.  A constant extends from apostrophe to apostrophe; a
 // doubled apostrophe inside it is one character.
 #pragma once
 
@@ -19,7 +19,7 @@ constexpr std::size_t DetStrConstGL10(std::basic_string_view<Char> text, std::si
   return text.size();
 }
 
-/// The first index outside character constants at which test(index) holds, or the length of the text.
+/// The first index outside character constants for which test(index) is true, or the length of the text.
 template <class Char, class Test>
 constexpr std::size_t findOutsideStrConst(std::basic_string_view<Char> text, Test test) {
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -1,4 +1,4 @@
-// Splits the operand text of a DC at its commas, one element an operand.
+// Splits the operand text of a DC at its commas, one element per operand.
 #include <algorithm>
 
 #include "data/DC.h"
@@ -20,7 +20,7 @@ constexpr Message tooManyOprnds{
            "The number of the DC operands is limited to {most} in a line (Spec. of Zelvaro). "
            "There are {count} operands. Decrease the number of the operands in the line. "}};
 
-/// Appends the operands of a text.  A comma at its end has no operand behind it.
+/// Appends the operands of a text.  No operand follows a comma at its end.
 template <class Char>
 void append(std::vector<OprndAtDC<Char>>& pool, std::basic_string_view<Char> text) {
   for (std::size_t begin = 0; begin < text.size();) {

@@ -1,5 +1,5 @@
-// The fixed form keeps its data behind the code: how many DC and DS lines a program may have, and that
-// nothing else stands behind its last instruction.
+// The fixed form has its data after the code: checks how many DC and DS lines a program has, and that nothing
+// else follows its last instruction.
 #include "data/Data.h"
 #include "diag/Limits.h"
 
@@ -20,8 +20,8 @@ constexpr Message noData{
     args(),
     {.ja = "DC 又は DS の記述が必要。", .en = "Either DC or DS instruction is expected. "}};
 
-/// The place of ret_line, the line of the last instruction: the last RET or EXIT, or without one the last
-/// line that is neither DC nor DS.
+/// The index of ret_line, the line of the last instruction: the last RET or EXIT, or if there is none, the
+/// last line that is neither DC nor DS.
 template <class Char>
 std::size_t retLine(std::span<const SrcData<Char>> lines) {
   std::size_t lastRet = 0;

@@ -1,4 +1,4 @@
-// The kinds of an address constant, each decided by its first character: what CkAdrConst22 sends to.
+// The kinds of an address constant, decided by the first character: the functions that CkAdrConst22 calls.
 #pragma once
 
 #include "encode/Encode.h"
@@ -11,7 +11,7 @@ namespace zelvaro {
 /// A name: the other programs of the file first, then the labels of the line's own program.
 template <class Char>
 bool CkAdrName(Assembly& a, SrcData<Char>& line, ViewOf<Char> p);
-/// A hexadecimal number, "#" in front.  n is the operand's number, only printed.
+/// A hexadecimal number that begins with "#".  n is the operand's number, only printed.
 template <class Char>
 bool CkAdrHex(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n);
 /// A decimal number without a sign, and one with a sign.
@@ -19,7 +19,7 @@ template <class Char>
 bool CkAdrDec(Assembly& a, SrcData<Char>& line, ViewOf<Char> p);
 template <class Char>
 bool CkAdrSignedDec(Assembly& a, SrcData<Char>& line, ViewOf<Char> p);
-/// The number of a literal, "=" in front; n is only printed.  Builds the literal's record.
+/// The number of a literal that begins with "="; n is only printed.  Builds the literal's record.
 template <class Char>
 bool CkAdrLiteralHex(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, int n);
 template <class Char>

@@ -1,5 +1,5 @@
 // The name as an address constant: the name of another program of the file, or a label of the own program.
-// The order of the two searches shows where a label has the name of another program.
+// The order of the two searches matters if a label has the name of another program.
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
 

@@ -7,7 +7,7 @@ namespace zelvaro {
 namespace {
 
 // --- a bad first operand ---
-// The fault has been counted by the message in front of this one.
+// The previous message has counted the fault.
 constexpr Message firstIsGR89 =
     Message{"register-gr89",
             Severity::Error,

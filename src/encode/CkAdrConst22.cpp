@@ -45,7 +45,7 @@ bool CkAdrConst22(Assembly& a, SrcData<Char>& line, int n) {
   if (!line.hasOprnd(0) || !line.hasOprnd(static_cast<std::size_t>(n))) return false;
   const ViewOf<Char> p = line.Oprnd[static_cast<std::size_t>(n)];
 
-  // A register name in an address place is address 0: Word2 is 0 since the statement pass.
+  // A register name in the place of an address is address 0: the statement pass has set Word2 to 0.
   if (beginsLikeRegister(p) && (p.size() == 3 || isBlank(p[3]))) return true;
   switch (formOfConst(p)) {
     case ConstForm::Name:

@@ -1,4 +1,4 @@
-// CkAdrOperand: the shape of an address operand and the commas round it.  What it names is not looked at.
+// CkAdrOperand: the form of an address operand and the commas around it, but not the thing that it names.
 #include "diag/Quote.h"
 #include "encode/Encode.h"
 

@@ -77,8 +77,8 @@ constexpr Message prgNameRefused{
            "(Spec. of CASL2: 2.3 (1)) \nThe address constant at the right side of the START \n"
            "is expected to be corrected. "}}}};
 
-/// The address of a line of the program.  Worked out at once it holds for a label without an opcode too, which
-/// no address pass looks at.
+/// The address of a line of the program.  It is computed here, so it is valid for a label without an opcode
+/// too, which the address pass skips.
 template <class Char>
 std::int32_t entryAddress(Assembly& a, int prg, const SrcData<Char>& target) {
   if (a.family.entryAddress == EntryAddress::FromAddressPass) return target.AbAdr;
@@ -88,7 +88,7 @@ std::int32_t entryAddress(Assembly& a, int prg, const SrcData<Char>& target) {
     if (line.Line == target.Line) break;
     adr += line.word_kazu;
   }
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();  // refused behind the address pass
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();  // refused after the address pass
   return static_cast<std::int32_t>(std::min(adr, kMost));
 }
 
@@ -106,7 +106,7 @@ bool jumpTo(SrcData<Char>& line, std::int32_t address, SrcData<Char>& target) {
 template <class Char>
 bool CkStartAdrOperand(Assembly& a, int prg, SrcData<Char>& line) {
   const ViewOf<Char> p = line.Oprnd[1];
-  // An offender in the first place is left to the search: nothing carries such a name.
+  // A bad first character is left to the search: no program or label has such a name.
   if (upperCaseTest(p) > 0) a.cs.report(badMozi, line.Line, quote(p));
   AnalystZenKSpace20(a.cs, line.Line, p);
   AnalystZenKakuMoziStr(a.cs, line.Line, p);

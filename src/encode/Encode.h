@@ -17,7 +17,7 @@ template <class Char>
 using SrcOf = SrcData<Char>;
 
 /// Runs the encoder of the line's instruction (classes with form Both, Memory, Branch, Single): checks the
-/// operands, writes Word1 and word_kazu.  Faults go to the tallies of `cs`.
+/// operands, writes Word1 and word_kazu.  Errors are counted in the tallies of `cs`.
 template <class Char>
 void encode(Assembly& a, SrcData<Char>& line);
 
@@ -69,8 +69,7 @@ int HexStrToIntG(Assembly& a, int line, int k0, ViewOf<Char> text);
 template <class Char>
 bool SetLiteCharConstMryIn(Assembly& a, SrcData<Char>& line, ViewOf<Char> oprnd);
 
-/// A decimal text, an optional sign in front, as a 32-bit number; saturates.  Stops at the first other
-/// character.
+/// A decimal text with an optional sign as a 32-bit number; saturates.  Stops at the first other character.
 template <class View>
 constexpr int decimalValue(View text) {
   std::size_t i = 0;

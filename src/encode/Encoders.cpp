@@ -1,8 +1,8 @@
 // The encoders, one function a form.  The encoder of a mnemonic (adda2NWPCS, adda2APCS ... xor2APCS) is that
 // of its form, on the codes and rules of its row of the instruction table.
 //
-// An encoder stops where CkOpTypeOprndOne* gives false.  It looks at the tally of `cs`, not at a count for the
-// line, so behind the first Error of a program every line is checked up to its first operand.
+// An encoder stops where CkOpTypeOprndOne* gives false.  It looks at the tally of `cs`, not at a count for
+// the line, so after the first Error of a program every line is checked only up to its first operand.
 #include "encode/Encoders.h"
 
 namespace zelvaro {
@@ -57,7 +57,8 @@ constexpr bool isRefused(SecondOprnd rule, View second) {
          (second.size() == 3 || isBlank(second[3]));
 }
 
-/// Puts the register of operand 1 into field r and takes the comma off.  False: the line stops here.
+/// Writes the register of operand 1 to field r and removes its comma.  False: the line is not encoded
+/// further.
 template <class Char>
 bool firstRegister(Assembly& a, SrcData<Char>& line) {
   line.Word1 = 0;
@@ -124,7 +125,7 @@ void encodeBranch(Assembly& a, SrcData<Char>& line) {
   RegX(a, line, 2);
 }
 
-/// r only.  What stands behind the register is dropped.
+/// r only.  The text after the register is ignored.
 template <class Char>
 void encodeSingle(Assembly& a, SrcData<Char>& line) {
   line.Word1 = firstWord(instruction(opOf(line)).adrCode);

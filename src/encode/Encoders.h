@@ -1,28 +1,28 @@
-// What the encoders and the register checks share: tests of texts that look like a register, and the
-// messages that stand in files of their own.
+// Shared by the encoders and the register checks: tests of texts that look like a register, and messages with
+// a file of their own.
 #pragma once
 
 #include "encode/Encode.h"
 
 namespace zelvaro {
 
-/// G, R and a digit from 0 to `most`; nothing is said about what follows.
+/// G, R and a digit from 0 to `most`; any text may follow.
 template <class View>
 constexpr bool beginsLikeRegister(View s, char most = '7') {
   using Char = typename View::value_type;
   return s.size() >= 3 && s[0] == Char('G') && s[1] == Char('R') && s[2] >= Char('0') && s[2] <= Char(most);
 }
-/// G, R and 8 or 9: no register, though many a learner takes it for one.
+/// G, R and 8 or 9: not a register, although learners may think so.
 template <class View>
 constexpr bool beginsLikeGR89(View s) {
   return beginsLikeRegister(s, '9') && !beginsLikeRegister(s);
 }
-/// The number of a text that begins like a register.
+/// The register number of a text that begins like a register.
 template <class View>
 constexpr int registerNumber(View s) {
   return digitValue(s[2]);
 }
-/// The same buffer without text.  "No buffer" would be another thing.
+/// The same buffer without text, which is not the same as "no buffer".
 template <class View>
 constexpr View emptied(View buffer) {
   return buffer.substr(0, 0);
@@ -37,9 +37,9 @@ constexpr std::string_view mnemonicOf(const SrcData<Char>& line) {
   return instruction(opOf(line)).mnemonic;
 }
 
-/// Whether operand 1 is exactly a register, with or without a comma behind it.  The first form, for
-/// instructions with a register there, reports a missing comma; the second one, for addresses and POP, what
-/// is wrong with a register or its comma.
+/// Whether operand 1 is exactly a register, with or without a comma after it.  The first form, for
+/// instructions with a register there, reports a missing comma; the second one, for addresses and POP,
+/// reports a wrong register or comma.
 template <class Char>
 bool GRxLabelAll(Assembly& a, const SrcData<Char>& line);
 template <class Char>
@@ -56,7 +56,7 @@ void AnalystIndexReg(Assembly& a, const SrcData<Char>& line, int n);
 template <class Char>
 void DspSyntaxErrorMsg(Assembly& a, const SrcData<Char>& line);
 
-/// A missing operand, in the words of the mnemonic.
+/// Reports a missing operand with the mnemonic's own message.
 void MissingFirstOprnd(Assembly& a, int line);
 void MissingSecondOprnd(Assembly& a, Op op, int line);
 

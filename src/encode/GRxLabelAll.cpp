@@ -1,4 +1,4 @@
-// A first operand that is exactly a register, and the comma behind it.
+// A first operand that is exactly a register, and the comma after it.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 
@@ -31,7 +31,7 @@ constexpr Message registerForAddress{
        .en = "\nThe opcode {op} does not take a general register "
              "but an address constant as the first operand.  "}}}};
 
-/// Operand 1 without its comma where it is exactly a register, else an empty view.
+/// Operand 1 without its comma if it is exactly a register, else an empty view.
 template <class Char>
 std::basic_string_view<Char> registerInOprndOne(const SrcData<Char>& line) {
   std::basic_string_view<Char> text = line.Oprnd[1];

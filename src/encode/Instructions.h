@@ -28,7 +28,7 @@ struct Instruction {
   int regCode;  ///< operation code of the form r1,r2, or 0
   SecondOprnd second;
   OpExtra extra;
-  std::string_view nameJa;  ///< name of the instruction for messages, where it has one
+  std::string_view nameJa;  ///< name of the instruction for messages, empty if it has none
   std::string_view nameEn;
   std::string_view effect;
 };
@@ -44,7 +44,7 @@ constexpr const Instruction& instruction(Op op) {
   return kInstructions[static_cast<std::size_t>(op)];
 }
 
-/// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only where `exitKnown`.
+/// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only if `exitKnown`.
 template <class Char>
 Op findOp(std::basic_string_view<Char> word, bool exitKnown = false);
 

@@ -1,5 +1,5 @@
-// The value of a literal: its record is made once and written anew by each run of the address pass.  The
-// literal gets its place, and the line its final Word2, behind the lines of the program.
+// The value of a literal: its record is made once and written again by each run of the address pass.  The
+// literal gets its address, and the line its final Word2, after the lines of the program.
 #include "encode/AdrConst.h"
 
 namespace zelvaro {

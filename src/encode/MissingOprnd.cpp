@@ -1,4 +1,4 @@
-// A missing operand: each mnemonic asks for it in words of its own.
+// A missing operand: each mnemonic has a message of its own.
 #include <array>
 
 #include "encode/Encoders.h"

@@ -88,8 +88,8 @@ constexpr Message hexTooShort{
     {.ja = "{k} 番目の定数： \n{quote} : 16進数は4文字で記述する。\n{count} 文字しかない。",
      .en = " Constant Nr={k}: \n{quote} \nA hexadecimal number is written in four letters. \n"
            "There are only {count} letters in it. "}};
-// A self-check in its words, so it has no head and leaves no record; a bad digit of an address constant
-// reaches it all the same.
+// Worded as a self-check, so it has no head and is not logged; a bad digit of an address constant can reach
+// it nevertheless.
 constexpr Message hexStopped =
     Message{
         "constant-hex-stopped",

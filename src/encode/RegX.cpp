@@ -62,7 +62,7 @@ constexpr Message doubleComma{
     args("quote"),
     {.ja = "{quote} コンマの連続がある。", .en = "{quote}  Duplication of comma between two operands! "}};
 
-/// A register, and behind it nothing, a blank or a comma.
+/// A register, and after it nothing, a blank or a comma.
 template <class View>
 constexpr bool isIndexText(View s) {
   return beginsLikeRegister(s) && (s.size() == 3 || isBlank(s[3]) || s[3] == ',');

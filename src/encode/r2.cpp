@@ -1,4 +1,4 @@
-// The second register of the form r1,r2 and what stands behind it.
+// The second register of the form r1,r2 and the text after it.
 #include "diag/Quote.h"
 #include "encode/Encoders.h"
 #include "structure/ZenKaku.h"

@@ -1,5 +1,5 @@
 // AdrCk53: the address pass over one program.  It counts the addresses forward and resolves the address
-// operands against what is known so far; the second run, in the link, knows everything.
+// operands with the labels known so far; in the second run, in the link, all are known.
 #include <algorithm>
 #include <limits>
 
@@ -21,8 +21,8 @@ constexpr Message unknownOp =
              .en = "line {line}: {op} is not an op code defined in casl2. "}}
         .unlogged();
 
-/// The relative and the absolute address of the next word.  They stop at the greatest int: what would go
-/// beyond it is far above the machine's size and refused behind the pass.
+/// The relative and the absolute address of the next word.  They saturate at the greatest int, which is far
+/// above the machine's size and refused after the pass.
 struct Counters {
   std::int32_t rel = 0;
   std::int32_t abs = 0;
@@ -34,7 +34,7 @@ struct Counters {
   }
 };
 
-/// A line takes the addresses at hand and the words that it has.
+/// Gives a line the current addresses and advances them by its words.
 template <class Char>
 void place(SrcData<Char>& line, Counters& at) {
   line.RelAdr = at.rel;
@@ -66,7 +66,7 @@ bool placeMachine(Assembly& a, SrcData<Char>& line, const Instruction& i, Counte
   if (line.word_kazu == 2) {
     line.RelAdr = at.rel;
     line.AbAdr = at.abs;
-    // After a fault the line gets no words: the counters stay.
+    // After a fault the line gets no words, so the addresses do not advance.
     if (CkAdrConst22(a, line, addressOprnd(i))) at.advance(line.word_kazu);
     return true;
   }
@@ -107,7 +107,7 @@ bool placeMacro(Assembly& a, SrcData<Char>& line, Op op, Counters& at) {
   return true;
 }
 
-/// False for a line that no case takes.
+/// False for a line without a case of its own.
 template <class Char>
 bool placeLine(Assembly& a, int prg, SrcData<Char>& line, Counters& at) {
   const Op op = opOf(line);
@@ -127,12 +127,12 @@ bool placeLine(Assembly& a, int prg, SrcData<Char>& line, Counters& at) {
   if (op == Op::START) {
     placeStart(a, prg, line, at);
   } else {
-    place(line, at);  // DC and DS, where they stand
+    place(line, at);  // DC and DS, in the order of the lines
   }
   return true;
 }
 
-/// The literals stand behind the lines, in the order of the lines that use them.
+/// The literals follow the lines, in the order of the lines that use them.
 template <class Char>
 void placeLiterals(LineStore<Char>& store, const PrgData<Char>& program, Counters& at) {
   for (SrcData<Char>& line : store.linesBeforeEnd(program)) {

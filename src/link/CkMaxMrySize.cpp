@@ -1,4 +1,4 @@
-// CkMaxMrySize: whether the image of all programs fits into the machine, the stack's words left free.
+// CkMaxMrySize: whether the image of all programs fits into the machine without the words of the stack.
 #include <cstdint>
 
 #include "diag/Limits.h"
@@ -7,7 +7,7 @@
 namespace zelvaro {
 namespace {
 
-// Both are told in English whatever the language.
+// Both are in English for either language.
 constexpr Message overAddressSpace{
     "image-over-addresses", Severity::Error, Head::Prefix, args("words", limit("most", kGreatestUnsigned)),
     bothLanguages(": Your program needs {words} words in memory. \n"

@@ -1,4 +1,4 @@
-// The order in which the words of a program's lines stand in memory, its literals left out.
+// The order in which the words of a program's lines are placed in memory, without its literals.
 #pragma once
 
 #include <span>
@@ -8,8 +8,8 @@
 
 namespace zelvaro {
 
-/// Calls each(line) for all lines with an opcode until it returns false: in the order of the lines, or with the
-/// DC and DS lines after all others.  Returns false where `each` did.
+/// Calls each(line) for all lines with an opcode until it returns false: in the order of the lines, or with
+/// the DC and DS lines after all others.  Returns false if `each` did.
 template <class Char, class Each>
 bool forEachInMemory(std::span<SrcData<Char>> lines, DataPlace dataPlace, Each each) {
   const bool dataLater = dataPlace == DataPlace::AfterCode;
@@ -44,7 +44,7 @@ FixedWords fixedWords(LineStore<Char>& store, const PrgData<Char>& program) {
   return words;
 }
 
-/// CkMaxMemory on a number of words; `line` stands in the head.  Counts an Error for each limit exceeded.
+/// CkMaxMemory on a number of words; `line` is printed in the head.  Counts an Error for each limit exceeded.
 void ckMaxMemory(Assembly& a, int line, const FixedWords& words);
 
 }  // namespace zelvaro

@@ -6,10 +6,10 @@
 
 namespace zelvaro {
 
-/// The address pass over one program; runs once behind its checks and once in the link.
+/// The address pass over one program; runs once after its checks and once in the link.
 template <class Char>
 void AdrCk53(Assembly& a, int prg);
-/// The fixed form: addresses for the lines of a program ahead of its constants and its address pass, and
+/// The fixed form: addresses for the lines of a program before its constants and its address pass, and
 /// whether its words fit into the memory.
 template <class Char>
 void dcdsWordKazu40(Assembly& a, int prg);

@@ -35,7 +35,7 @@ bool settleAddresses(Assembly& a, int programs) {
   return a.errors() == 0;
 }
 
-/// The fixed form has all addresses but those of programs that stood behind the line that names them.
+/// The fixed form has all addresses except those of programs that come after the line that names them.
 template <class Char>
 void settlePrgNames(Assembly& a, int prg) {
   LineStore<Char>& store = a.store<Char>();

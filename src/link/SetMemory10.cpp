@@ -1,5 +1,5 @@
-// SetMemory10: the words of one program into the memory of the machine, as they stand; of a number beyond 16
-// bits the low ones alone.
+// SetMemory10: copies the words of one program to the memory of the machine; of a number beyond 16 bits only
+// the low 16 bits.
 #include "link/SetMemory10.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ class Writer {
     if (a_.family.keepsWords && cell != 0 && cell != word) return refuse(at, word);
     cell = word;
   }
-  /// Words of 0.  Cells that nobody has touched since the reset are 0 already.
+  /// Words of 0.  Cells that have not been written since the reset are already 0.
   void putZeros(std::int32_t words) {
     const auto begin = static_cast<std::size_t>(adr_);
     const std::size_t end = std::min(begin + static_cast<std::size_t>(words), m_.Memory.touched());
@@ -119,7 +119,7 @@ void putLiteral(SrcData<Char>& line, AdrConst<Char>& literal, Writer<Char>& out)
   }
 }
 
-/// The literals of a program, behind its lines.
+/// The literals of a program, after its lines.
 template <class Char>
 void putLiterals(LineStore<Char>& store, const PrgData<Char>& program, Writer<Char>& out) {
   for (SrcData<Char>& line : store.linesBeforeEnd(program)) {
@@ -153,7 +153,7 @@ bool ckAreas(Assembly& a, int prg) {
   return false;
 }
 
-/// A DS of no words stands for the next DC or DS that has some, or for the end of the memory.
+/// The address of a DS without words is that of the next DC or DS with words, or the end of the memory.
 template <class Char>
 void placeEmptyDS(std::span<SrcData<Char>> lines) {
   std::int32_t next = MaxMemory;
@@ -164,7 +164,7 @@ void placeEmptyDS(std::span<SrcData<Char>> lines) {
   }
 }
 
-/// What SetMemory25 does behind the words: LastAdr is the word behind the image, which stays 0.
+/// SetMemory25 after the words: LastAdr is the address after the image, whose word stays 0.
 void setLastAdr(Assembly& a, Tcomet2& m, std::int32_t adr) {
   if (adr < MaxMemory) {
     m.LastAdr = adr;

@@ -8,7 +8,7 @@ namespace zelvaro {
 /// Fills LineOfAddress of `m` over all programs.  The address pass has given every line its address.
 template <class Char>
 void SetLineOfAddress(Assembly& a, Tcomet2& m);
-/// Copies the words of one program into the memory of `m`: false where an Error has ended the copy.
+/// Copies the words of one program to the memory of `m`.  False if an Error has ended the copy.
 template <class Char>
 bool SetMemory10(Assembly& a, Tcomet2& m, int prg);
 

@@ -1,5 +1,5 @@
-// dcdsWordKazu40: the addresses of a program's lines from their numbers of words, ahead of the constants
-// and of the address pass, so that every label of the program is known when an operand names it.
+// dcdsWordKazu40: the addresses of a program's lines from their numbers of words, before the constants and
+// the address pass, so that every label of the program is known when an operand names it.
 #include "link/Layout.h"
 #include "link/Link.h"
 

@@ -1,5 +1,5 @@
-// address3_ck: the form of an operand of IN or OUT.  Only a label will do; every other kind of constant is
-// told in words of its own.
+// address3_ck: the form of an operand of IN or OUT.  Only a label is accepted; every other kind of constant
+// has a message of its own.
 #include <algorithm>
 
 #include "diag/Quote.h"
@@ -144,7 +144,7 @@ void address3_ck(Assembly& a, SrcData<Char>& line, int n) {
   if (!line.hasOprnd(0) || !line.hasOprnd(oprnd)) return;
   const ViewOf<Char> p = line.Oprnd[oprnd];
   if (p.empty()) {
-    // Behind an Error the missing operand has been told, or will be once that is mended.
+    // After an Error the missing operand has been reported, or will be when that Error is corrected.
     if (a.cs.ErrorKazu == 0) a.cs.report(missing, line.Line, plain(line.OpStr));
   } else if (formOfConst(p) == ConstForm::Name) {
     ckName(a, line.Line, p);

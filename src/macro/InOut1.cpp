@@ -61,11 +61,11 @@ constexpr Message noAddress{
     args("quote"),
     {.ja = "{quote} はアドレス定数ではない。", .en = "{quote} is not an address constant. "}};
 
-/// Tells what an operand is that no label matches.
+/// Reports what an operand is if no label matches it.
 template <class Char>
 void tellUnmatched(Assembly& a, SrcData<Char>& line, int n) {
   const ViewOf<Char> p = line.Oprnd[static_cast<std::size_t>(n)];
-  if (isRegisterOprnd(p)) return;  // address3_ck has told it
+  if (isRegisterOprnd(p)) return;  // address3_ck has reported it
   if (p.empty()) {
     if (a.cs.ErrorKazu == 0) a.cs.report(missing, line.Line, plain(line.OpStr));
   } else if (!isCapital(p.front())) {
@@ -77,7 +77,7 @@ void tellUnmatched(Assembly& a, SrcData<Char>& line, int n) {
   }
 }
 
-/// The address of the label that operand n names goes to `adr`.  False after a fault.
+/// Stores the address of the label that operand n names in `adr`.  False after a fault.
 template <class Char>
 bool findOprnd(Assembly& a, SrcData<Char>& line, int n, std::int32_t& adr) {
   const int label = a.program<Char>(line.PrgNr).findLabel(line.Oprnd[static_cast<std::size_t>(n)]);

@@ -1,4 +1,4 @@
-// What the two operand checks of IN and OUT share.
+// Shared by the two operand checks of IN and OUT.
 #pragma once
 
 #include "source/CorrectScode.h"

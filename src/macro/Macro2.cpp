@@ -1,4 +1,4 @@
-// macro2: the operand text of IN and OUT.  An operand comes with the comma behind it.
+// macro2: the operand text of IN and OUT.  An operand includes the comma after it.
 #include "diag/Quote.h"
 #include "macro/Macro.h"
 

@@ -54,7 +54,7 @@ bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out);
 /// not open and returns false, the table and the tally as they were.  All but the first read CR LF as a line
 /// end, make no line of what follows the last line end if nothing does, and keep a lone CR and a zero byte in
 /// the line.
-/// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text behind the last one is a
+/// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text after the last one is a
 ///   line even if it is empty, and half a code unit at the end of the file is dropped.
 bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,
                          const SourceBytes& bytes);
@@ -63,7 +63,8 @@ bool OpenFileUTF8toVecW(Assembly& a, const MoziCodeData& code, const std::string
                         const SourceBytes& bytes);
 /// - Narrow: the lines become CP932, with "?" for a character that it does not have.
 bool OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
-/// - The fixed form: as the narrow one, but a line that is not UTF-8 keeps its bytes.  A line of more than 104
+/// - The fixed form: as the narrow one, but a line that is not UTF-8 keeps its bytes.  A line of more than
+/// 104
 ///   bytes becomes several lines, each cut after its 80th byte, which is reported once.  Of a file of more
 ///   than 310 lines nothing is stored and the result is false.
 bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);

@@ -1,5 +1,5 @@
-// Opcode recognition.  An opcode matches exactly or not at all; what a learner gets wrong is explained,
-// never repaired.  The first unknown opcode of a program ends the walk.
+// Opcode recognition.  An opcode matches exactly or not at all; a wrong one is explained, never repaired.
+// The first unknown opcode of a program ends the stage.
 #include <algorithm>
 #include <array>
 
@@ -71,8 +71,8 @@ constexpr Message commaBehindOpcode{
     {.ja = "演算子の右は空白にする。コンマは不要です。 ",
      .en = "A space is expected at the right side of the opcode. A comma is of no use. "}};
 
-/// Reports a semicolon that is glued to an opcode without operands, as the line was written.  True if it
-/// did.  Only the first opcode that the word holds is looked for.
+/// Reports a semicolon directly after an opcode without operands, as it was written.  True if it reported.
+/// Only the first opcode that the word contains is searched.
 template <class Char>
 bool RemoveNoOprndOpSemiColn(Assembly& a, const SrcData<Char>& line) {
   constexpr auto npos = ViewOf<Char>::npos;
@@ -87,7 +87,7 @@ bool RemoveNoOprndOpSemiColn(Assembly& a, const SrcData<Char>& line) {
   return true;
 }
 
-/// Tells a comma at the end of the opcode.  A longer word is cut at the length of the buffer.
+/// Reports a comma at the end of the opcode.  A longer word is cut at the length of the buffer.
 template <class Char>
 void AnalystOP(Assembly& a, const SrcData<Char>& line) {
   constexpr std::size_t kBuffer = 94;

@@ -1,5 +1,5 @@
-// The operand buffers come into being: 0 with the cleaned operand text, as far as the family reads it, 1 to
-// 4 without text.
+// Creates the operand buffers: 0 with the cleaned operand text, up to the family's length, 1 to 4 without
+// text.
 #include "statements/Statements.h"
 
 namespace zelvaro {

@@ -1,4 +1,4 @@
-// The place of a house rule: DC and DS behind all instructions of a program.  The language does not ask for
+// The place of a style rule: DC and DS after all instructions of a program.  The language does not require
 // it, so no source is refused.
 #include "statements/Statements.h"
 

@@ -1,4 +1,4 @@
-// Completes the operand fields of a line as its opcode asks for it, behind the extraction.
+// Completes the operand fields of a line after the extraction, as its opcode requires.
 #include "data/Data.h"
 #include "statements/Statements.h"
 

@@ -1,5 +1,5 @@
-// The dispatch: every line goes to the handler of its opcode.  A handler reports its own faults, and the walk
-// goes on with the next line whatever it found.
+// The dispatch: calls the handler of each line's opcode.  A handler reports its own faults; the next line
+// follows in any case.
 #include "data/Data.h"
 #include "macro/Macro.h"
 #include "statements/Statements.h"

@@ -1,5 +1,4 @@
-// The statement analysis: the row of stages over the lines of each program, opcode recognition, operand
-// extraction and dispatch.
+// The statement analysis: opcode recognition, operand extraction and dispatch.
 #pragma once
 
 #include "encode/Encode.h"
@@ -9,7 +8,7 @@ namespace zelvaro {
 template <class Char>
 void CkOpStr(Assembly& a, int prg);
 template <class Char>
-void DetDefLine(Assembly& a, int prg);  ///< the place of a house rule; refuses nothing
+void DetDefLine(Assembly& a, int prg);  ///< the place of a style rule; refuses nothing
 template <class Char>
 void CopyOprndComStrToBuffer(Assembly& a, int prg);  ///< operand buffer 0 takes the cleaned text
 template <class Char>

@@ -1,5 +1,5 @@
-// Operand extraction: the operand text is cut into at most four operands, character by character.  The scan
-// knows blanks, commas and the literal character constant ='...'; all else is copied without a look.
+// Operand extraction: splits the operand text into at most four operands, character by character.  The scan
+// knows blanks, commas and the literal character constant ='...'; all other characters are copied.
 //
 //   `GR1,A , GR2`  gives  `GR1,`  `A,`  `GR2`
 //
@@ -27,10 +27,10 @@ constexpr Message textBehindLiteral{"operand-literal-text",
 
 constexpr std::size_t kLastOprnd = 4;
 
-/// The operand text without the blanks directly behind its first equal sign: `= 5` is the literal =5.
+/// The operand text without the blanks directly after its first equal sign: `= 5` is the literal =5.
 template <class Char>
 std::basic_string_view<Char> joinLiteral(TextArena<Char>& arena, std::basic_string_view<Char> text) {
-  const std::size_t head = text.find(Char('=')) + 1;  // 0 where there is none
+  const std::size_t head = text.find(Char('=')) + 1;  // 0 if there is none
   if (head == 0 || head == text.size() || !isBlank(text[head])) return text;
   const std::basic_string_view<Char> rest = trimLeft(text.substr(head));
   Char* at = arena.allocate(head + rest.size());
@@ -64,7 +64,7 @@ class OprndScan {
     while (isBlankAt(at_)) ++at_;
   }
 
-  /// Extracts one operand.  True if the operand text has ended behind it.
+  /// Extracts one operand.  True if the operand text ends after it.
   bool ExtractOprnd5() {
     const std::size_t begin = at_;
     for (;;) {
@@ -95,15 +95,15 @@ class OprndScan {
     return false;
   }
 
-  /// An operand whose comma stands behind blanks.
+  /// An operand whose comma follows blanks.
   View withComma(std::size_t begin, std::size_t end) {
     Char* text = a_.store<Char>().arena.allocate(end - begin + 1);
     *std::copy_n(source_.begin() + static_cast<std::ptrdiff_t>(begin), end - begin, text) = Char(',');
     return {text, end - begin + 1};
   }
 
-  /// Passes over ='...' at the read position.  False after a fault, with the read position on the end of the
-  /// source or on the apostrophe that should have closed the constant.
+  /// Skips ='...' at the read position.  False after a fault, with the read position at the end of the source
+  /// or at the apostrophe that should have closed the constant.
   bool passCharConst(std::size_t begin) {
     at_ += 2;
     for (;;) {

@@ -1,4 +1,4 @@
-// The name of a program: the rules of a label, in other words, and the first fault ends the test.
+// The name of a program: the rules of a label with other messages; the first fault ends the test.
 #include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "structure/Structure.h"

@@ -1,12 +1,12 @@
-// Cuts the comment off the working text of a program's lines, the END line excepted.
+// Removes the comment from the working text of a program's lines, except the END line.
 #include "structure/Structure.h"
 #include "structure/Words.h"
 
 namespace zelvaro {
 namespace {
 
-/// Where the comment begins, or the length of the line.  A ';' inside quotes is a character.  One that is
-/// glued to the opcode word stays as well, so that the recognition of the opcode can explain it.
+/// The index of the comment, or the length of the line.  A ';' inside quotes is a character.  A ';' directly
+/// after the opcode word is kept too, so that the recognition of the opcode can explain it.
 template <class Char>
 std::size_t commentAt(std::basic_string_view<Char> s) {
   if (s.find(Char(';')) == s.npos) return s.size();

@@ -1,5 +1,5 @@
-// Nothing but comments may stand between two programs.  Text in front of the first and behind the last
-// program is no concern.
+// Only comments may be between two programs.  Text before the first and after the last program is not
+// checked.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"
@@ -40,7 +40,7 @@ void IsAnySrcOutsideSartEnd(Assembly& a) {
   for (std::size_t k = 0; k + 1 < store.vecPrg.size(); ++k) {
     const int record = store.vecPrg[k].RecEnd + 1;
     if (record >= store.vecPrg[k + 1].RecStart) continue;
-    // every record holds something that is no blank, so the first one is the finding
+    // no record is blank, so the first one is the finding
     const auto& line = store[record];
     a.cs.report(textBetween, line.Line, quote(line.SrcStr));
     if (trim(line.SrcWork) == zenKakuSpace<Char>()) a.cs.report(itIsZenKakuSpace, line.Line);

@@ -55,7 +55,7 @@ constexpr Message reservedWord{
      .en = "{label} is one of the reserved words(GR0-GR7). \n"
            "Reserved words, GR0 through GR7, are not available for labels. Spec. of CASL2   2.1 (Note) "}};
 
-/// Pass 1: takes the labels out of the lines.  The fixed form lets a label stand alone.
+/// Pass 1: extracts the labels of the lines.  In the fixed form a line may hold a label alone.
 template <class Char, class Lines>
 void takeOut(Assembly& a, Lines lines) {
   for (auto& line : lines) {
@@ -66,8 +66,8 @@ void takeOut(Assembly& a, Lines lines) {
   }
 }
 
-/// Pass 3: the characters behind the first, which is the business of pass 2.  Only the first bad label of
-/// a program is reported.
+/// Pass 3: the characters after the first one, which pass 2 checks.  Only the first bad label of a program is
+/// reported.
 template <class Char, class Lines>
 void checkLetters(Assembly& a, Lines lines) {
   for (const auto& line : lines) {

@@ -1,4 +1,4 @@
-// Tabs of the working text become spaces, outside the stretch from the first to the last apostrophe.
+// Tabs of the working text become spaces, except between the first and the last apostrophe.
 // Narrow families only: a wide row has no such stage, since blanks are both characters everywhere.
 #include "structure/Structure.h"
 

@@ -1,10 +1,10 @@
-// Cuts a comment off the working text where unbalanced quotes kept it so far.
+// Removes a comment from the working text if unbalanced quotes have kept it so far.
 #include "structure/Structure.h"
 
 namespace zelvaro {
 namespace {
 
-/// A ';' ends the text in front of the first apostrophe, and behind the last one if it is the only ';'.
+/// A ';' ends the text before the first apostrophe, and after the last one if it is the only ';'.
 template <class Char>
 std::basic_string_view<Char> withoutComment(std::basic_string_view<Char> text) {
   const std::size_t first = text.find(Char(';'));

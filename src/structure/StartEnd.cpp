@@ -1,4 +1,4 @@
-// Per program: a label on START, none on END; the lines learn the program that they belong to.
+// Per program: a label on START, none on END; sets the program number of the lines.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 

@@ -1,4 +1,4 @@
-// The coarse test of START and END: whether the words stand anywhere at all, in the right order.
+// The coarse test of START and END: whether the words occur anywhere, in the right order.
 #include "structure/Structure.h"
 #include "structure/Words.h"
 #include "structure/ZenKaku.h"
@@ -30,7 +30,7 @@ constexpr Message endBeforeStart{"end-before-start",
                                  {.ja = "START アセンブラ命令 の後の行に END アセンブラ命令が必要。",
                                   .en = "END is expected to be followed after START. "}};
 
-/// The last record whose working text holds the word anywhere, a label or a comment included, or -1.
+/// The last record whose working text contains the word anywhere, even in a label or a comment, or -1.
 template <class Char>
 int lastHolding(const LineStore<Char>& store, std::string_view word) {
   const auto lines = store.lines();

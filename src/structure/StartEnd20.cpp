@@ -1,5 +1,5 @@
 // The exact test of START and END: pairing, counts, order, and the program records.  A keyword counts
-// where it stands directly behind a blank, in a comment behind an instruction too.
+// directly after a blank, even in a comment after an instruction.
 #include <algorithm>
 #include <vector>
 
@@ -153,7 +153,7 @@ constexpr Message noRet{
              "Is this your intention? If not, you should add a RET code at least. \n"
              "Note: A space is expected at the both sides of RET. "}}}};
 
-/// The records whose working text holds the keyword behind a blank, in order.
+/// The records whose working text contains the keyword after a blank, in order.
 template <class Char>
 std::vector<int> recordsWith(const LineStore<Char>& store, std::string_view keyword) {
   std::vector<int> found;
@@ -172,7 +172,7 @@ bool fits(Assembly& a, const std::vector<int>& records, const Message<1>& tooMan
   return false;
 }
 
-/// Whether each START has its END, in order; the first fault is told.
+/// Whether each START has its END, in order; the first fault is reported.
 template <class Char>
 bool checkPairs(Assembly& a, const std::vector<int>& starts, const std::vector<int>& ends) {
   const auto& store = a.store<Char>();

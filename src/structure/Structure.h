@@ -1,4 +1,4 @@
-// The stages that take lines and programs apart.  Each lies in the file of its name.  Faults show in the
+// The stages that split lines and programs.  Each is in the file of its name.  Errors are counted in the
 // tallies.
 #pragma once
 

@@ -1,4 +1,4 @@
-// The word split: label, opcode, and the operand text behind the opcode.
+// The word split: label, opcode, and the operand text after the opcode.
 #include <algorithm>
 
 #include "diag/Limits.h"
@@ -23,7 +23,7 @@ constexpr Message textIsCut =
         .withHead({.ja = "警告: {line}行目：", .en = "Warning: {line}: "})
         .uncounted();
 
-/// Takes the text up to the first blank off `rest`, which keeps what stands behind, left-trimmed.
+/// Removes the text up to the first blank from `rest` and returns it; left-trims `rest`.
 template <class Char>
 std::basic_string_view<Char> takeWord(std::basic_string_view<Char>& rest) {
   const std::size_t end = std::min(findBlank(rest), rest.size());
@@ -32,8 +32,8 @@ std::basic_string_view<Char> takeWord(std::basic_string_view<Char>& rest) {
   return word;
 }
 
-/// Tells the first operand text of a program that is longer than its buffer.  The text itself stays whole:
-/// CopyOprndComStrToBuffer cuts what the operands are taken from.
+/// Reports the first operand text of a program that is longer than its buffer.  The text itself is not cut:
+/// CopyOprndComStrToBuffer cuts the copy that the operands are taken from.
 template <class Lines>
 void warnOfCutText(Assembly& a, Lines lines) {
   const auto at = std::ranges::find_if(

@@ -1,8 +1,8 @@
 // Cleans the operand texts by the class of the opcode.
 //
-// The rule walks the whole file once for each program, so a line is cleaned again with every program behind
-// its own.  All it can change then is a run of spaces of a plain operand text, which each walk halves: the
-// store keeps the lines that still have one, and only these are walked again.
+// The rule processes the whole file once for each program, so a line is cleaned again with every program
+// after its own.  It can then only change a run of spaces in a plain operand text, which each pass halves:
+// the store keeps a list of the lines that still have one, and only these are processed again.
 #include <algorithm>
 
 #include "structure/Structure.h"
@@ -22,7 +22,7 @@ TextClass textClass(std::basic_string_view<Char> op) {
   return TextClass::Other;
 }
 
-/// A text that is built from the arena; its pieces are never longer than what they come from.
+/// A text that is built in the arena; its pieces are never longer than their sources.
 template <class Char>
 class Builder {
  public:
@@ -32,8 +32,8 @@ class Builder {
   void put(std::basic_string_view<Char> text) {
     for (const Char c : text) put(c);
   }
-  /// A piece outside quotes: a tab is a space, a run of spaces is one; with `commas` none stands beside a
-  /// comma.
+  /// A piece outside quotes: a tab becomes a space, a run of spaces becomes one; with `commas` the spaces
+  /// beside a comma are removed.
   void putCleaned(std::basic_string_view<Char> piece, bool commas) {
     const std::size_t begin = size_;
     const auto endsIn = [&](Char c) { return size_ > begin && at_[size_ - 1] == c; };
@@ -65,8 +65,8 @@ bool isClean(std::basic_string_view<Char> piece, bool commas) {
   return true;
 }
 
-/// One walk over a plain operand text: at each pair of spaces one goes and the search passes on, so a run
-/// of n comes out as (n + 1) / 2.
+/// One pass over a plain operand text: of each pair of spaces one is removed, so a run of n becomes (n + 1) /
+/// 2.
 template <class Char>
 std::basic_string_view<Char> cleanPlain(TextArena<Char>& arena, std::basic_string_view<Char> text) {
   text = text.substr(0, text.find(Char(';')));
@@ -84,7 +84,7 @@ std::basic_string_view<Char> cleanPlain(TextArena<Char>& arena, std::basic_strin
   return trim(out.text());
 }
 
-/// The stretch from the first to the last apostrophe is left alone, whatever stands inside it.
+/// The text from the first to the last apostrophe is not changed.
 template <class Char>
 std::basic_string_view<Char> cleanQuoted(TextArena<Char>& arena, std::basic_string_view<Char> text,
                                          bool commas) {
@@ -102,7 +102,7 @@ std::basic_string_view<Char> cleanQuoted(TextArena<Char>& arena, std::basic_stri
   return trim(out.text());
 }
 
-/// One walk over a line.  True if a further walk would change it.
+/// One pass over a line.  True if another pass would change it.
 template <class Char>
 bool clean(TextArena<Char>& arena, SrcData<Char>& line) {
   if (line.OprndComStr.empty()) return false;

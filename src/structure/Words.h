@@ -1,5 +1,5 @@
-// What several stages of this folder share: plain text search in a line, the families of narrow wording,
-// and the first pair of equal names.
+// Shared by the stages of this folder: plain text search in a line, the families of narrow wording, and the
+// first pair of equal names.
 #pragma once
 
 #include <string_view>
@@ -13,7 +13,7 @@ namespace zelvaro {
 
 /// The families AP and NA share their wording.
 
-/// Whether an ASCII word stands in a text directly behind a blank.  What follows it does not matter.
+/// Whether a text contains an ASCII word directly after a blank.  Any text may follow it.
 template <class Char>
 constexpr bool holdsBehindBlank(std::basic_string_view<Char> text, std::string_view word) {
   for (std::size_t i = 1; i + word.size() <= text.size(); ++i)
@@ -21,8 +21,8 @@ constexpr bool holdsBehindBlank(std::basic_string_view<Char> text, std::string_v
   return false;
 }
 
-/// The pair of equal names that a nested walk (each name, then those behind it) would meet first: the
-/// smallest earlier one, and the nearest that follows it.
+/// The pair of equal names that a nested loop (each name, then those after it) would find first: the smallest
+/// earlier one, and the next one equal to it.
 struct FirstPair {
   int first = -1;
   int second = -1;

@@ -1,5 +1,5 @@
-// The analysers for full-width spaces and characters.  Each looks for one cause of a fault that has been
-// found already and adds a message that names it; none of them repairs anything.
+// The analysers for full-width spaces and characters.  Each looks for one cause of a fault that has already
+// been found and adds a message that names it; none of them repairs anything.
 #pragma once
 
 #include "MoziCode/Characters.h"
@@ -10,7 +10,7 @@ namespace zelvaro {
 /// A full-width space in a word: label, program name, opcode or operand.  True if it reported, as the others.
 template <class Char>
 bool AnalystZenKSpace20NW(TMsgBase& owner, int line, ViewOf<Char> word);
-/// The same for an undefined address constant and the operand of START, in other words.
+/// The same for an undefined address constant and the operand of START, with other messages.
 template <class Char>
 bool AnalystZenKSpace20(TMsgBase& owner, int line, ViewOf<Char> word);
 /// A full-width character in an address constant.

@@ -1,5 +1,5 @@
-// The scanners that look for a full-width space at START and END once one of them is missing.  Each
-// reports the first line with a find.
+// The scanners that look for a full-width space at START and END if one of them is missing.  Each reports the
+// first line where it finds one.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"
@@ -120,7 +120,7 @@ bool wordThenSpace(std::basic_string_view<Char> text, std::string_view word) {
     if (text.substr(at + word.size()).starts_with(zenKakuSpace<Char>())) return true;
   return false;
 }
-/// ... or directly behind one.
+/// ... or directly after one.
 template <class Char>
 bool spaceThenWord(std::basic_string_view<Char> text, std::string_view word) {
   for (std::size_t at = zelvaro::find(text, word); at != text.npos; at = zelvaro::find(text, word, at + 1))
@@ -128,7 +128,7 @@ bool spaceThenWord(std::basic_string_view<Char> text, std::string_view word) {
   return false;
 }
 
-/// Reports the first line with a full-width space at the word; the one after it is looked for first.
+/// Reports the first line with a full-width space at the word; a space after the word is searched first.
 template <class Char>
 void detSpace(Assembly& a, std::string_view word, const Message<1>& after, const Message<1>& before) {
   for (const auto& line : a.store<Char>().lines()) {

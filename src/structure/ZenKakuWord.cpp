@@ -1,4 +1,4 @@
-// The analysers of one word: a full-width space or character that makes it fail.
+// The analysers of one word: a full-width space or character that makes it invalid.
 #include <algorithm>
 
 #include "diag/Quote.h"

@@ -1,4 +1,4 @@
-// Line normalisation: the column rule of the language survives as one leading blank.
+// Line normalisation: one leading blank is kept, since a label must begin in the first column.
 #include "structure/Structure.h"
 #include "structure/Words.h"
 

@@ -19,7 +19,7 @@ constexpr Message blankBehindSign{
        .en = "{quote}: There is a space just after =+, =-, or =#. "
              "Remove off the space at the left side of the literal figure. "}}}};
 
-/// The text without the blanks behind its '=' at `e`; without the '=' too if nothing else follows.
+/// The text without the blanks after its '=' at `e`; without the '=' too if nothing else follows.
 template <class Char>
 std::basic_string_view<Char> closeUp(TextArena<Char>& arena, std::basic_string_view<Char> text,
                                      std::size_t e) {

@@ -1,5 +1,5 @@
-// Number sign check: no blank may follow the sign of a number.  Once a sign stands in front of the first
-// apostrophe the whole text is looked at, quoted text included.  Stops at the first finding.
+// Number sign check: no blank may follow the sign of a number.  If there is a sign before the first
+// apostrophe, the whole text is checked, quoted text included.  Stops at the first finding.
 #include <algorithm>
 
 #include "diag/Quote.h"
@@ -20,7 +20,7 @@ constexpr Message blankBehindSign{
     {{kNarrow,
       {.ja = {}, .en = "{quote}: A space is found just after +, -, or #. Delete the space to a figure."}}}};
 
-/// Whether the first sign stands in front of the first apostrophe, and some sign in front of a blank.
+/// Whether the first sign is before the first apostrophe, and some sign is directly before a blank.
 template <class Char>
 bool isFaulty(std::basic_string_view<Char> text) {
   const auto sign = std::ranges::find_if(text, isSignOrHash<Char>);

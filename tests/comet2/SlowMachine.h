@@ -32,6 +32,7 @@ class SlowMachine {
 
   /// Runs to a stop, or until `steps` instructions have been executed.
   Stop run(std::int64_t steps) {
+    emptyInputs_ = 0;
     while (executed < steps)
       if (const auto stop = step()) return *stop;
     return Stop::Steps;
@@ -143,12 +144,19 @@ class SlowMachine {
         m.PR = adr;
         return {};
       case 0xF0:
-        SvcCall(m, services_, adr);
-        return {};
+        return serve(adr);
       default:
         shift(adr);
         return {};
     }
+  }
+
+  std::optional<Stop> serve(int number) {
+    const int read = SvcCall(m, services_, number);
+    if (number == kSvcIn) emptyInputs_ = read == kNoLine ? emptyInputs_ + 1 : 0;
+    if (emptyInputs_ < kMostEmptyInputs) return {};
+    m.PR += 1;
+    return Stop::InputEnded;
   }
 
   std::optional<Stop> store(int adr) {
@@ -209,6 +217,7 @@ class SlowMachine {
     return {};
   }
 
+  int emptyInputs_ = 0;  ///< IN in a row that have found no line any more
   Services services_;
   int code_ = 0;
   std::size_t r_ = 0, x_ = 0;

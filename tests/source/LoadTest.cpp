@@ -183,6 +183,9 @@ TEST_F(LoadTest, LimitsOfTheFixedForm) {
     EXPECT_EQ(sink.text, "reading-narrow(f)@1 " + std::string(issued));
     b.clearTables();
   }
+  EXPECT_TRUE(load(many.substr(5) + read, FamilyId::NH))
+      << "without a line end there is nothing more to read";
+  EXPECT_EQ(b.vecSrcA.lineCount(), 310);
 }
 
 // Names: the form that the system passes on, the form that the file layer wants.
