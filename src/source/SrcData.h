@@ -82,8 +82,8 @@ struct PrgData {
 
   int StartLine = 0;            ///< 0-based line index of the START
   int EndLine = 0;              ///< 0-based line index of the END
-  int RecStart = 0;             ///< record of the START line in vecSrc
-  int RecEnd = 0;               ///< record of the END line in vecSrc
+  int RecStart = 0;             ///< index of the record of the START line
+  int RecEnd = 0;               ///< index of the record of the END line
   View PrgName;                 ///< the label of the START
   bool IsPrgNameInUse = false;  ///< some line of another program names this program
   int PrgSize = 0;              ///< words, literals included
