@@ -42,8 +42,7 @@ bool stage(Pass& pass, [[maybe_unused]] int prg) {
 // would store nothing, and a narrow one before that copy would be overwritten: the stage has one place, in
 // the narrow families.  AP makes the words of its DC lines only in the link.
 //
-// The stages from Label35G to CkMaxMemory are the statement loop: OpCkLoopWP and the same in the other
-// families.
+// The stages from Label35G to CkMaxMemory are the statement loop: OpCkLoop.
 //
 // clang-format off
 constexpr std::array kStages{

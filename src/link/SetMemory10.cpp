@@ -164,7 +164,7 @@ void placeEmptyDS(std::span<SrcData<Char>> lines) {
   }
 }
 
-/// SetMemory25 after the words: LastAdr is the address after the image, whose word stays 0.
+/// The last step for a program: LastAdr is the address after the image, whose word stays 0.
 void setLastAdr(Assembly& a, Tcomet2& m, std::int32_t adr) {
   if (adr < MaxMemory) {
     m.LastAdr = adr;

@@ -35,8 +35,8 @@ struct Layout {
   std::string_view flagOvf, flagSign, flagZero;
   std::string_view tableLine;    ///< the line above the table
   std::string_view literalHead;  ///< printed before the statement on a literal's row
-  int firstLabelWidth;           ///< LabelWidth before any label has been seen
-  int leastLabelColumn;          ///< minimum width of the label column, whose width is else LabelWidth + 1
+  int firstLabelWidth;           ///< the label width if no label is longer
+  int leastLabelColumn;          ///< minimum width of the label column, which is else the label width + 1
 };
 
 constexpr Layout wideForm{"Src. File: ",

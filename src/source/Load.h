@@ -50,10 +50,9 @@ void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name,
 /// if a byte cannot be decoded in either.
 bool MbChToWCs(TShellData& sh, std::string_view bytes, std::u16string& out);
 
-/// The loaders.  Each fills the line table with the lines of `bytes`, or reports that the file `name` does
-/// not open and returns false, the table and the tally as they were.  All but the first read CR LF as a line
-/// end, make no line of what follows the last line end if nothing does, and keep a lone CR and a zero byte in
-/// the line.
+/// The loaders.  Each fills the line table with the lines of `bytes`.  If the file `name` cannot be opened, it
+/// reports that and returns false, with the table and the tally unchanged.  All but the first treat CR LF as a
+/// line end, add no empty line after the last line end, and keep a lone CR and a zero byte in the line.
 /// - UTF-16 in the byte order of the record: a line ends at CR LF only, the text after the last one is a
 ///   line even if it is empty, and half a code unit at the end of the file is dropped.
 bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::string& name,

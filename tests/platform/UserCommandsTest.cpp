@@ -8,7 +8,6 @@
 
 #include "Descriptors.h"
 #include "TemporaryFolder.h"
-#include "diag/Message.h"
 #include "platform/PosixPlatform.h"
 #include "platform/Programs.h"
 #include "shell/UserCommands.h"
@@ -22,6 +21,16 @@ using test::send;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 namespace fs = std::filesystem;
+
+/// A session of the program in a language, for one command.
+class In {
+ public:
+  In(Platform& platform, Language language) : session_(platform) { session_.wording.language = language; }
+  operator TSession&() { return session_; }
+
+ private:
+  TSession session_;
+};
 
 /// A session through two pipes, with a search path that holds only what a test puts there.
 class UserCommandsTest : public ::testing::Test {
@@ -91,27 +100,27 @@ TEST_F(UserCommandsTest, TheOwnEditorIsSensibleEditorWhereItHasAChoice) {
 
 TEST_F(UserCommandsTest, ListsAndDeletes) {
   const std::string f = folder.write("f", "");
-  listFolder(platform, kEnglish, folder.path());
-  listFolder(platform, kEnglish, f);
-  listFolder(platform, kEnglish, "no");
-  listFolder(platform, kJapanese, "a\0b"s);
+  listFolder(In(platform, Language::English), folder.path());
+  listFolder(In(platform, Language::English), f);
+  listFolder(In(platform, Language::English), "no");
+  listFolder(In(platform, Language::Japanese), "a\0b"s);
   EXPECT_EQ(shown(), "bin/\nf\n" + f +
                          "\nThe folder 'no' cannot be listed. (No such file or directory)\n"
                          "フォルダ 'a\0b' の一覧を表示できません。 (Invalid argument)\n"s);
   for (const std::string answer : {"", "n", "yy", "いいえ", "y", "Y", " y ", "yes", "はい", "ｙ"}) {
     folder.write("f", "text");
     send(in.second, answer + "\n");
-    deleteAfterQuestion(platform, kJapanese, f);
+    deleteAfterQuestion(In(platform, Language::Japanese), f);
     const bool isNo = answer.empty() || answer == "n" || answer == "yy" || answer == "いいえ";
     EXPECT_EQ(shown(), "'" + f + "' を削除しますか (y/n)？ 削除しま" + (isNo ? "せんで" : "") + "した。\n")
         << answer;
     EXPECT_EQ(platform.exists(f), isNo) << answer;
   }
-  deleteAfterQuestion(platform, kEnglish, f);
+  deleteAfterQuestion(In(platform, Language::English), f);
   send(in.second, "y\n");
-  deleteAfterQuestion(platform, kEnglish, folder.path("bin"));
+  deleteAfterQuestion(In(platform, Language::English), folder.path("bin"));
   in.closeSecond();
-  deleteAfterQuestion(platform, kEnglish, folder.write("f", ""));
+  deleteAfterQuestion(In(platform, Language::English), folder.write("f", ""));
   EXPECT_EQ(shown(), "There is no file '" + f + "'. \nDelete '" + folder.path("bin") + "' (y/n)? '" +
                          folder.path("bin") + "' cannot be deleted. (Is a directory)\nDelete '" + f +
                          "' (y/n)? It has not been deleted. \n")
@@ -125,20 +134,20 @@ TEST_F(UserCommandsTest, AnEditorGetsARegularFileAndNothingElse) {
                                                                   folder.path("args") + "'\n") +
                              "\" --flag \"two words\""};
   send(in.second, "the dialogue's own line\n");
-  showFile(platform, kEnglish, editor, folder.write("f", ""));
+  showFile(In(platform, Language::English), editor, folder.write("f", ""));
   EXPECT_EQ(folder.read("args"), "<--flag>\n<two words>\n<" + folder.path("f") + ">\n");
-  editFile(platform, kEnglish, editor, "new");
+  editFile(In(platform, Language::English), editor, "new");
   EXPECT_THAT(folder.read("args"), HasSubstr("<./new>\n")) << "the editor may make it";
   EXPECT_EQ(platform.readLine(), "the dialogue's own line");
   fs::remove(folder.path("args"));
   ASSERT_EQ(::mkfifo(folder.path("fifo").c_str(), 0600), 0);
-  showFile(platform, kEnglish, editor, "new");
-  editFile(platform, kEnglish, editor, folder.path("fifo"));
-  editFile(platform, kJapanese, editor, folder.path("bin"));
-  showFile(platform, kEnglish, editor, "");
+  showFile(In(platform, Language::English), editor, "new");
+  editFile(In(platform, Language::English), editor, folder.path("fifo"));
+  editFile(In(platform, Language::Japanese), editor, folder.path("bin"));
+  showFile(In(platform, Language::English), editor, "");
   EXPECT_FALSE(platform.exists(folder.path("args")));
-  editFile(platform, kEnglish, {"no-such-editor -x"}, "f");
-  editFile(platform, kJapanese, {folder.write("text", "")}, "f");
+  editFile(In(platform, Language::English), {"no-such-editor -x"}, "f");
+  editFile(In(platform, Language::Japanese), {folder.write("text", "")}, "f");
   EXPECT_EQ(shown(),
             "'new' cannot be shown. (No such file or directory)\n'" + folder.path("fifo") +
                 "' cannot be shown. (Not a regular file)\n'" + folder.path("bin") +
@@ -146,19 +155,19 @@ TEST_F(UserCommandsTest, AnEditorGetsARegularFileAndNothingElse) {
                 "The editor 'no-such-editor' cannot be started. (No such file or directory)\nエディタ '" +
                 folder.path("text") + "' を起動できません。 (Permission denied)\n");
   fs::permissions(folder.write("text", "touch '" + folder.path("hacked") + "'\n"), fs::perms::owner_all);
-  editFile(platform, kEnglish, {folder.path("text")}, "f");
+  editFile(In(platform, Language::English), {folder.path("text")}, "f");
   EXPECT_THAT(shown(), HasSubstr("cannot be started. (Exec format error)"));
   EXPECT_FALSE(platform.exists(folder.path("hacked"))) << "a shell would have taken it";
 }
 
 TEST_F(UserCommandsTest, KeysAndTerminalComeBackFromTheEditor) {
-  editFile(platform, kEnglish,
+  editFile(In(platform, Language::English),
            {folder.writeProgram("e", "kill -INT $PPID\n/bin/touch '" + folder.path("a") + "'")}, "f");
   EXPECT_TRUE(platform.exists(folder.path("a"))) << "Ctrl+C is the editor's while it runs";
   struct sigaction now {};
   ::sigaction(SIGINT, nullptr, &now);
   EXPECT_EQ(now.sa_handler, SIG_DFL);
-  editFile(platform, kEnglish,
+  editFile(In(platform, Language::English),
            {folder.writeProgram("d", "kill -INT $$\n/bin/touch '" + folder.path("b") + "'")}, "f");
   EXPECT_FALSE(platform.exists(folder.path("b"))) << "the editor has the signal's usual meaning";
   const test::Terminal terminal;
@@ -168,7 +177,7 @@ TEST_F(UserCommandsTest, KeysAndTerminalComeBackFromTheEditor) {
   for (const std::string end : {"kill -9 $$", "exit 1"}) {
     const std::string breaking = "/bin/stty raw -echo < "s + ::ttyname(terminal.second) + " && /bin/touch '" +
                                  folder.path("c" + end) + "'\n" + end + "\n";
-    editFile(onTerminal, kEnglish, {folder.writeProgram("b", breaking)}, "f");
+    editFile(In(onTerminal, Language::English), {folder.writeProgram("b", breaking)}, "f");
     EXPECT_TRUE(platform.exists(folder.path("c" + end)));
     ::tcgetattr(terminal.second, &after);
     EXPECT_TRUE(after.c_lflag == before.c_lflag && after.c_iflag == before.c_iflag &&
@@ -179,16 +188,16 @@ TEST_F(UserCommandsTest, KeysAndTerminalComeBackFromTheEditor) {
 TEST_F(UserCommandsTest, WithoutAnEditorTheTextIsPrinted) {
   for (const auto& [bytes, text] :
        {std::pair{"あ\r\nlast"s, "あ\nlast\n"}, {"\x82\xA0\n", "あ\n"}, {"", ""}}) {
-    editFile(platform, kEnglish, {""}, folder.write("f", bytes));
+    editFile(In(platform, Language::English), {""}, folder.write("f", bytes));
     EXPECT_EQ(shown(), text) << "the own editor needs a terminal";
   }
   const test::Terminal terminal;
   PosixPlatform onTerminal(terminal.second, terminal.second);
   folder.writeProgram("bin/nano", "echo \"$1\" > '" + folder.path("args") + "'\n");
-  editFile(onTerminal, kEnglish, {" "}, folder.path("f"));
+  editFile(In(onTerminal, Language::English), {" "}, folder.path("f"));
   EXPECT_EQ(folder.read("args"), folder.path("f") + "\n");
   fs::remove(folder.path("bin/nano"));
-  editFile(onTerminal, kEnglish, {""}, folder.write("f", "line\r\nlast"));
+  editFile(In(onTerminal, Language::English), {""}, folder.write("f", "line\r\nlast"));
   onTerminal.flush();
   EXPECT_EQ(received(terminal.first), "line\r\nlast\r\n");
 }
@@ -196,16 +205,16 @@ TEST_F(UserCommandsTest, WithoutAnEditorTheTextIsPrinted) {
 TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   const std::string binary = folder.write("help.chm", "IT\0SF"s), near = fs::relative(binary);
   folder.writeProgram("bin/xdg-open", "echo \"$1\" > '" + folder.path("opened") + "'\nexec /bin/sleep 2\n");
-  openDocument(platform, kEnglish, folder.write("guide.md", "# Guide"));
-  openDocument(platform, kEnglish, binary);
-  openDocument(platform, kJapanese, near);
-  openDocument(platform, kEnglish, "no");
+  openDocument(In(platform, Language::English), folder.write("guide.md", "# Guide"));
+  openDocument(In(platform, Language::English), binary);
+  openDocument(In(platform, Language::Japanese), near);
+  openDocument(In(platform, Language::English), "no");
   EXPECT_EQ(shown(), "# Guide\nIt lies at " + binary + "\n次の場所にあります： " +
                          fs::current_path().string() + "/" + near +
                          "\n'no' cannot be opened. (No such file or directory)\n");
   ::setenv("DISPLAY", ":0", 1);
   const std::int64_t start = platform.performanceCounter();
-  for (int i = 0; i < 2; ++i) openDocument(platform, kEnglish, binary);
+  for (int i = 0; i < 2; ++i) openDocument(In(platform, Language::English), binary);
   EXPECT_LT(platform.performanceCounter() - start, 1'500'000'000) << "it is not waited for";
   for (int i = 0; i < 200 && folder.read("opened").empty(); ++i) ::usleep(10'000);
   EXPECT_EQ(folder.read("opened"), binary + "\n");
