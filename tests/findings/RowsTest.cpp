@@ -50,7 +50,8 @@ TEST(Rows, HaveUniqueCodesAndPrintInBothLanguagesForEveryFamily) {
 }
 
 /// Words that are part of a longer text and are not issued.
-const Codes kParts{"report-date", "self-no-frequency", "self-clock-unknown"};
+const Codes kParts{"report-date", "self-no-frequency", "self-clock-unknown", "file-not-regular",
+                   "file-leads-outside"};
 
 /// Typed lines that make the shell, a run and the loaders say the rest.
 Recorder sessions() {
@@ -129,6 +130,15 @@ class Guards {
     Det_sjis(s.sh, s.moziCodeData, "a.txt", std::nullopt);
     reportStop(Stop::Return, s.m, s.channel);  // a POP stops before the stack is so empty
   }
+  /// The scripted platform has none of these; tests/program plays them in real surroundings.
+  void surroundings() {
+    TSession& s = at_.session;
+    using Kind = FileFailure::Kind;
+    for (const Kind kind : {Kind::NoMemory, Kind::Folder, Kind::NotRegular, Kind::TooLarge})
+      EXPECT_TRUE(reportRefusal(s.sh, "a.txt", FileFailure{kind, ""}));
+    EXPECT_FALSE(reportRefusal(s.sh, "a.txt", FileFailure{Kind::Missing, ""}));
+    for (const Stop stop : {Stop::InputEnded, Stop::NobodyThere}) reportStop(stop, s.m, s.channel);
+  }
 
  private:
   View keep(std::string_view utf8) {
@@ -150,6 +160,7 @@ TEST(Rows, AreIssuedByACaseOrASessionOrTheirStageAlone) {
   Guards<char16_t> wide(FamilyId::WP, all);
   wide.linesThatAnEarlierCheckRefuses();
   wide.filesThatDoNotOpen();
+  wide.surroundings();
   Guards<char>(FamilyId::AP, all).programsThatTheLinkRefuses();
   Guards<char>(FamilyId::NH, all).programsThatTheLinkRefuses();
   Codes issued;
