@@ -33,10 +33,13 @@ constexpr Message nothing{"nothing", Severity::Error, Head::Line, args(), bothLa
 constexpr Message bare{"bare", Severity::Error, Head::None, args("quote"), bothLanguages("{quote}!")};
 constexpr Message words{"words", Severity::Notice, Head::Open, args(), bothLanguages("Words")};
 
+template <Severity S, Head H>
+constexpr Message<1> kRow{"row", S, H, args("q"), kText};
+
 TEST(Heads, ByHeadSeverityAndLanguage) {
 #define ZELVARO_EXPECT(severity, head, en, ja)                                               \
   {                                                                                          \
-    static constexpr Message row{"row", Severity::severity, Head::head, args("q"), kText};   \
+    constexpr const Message<1>& row = kRow<Severity::severity, Head::head>;                  \
     EXPECT_EQ(render(diagnostic(row, 4, quote(u"A{q}")), kEn), en " \"A{q}\" : One\ntwo\n"); \
     EXPECT_EQ(render(diagnostic(row, 4, quote(u"A{q}")), kJa), ja " \"A{q}\" : 一\n二\n");   \
   }
