@@ -10,7 +10,7 @@ enum class Language : std::uint8_t { Japanese, English };
 
 /// Means that a message prints nothing in one of the languages; a null pointer means that its words are
 /// missing.
-inline constexpr std::string_view kNoWords{"", 0};
+inline constexpr std::string_view kNoWords = "";
 
 /// One text in both languages, UTF-8.  A language without words has a null pointer.
 struct Words {
