@@ -29,6 +29,7 @@ bool stage(Pass& pass, [[maybe_unused]] int prg) {
   return true;
 }
 
+// NOLINTBEGIN(bugprone-macro-parentheses): the name of a template takes none
 #define ZELVARO_BOTH(f) \
   { stage<f<char16_t>>, stage<f<char>> }
 #define ZELVARO_WIDE(f) \
@@ -37,6 +38,7 @@ bool stage(Pass& pass, [[maybe_unused]] int prg) {
   { nullptr, stage<f> }
 #define ZELVARO_ANY(f) \
   { stage<f>, stage<f> }
+// NOLINTEND(bugprone-macro-parentheses)
 
 // The working text of a line begins as a copy of the line, which the normalisation makes.  A wide ReplaceTabs
 // would store nothing, and a narrow one before that copy would be overwritten: the stage has one place, in

@@ -10,6 +10,18 @@ namespace {
 using test::Assembled;
 constexpr FamilyId WP = FamilyId::WP, AP = FamilyId::AP, NH = FamilyId::NH;
 
+/// NWW and NaW share their names, but not their loaders.
+TEST(Stages, HaveAFunctionAndANameInEachFamilyThatHasThem) {
+  for (const Stage& stage : stages()) {
+    for (const Family& family : families()) {
+      const bool has = stage.families.contains(family.id);
+      EXPECT_TRUE(!has || stage.function[static_cast<std::size_t>(family.text)] != nullptr) << family.name;
+      if (has || stage.phase != Phase::Load)
+        EXPECT_EQ(has, !stage.names.of(family.id).empty()) << family.name << stage.names.of(family.id);
+    }
+  }
+}
+
 TEST(Records, OfALineAfterAStage) {
   struct Case {
     FamilyId family;
