@@ -16,8 +16,9 @@ TEST(Stages, HaveAFunctionAndANameInEachFamilyThatHasThem) {
     for (const Family& family : families()) {
       const bool has = stage.families.contains(family.id);
       EXPECT_TRUE(!has || stage.function[static_cast<std::size_t>(family.text)] != nullptr) << family.name;
-      if (has || stage.phase != Phase::Load)
+      if (has || stage.phase != Phase::Load) {
         EXPECT_EQ(has, !stage.names.of(family.id).empty()) << family.name << stage.names.of(family.id);
+      }
     }
   }
 }
