@@ -203,11 +203,6 @@ struct Message : MessageRow {
     m.logs = false;
     return m;
   }
-  consteval Message logged() const {
-    Message m = *this;
-    m.logs = true;
-    return m;
-  }
 };
 
 /// The messages of a file, for the catalogue.
