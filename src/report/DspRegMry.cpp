@@ -103,7 +103,7 @@ class RegMryReport {
         b_(b),
         store_(store),
         endAdr_(isFixed() ? m.LastAdr : b.PrgEndAdr),
-        labels_(store.lines(), isFixed()),
+        labels_(store.lines(), isFixed() ? LabelOrder::OfAddresses : LabelOrder::OfLines),
         labelWidth_(labels_.longest(endAdr_, form_.firstLabelWidth)),
         column_(labelWidth_ > form_.leastLabelColumn ? labelWidth_ + 1 : form_.leastLabelColumn),
         countWidth_(decimalDigits(m.MaxExecCount) + 1) {}

@@ -113,7 +113,7 @@ void CkOpStr(Assembly& a, int prg) {
       a.cs.report(opTooLong, line.Line, quote(line.OpStr));
       return;
     }
-    const Op op = findOp(line.OpStr, a.family.knowsEXIT);
+    const Op op = findOp(line.OpStr, a.family.knowsEXIT ? Mnemonics::WithEXIT : Mnemonics::Common);
     line.OpNr = static_cast<std::int16_t>(op);
     if (op != Op::Unknown) continue;
     explainUnknown(a, line);
