@@ -17,7 +17,7 @@ enum class Op : std::int16_t {
 enum class OpClass : std::uint8_t { Assembler, Machine, Macro, NhOnly };
 enum class OpForm : std::uint8_t { Both, Memory, Branch, Single, None, Data, Start, End, InOut, Regs };
 enum class SecondOprnd : std::uint8_t { No, Begins, Exact, Refuse7, Refuse9 };
-enum class OpExtra : std::uint8_t { None, TellsMissing, WarnsGR89, OwnRefusal, WarnsAlways };
+enum class OpExtra : std::uint8_t { None, MissingFirst, WarnsGR89, OwnRefusal, WarnsAlways };
 
 struct Instruction {
   Op op;

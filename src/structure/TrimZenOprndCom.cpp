@@ -94,14 +94,14 @@ std::basic_string_view<Char> cleanQuoted(TextArena<Char>& arena, std::basic_stri
                                          AtCommas spaces) {
   if (text.find(Char(';')) < text.find(Char('\''))) text = text.substr(0, text.find(Char(';')));
   const std::size_t first = std::min(text.find(Char('\'')), text.size());
-  const std::size_t behind = first == text.size() ? first : text.rfind(Char('\'')) + 1;
-  text = text.substr(0, text.find(Char(';'), behind));
+  const std::size_t end = first == text.size() ? first : text.rfind(Char('\'')) + 1;
+  text = text.substr(0, text.find(Char(';'), end));
   const auto front = text.substr(0, first);
-  const auto back = text.substr(behind);
+  const auto back = text.substr(end);
   if (isClean(front, spaces) && isClean(back, spaces)) return trim(text);
   Builder<Char> out(arena, text.size());
   out.putCleaned(front, spaces);
-  out.put(text.substr(first, behind - first));
+  out.put(text.substr(first, end - first));
   out.putCleaned(back, spaces);
   return trim(out.text());
 }
