@@ -63,6 +63,7 @@ TEST_F(LoadTest, DetectionOfEachEncoding) {
     EXPECT_NE(sink.taken().find(reported), std::string::npos) << testing::PrintToString(bytes);
   }
   load(kUtf8Bom, FamilyId::WP);
+  EXPECT_EQ(code.BomKazu, 3);
   EXPECT_EQ(load("あ", FamilyId::WP, false), "0:あ|1") << "the code page of the file before, not its mark";
   code.CodePage = 0;
   EXPECT_EQ(load("\x82\xA0", FamilyId::WP, false), "0:あ|1") << "any other code page is read as Shift-JIS";
