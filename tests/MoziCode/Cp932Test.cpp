@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "MoziCode/Characters.h"
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
 
@@ -67,6 +68,11 @@ TEST(Cp932, TextOfAFileIsReadInEachEncoding) {
   EXPECT_EQ(fileTextAsUtf8("\xEF\xBB\xBFあ"), "あ");
   EXPECT_EQ(fileTextAsUtf8("あ"), "あ");
   EXPECT_EQ(fileTextAsUtf8("\x82\xA0\xFF\xB1"), "あ\uFFFDｱ");
+}
+
+TEST(Characters, AreJudgedAndCutWhole) {
+  EXPECT_EQ(firstMozi<char16_t>(u"a𠮷", 2), u"a");
+  EXPECT_FALSE(holdsFullWidth<char>("\x81\x7F"));  // 7F is no second byte
 }
 
 }  // namespace

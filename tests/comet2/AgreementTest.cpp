@@ -121,6 +121,17 @@ TEST(Agreement, EveryCodeWithEveryKindOfRegisterField) {
   }
 }
 
+TEST(Agreement, InIntoCodeThatHasRun) {
+  // 0 JUMP 4; 2 SVC 0,GR3; 4 NOP; 5 LAD GR1,4 or GR2,4; 7 JUMP 2: the text or its length goes into the NOP
+  for (const int gr : {1, 2}) {
+    Tcomet2 m;
+    std::size_t adr = 0;
+    for (const int word : {0x6400, 4, 0xF003, 0, 0, 0x1200 | gr << 4, 4, 0x6400, 2}) m.Memory[adr++] = word;
+    m.GR = {0, 60, 60, kSvcIn};
+    EXPECT_EQ(differs(m, 50), "") << gr;
+  }
+}
+
 enum class Kind { Direct, Indexed, Register, Plain };
 struct Part {
   Op op;

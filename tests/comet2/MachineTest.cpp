@@ -43,7 +43,8 @@ TEST_F(MachineTest, GuardsThatNoSourceReaches) {
   const std::string kTime = "run-time(1 micro second or less) ";
   m.GR[2] = 1;
   put(0, {0, 0x1012, 65000});
-  EXPECT_EQ(run(), "run-start load-guard load-guard-cells(1, 1012, 4114, 2, FDE8, 65000, 0000, 0) " + kTime);
+  put(65000, {7, 8});
+  EXPECT_EQ(run(), "run-start load-guard load-guard-cells(1, 1012, 4114, 2, FDE8, 65000, 0007, 7) " + kTime);
   put(0, {-65536});
   EXPECT_EQ(run(), "run-start nop-guard(0000, 0) run-end " + kTime);
   EXPECT_EQ(m.EffAdr, 0) << "that of the run before";
@@ -110,9 +111,9 @@ TEST_F(MachineTest, OutPrintsPairsAsOneCharacterAndWraps) {
   EXPECT_EQ(sink.text, "out-heading out-heading ");
   // many words are printed in parts, none of which cuts a pair
   for (std::size_t adr = 0; adr < 65536; ++adr) m.Memory[adr] = adr % 2 == 0 ? 0xDFB7 : 0xD842;
-  m.GR = {0, 1, 65535};
-  put(65535, {65534});
-  std::string pairs;
+  m.GR = {0, 0, 65535};
+  put(65535, {65535});
+  std::string pairs = "\uFFFD";
   for (int i = 0; i < 32767; ++i) pairs += "𠮷";
   EXPECT_EQ(output(), pairs + "\n");
 }
