@@ -42,8 +42,8 @@ class WatchedProgram {
   bool shows(std::string_view text);
   /// The watcher goes away: the terminal hangs up, or the pipes have no other end any more.
   void leave();
-  /// Waits for the end, `seconds` at most, and returns its status as waitpid has it; -1 if it has not come.
-  int wait(int seconds = 20);
+  /// Waits for the end, 20 seconds at most, and returns its status as waitpid has it; -1 if it has not come.
+  int wait();
   /// All bytes that the screen has got so far.
   const std::string& screen() const { return screen_; }
 
