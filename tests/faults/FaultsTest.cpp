@@ -30,11 +30,12 @@ const std::string kSource =
 /// Assembles, runs, shows and leaves: writes both reports and the settings, and starts an editor where there is one.
 constexpr std::string_view kTyped = "\n1\np\n\n2\n\n123\n";
 
-/// A folder in use, with settings that leaving will change and an editor.
-const Files kInUse = {{"p.txt", kSource},
-                      {kIni, kSettings + "[Editor]\nTextEditorIndex=1\nTextEditorPath1=/bin/true\n"},
-                      {kReports[0], "the old report"},
-                      {kReports[1], "the old result"}};
+/// A folder in use, with settings that leaving will change, after a byte order mark, and an editor.
+const Files kInUse = {
+    {"p.txt", kSource},
+    {kIni, "\uFEFF" + kSettings + "[Editor]\nTextEditorIndex=1\nTextEditorPath1=/bin/true\n"},
+    {kReports[0], "the old report"},
+    {kReports[1], "the old result"}};
 /// A fresh one with a source so large that its memory comes straight from the system.
 const Files kFresh = {{"p.txt", kSource + std::string(std::size_t{1} << 20, ';')}};
 /// Settings that are not understood and have to be kept aside, beside those that have been before.

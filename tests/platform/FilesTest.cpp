@@ -155,10 +155,11 @@ TEST_F(FilesTest, RightsAreRespectedAndKept) {
   }
   // everybody else meets rights, and may keep neither owner nor group
   folder.write("roots", "old");
-  ::chmod(folder.path("roots").c_str(), 0666);
-  ASSERT_TRUE(!root || (::chown(folder.path().c_str(), kNobody, 0) == 0 && ::seteuid(kNobody) == 0));
+  ::chmod(folder.path("roots").c_str(), 0662);
+  ASSERT_TRUE(!root || (::chown(folder.path("roots").c_str(), 0, kNobody) == 0 &&
+                        ::chown(folder.path().c_str(), kNobody, 0) == 0 && ::seteuid(kNobody) == 0));
   EXPECT_EQ(written("roots", "new").reason, "");
-  EXPECT_EQ(statusOf("roots").st_mode & 0777, 0666u);
+  EXPECT_EQ(statusOf("roots").st_mode & 0777, root ? 0622u : 0662u) << "the new group gets what others have";
   ::chmod(path.c_str(), 0);
   EXPECT_FALSE(platform.readFile(path, &failure));
   EXPECT_EQ(failure.reason, "Permission denied");

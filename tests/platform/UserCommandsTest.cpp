@@ -48,11 +48,11 @@ class UserCommandsTest : public ::testing::Test {
 
 TEST_F(UserCommandsTest, ASettingIsAProgramThatExistsOrElseACommandLine) {
   const std::string blank = folder.writeProgram("my editor -x", "");
-  folder.writeProgram("bin/ed", "");
+  folder.writeProgram("bin/my ed", "");
   fs::create_directory(folder.path("a folder"));
   const std::pair<std::string, std::vector<std::string>> cases[] = {
       {" \t ", {}},
-      {"ed", {"ed"}},
+      {"my ed", {"my ed"}},
       {"code  --wait", {"code", "--wait"}},
       {" \"" + blank + "\"\t", {blank}},
       {"\"" + blank + "\" -n", {blank, "-n"}},

@@ -92,8 +92,8 @@ TEST(Bounds, WithoutEnoughMemoryTheMenuComesBackOrTheProgramSaysSo) {
   folder.write("zelvaro.ini", "[Mode]\nLangStr=ENU\nFightFunc=WP\n");
   int onlySmall = 0, ended = 0;
   for (std::size_t limit = 5'600; limit < 65'536; limit += limit < 8'000 ? 28 : 4'000) {
-    const Ended run =
-        runProgram(folder.path(), "\n1\nlarge.txt\n\n1\nsmall.txt\n\n123\n", {.addressSpaceKiB = limit});
+    const Ended run = runProgram(folder.path(), "\n1\nlarge.txt\n\n1\nsmall.txt\n\n123\n",
+                                 "ulimit -v " + std::to_string(limit));
     SCOPED_TRACE(std::to_string(limit) + " KiB: " + run.console + run.errors);
     ASSERT_TRUE(WIFEXITED(run.status));
     constexpr int kNotLoaded = 127;  // the system had no room for the program itself

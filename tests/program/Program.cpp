@@ -12,33 +12,25 @@ namespace {
 constexpr int kTries = 2000;  ///< one each 10 ms: 20 seconds
 
 /// In the new process: a shell prepares the start and turns into the program, whose place a copy may have taken.
-[[noreturn]] void become(const std::string& folder, const std::string& preparation,
-                         const char* redirections) {
+[[noreturn]] void become(const std::string& folder, const std::string& preparation) {
   constexpr unsigned kLongestSeconds = 120;
   constexpr int kNoProgram = 127;
   ::alarm(kLongestSeconds);
-  const std::string script = "unset LC_ALL; export LANG=C.UTF-8 TERM=xterm; " + preparation +
-                             "; cd \"$0\" && exec \"${ZELVARO_PROGRAM:-" ZELVARO_PROGRAM "}\" " +
-                             redirections;
+  const std::string script = "cd \"$0\" && unset LC_ALL && export LANG=C.UTF-8 TERM=xterm && " + preparation +
+                             " && exec \"${ZELVARO_PROGRAM:-" ZELVARO_PROGRAM "}\"";
   ::execl("/bin/sh", "sh", "-c", script.c_str(), folder.c_str(), static_cast<char*>(nullptr));
   ::_exit(kNoProgram);
 }
 
 }  // namespace
 
-Ended runProgram(const std::string& folder, std::string_view typed, const ProgramLimits& limits) {
+Ended runProgram(const std::string& folder, const std::string& typed, const std::string& preparation) {
   const TemporaryFolder console;
-  console.write("in", std::string(typed));
+  const std::string redirections = "exec <'" + console.write("in", typed) + "' >'" + console.path("out") +
+                                   "' 2>'" + console.path("err") + "'";
   ::malloc_trim(0);  // what this process has resident counts as the new one's
   const pid_t pid = ::fork();
-  if (pid == 0) {
-    const std::string most =
-        limits.addressSpaceKiB == 0 ? ":" : "ulimit -v " + std::to_string(limits.addressSpaceKiB);
-    become(folder,
-           "exec <'" + console.path("in") + "' >'" + console.path("out") + "' 2>'" + console.path("err") +
-               "'; " + most,
-           limits.outputIsClosed ? ">&- 2>&-" : "");
-  }
+  if (pid == 0) become(folder, redirections + " && " + preparation);
   Ended ended;
   rusage used{};
   ::wait4(pid, &ended.status, 0, &used);
@@ -52,7 +44,7 @@ WatchedProgram::WatchedProgram(const std::string& folder, Console console) {
   if (console == Console::Terminal) {
     pid_ = ::forkpty(&keyboard_, nullptr, nullptr, nullptr);
     display_ = ::fcntl(keyboard_, F_DUPFD_CLOEXEC, 0);
-    if (pid_ == 0) become(folder, "trap '' HUP", "");  // as under nohup
+    if (pid_ == 0) become(folder, "trap '' HUP");  // as under nohup
     return;
   }
   Pipe in, out;
@@ -60,7 +52,7 @@ WatchedProgram::WatchedProgram(const std::string& folder, Console console) {
   if (pid_ == 0) {
     ::dup2(in.first, STDIN_FILENO);
     ::dup2(out.second, STDOUT_FILENO);
-    become(folder, ":", "");
+    become(folder, ":");
   }
   keyboard_ = std::exchange(in.second, -1);
   display_ = std::exchange(out.first, -1);

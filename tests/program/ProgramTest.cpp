@@ -48,8 +48,8 @@ TEST_F(Program, ATypedNameIsOneFileAndNothingElse) {
     names.emplace_back(plain + ".txt", plain + ".txt");
   fs::create_directory(folder.path("sub"));
   useEditor("\"" +
-            editor.writeProgram("my editor",
-                                "for a in \"$@\"; do echo \"<$a>\"; done > '" + editor.path("args") + "'\n") +
+            editor.writeProgram("my editor", "exec > '" + editor.path("args") +
+                                                 "'\nfor a in \"$@\"; do echo \"<$a>\"; done\ncat\n") +
             "\" --wait");
   for (const auto& [onDisk, typed] : names) {
     folder.write(onDisk, "P START\n OUT A,L\n RET\nA DC 'It runs.'\nL DC 8\n END\n");
@@ -131,7 +131,7 @@ TEST_F(Program, ClosedStandardDescriptorsAreNoPlaceForFiles) {
   folder.write("p.txt", "P START\n RET\n END\n");
   // an editor that can print has been handed an open output
   useEditor(folder.writeProgram("e", "echo text && echo fine > printed\n"));
-  const Ended ended = runProgram(folder.path(), running("p.txt") + "\n2\n\n123\n", {.outputIsClosed = true});
+  const Ended ended = runProgram(folder.path(), running("p.txt") + "\n2\n\n123\n", "exec >&- 2>&-");
   EXPECT_EQ(ended.status, 0);
   EXPECT_EQ(folder.read("printed"), "fine\n");
   for (const char* name : {"zelvaro.ini", "aaAssembledRegMry.txt", "aaResultantRegMry.txt"})
