@@ -116,6 +116,7 @@ TEST_F(UserCommandsTest, AnEditorGetsARegularFileAndNothingElse) {
   const std::string program = folder.writeProgram(
       "my editor", "exec > '" + args + "'\nfor a in \"$@\"; do echo \"<$a>\"; done\n/bin/cat\n");
   const EditorCommand editor{"\"" + program + "\" --flag \"two words\""};
+  ::dup2(in.first, STDIN_FILENO);  // as in the program: what an editor could inherit is the dialogue's input
   send(in.second, "the dialogue's own line\n");
   showFile(english, editor, folder.write("f", ""));
   EXPECT_EQ(folder.read("args"), "<--flag>\n<two words>\n<" + folder.path("f") + ">\n");
@@ -166,12 +167,12 @@ TEST_F(UserCommandsTest, KeysAndTerminalComeBackFromTheEditor) {
 }
 
 TEST_F(UserCommandsTest, WithoutAnEditorTheTextIsPrinted) {
+  folder.writeProgram("bin/nano", "echo \"$1\" > '" + folder.path("args") + "'\n");
   for (const auto& [bytes, text] :
        {std::pair{"あ\r\nlast"s, "あ\nlast\n"}, {"\x82\xA0\n", "あ\n"}, {"", ""}}) {
     editFile(english, {""}, folder.write("f", bytes));
     EXPECT_EQ(shown(), text) << "the own editor needs a terminal";
   }
-  folder.writeProgram("bin/nano", "echo \"$1\" > '" + folder.path("args") + "'\n");
   editFile(onTerminal, {" "}, folder.path("f"));
   EXPECT_EQ(folder.read("args"), folder.path("f") + "\n");
   fs::remove(folder.path("bin/nano"));

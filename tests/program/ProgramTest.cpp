@@ -119,7 +119,7 @@ TEST_F(Program, TextThatSteersAScreenIsHarmlessThereAndUnchangedThroughAPipe) {
   const std::string typed = running("fine.txt") + running("faulty.txt") + "\n4\n.\n\n123\n";
   WatchedProgram program(folder.path());
   program.type(typed);
-  for (const std::string shown : {harmless + "\r\n", harmless + "<U+009B>31m", harmless + "\r\n"})
+  for (const std::string& shown : {harmless + "\r\n", harmless + "<U+009B>31m", harmless + "\r\n"})
     EXPECT_TRUE(program.shows(shown)) << "by OUT, by a diagnostic and in the listing";
   EXPECT_EQ(program.wait(), 0);
   for (const char* raw : {"\x1B", "\u009B", "\u202E", "\u2028"})
@@ -162,8 +162,8 @@ TEST_F(Program, ARunEndsWhenNobodyIsThere) {
 TEST_F(Program, SettingsThatCannotBeReadAreNeitherMovedNorWritten) {
   const fs::path ini = folder.path("zelvaro.ini");
   for (const auto& [rights, bytes, words] :
-       {std::tuple{0600, kSettings + std::string(1 << 20, ';'), "larger than 1 MiB"},
-        {0000, kSettings, "cannot be read: Permission denied"}}) {
+       {std::tuple{0600u, kSettings + std::string(1 << 20, ';'), "larger than 1 MiB"},
+        {0000u, kSettings, "cannot be read: Permission denied"}}) {
     if (rights == 0 && ::geteuid() == 0) continue;
     folder.write("zelvaro.ini", bytes);
     fs::permissions(ini, fs::perms{rights});
