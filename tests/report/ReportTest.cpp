@@ -103,7 +103,7 @@ TEST(LabelColumn, ShowsWhatTheWalkFinds) {
     line.LabelStr = label;
     line.AbAdr = adr;
   }
-  const LabelColumn<char> column{std::span<const SrcDataA>(lines)}, sorted{lines, true};
+  const LabelColumn<char> column{std::span<const SrcDataA>(lines)}, sorted{lines, LabelOrder::OfAddresses};
   const std::vector<std::string> expected{"A B2 ", "", "", "ABC DEFG ", "", "LAST ", ""};
   for (int adr = -1; adr < 7; ++adr) {
     std::string shown;
