@@ -1,5 +1,7 @@
 #include "comet2/Decode.h"
 
+#include <utility>
+
 #include "encode/Instructions.h"
 
 namespace zelvaro {
@@ -121,6 +123,8 @@ Handler Decoded::single(int adr) {
   e.single = e.x == 0 ? code.direct : code.indexed;
   if ((e.r > 7 && code.checksR) || (e.x > 7 && code.checksX)) e.single = Handler::RegisterStop;
   if (e.single == Handler::NOPPlain && cell != 0) e.single = Handler::NopStop;
+  if (breakpoints_ != nullptr && (*breakpoints_)[static_cast<std::size_t>(adr)])
+    e.single = Handler::BreakStop;
   set(adr, kFirstWord);
   if (kInfo[indexOf(e.single)].words == 2) {
     e.second = static_cast<std::uint16_t>(unsignedWord(memory_[adr + 1]));
@@ -144,7 +148,7 @@ Handler Decoded::withFollowing(int adr, int following) {
 }
 
 Handler Decoded::decode(int adr) {
-  const Handler handler = withFollowing(adr, entries_.get()[adr].drops < kMostDrops ? 2 : 0);
+  const Handler handler = withFollowing(adr, fuses_ && entries_.get()[adr].drops < kMostDrops ? 2 : 0);
   int part = adr;
   for (int i = 1; i < kInfo[indexOf(handler)].parts; ++i) {
     part += kInfo[indexOf(entries_.get()[part].single)].words;
@@ -194,13 +198,26 @@ std::int32_t Decoded::countOf(const Cells& ExecCount, int adr) const {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(before) + entries_.get()[adr].count);
 }
 
-void Decoded::addCountsTo(Cells& ExecCount) {
+std::int64_t Decoded::executed() const {
+  std::int64_t sum = 0;
+  for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
+    if (!pageUsed_[page]) continue;
+    for (std::size_t adr = page * kPage; adr < (page + 1) * kPage; ++adr) sum += entries_.get()[adr].count;
+  }
+  return sum;
+}
+
+std::int64_t Decoded::addCountsTo(Cells& ExecCount) {
+  std::int64_t sum = 0;
   for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
     if (!pageUsed_[page]) continue;
     for (std::size_t adr = page * kPage; adr < (page + 1) * kPage; ++adr) {
-      if (entries_.get()[adr].count != 0) ExecCount[adr] = countOf(ExecCount, static_cast<int>(adr));
+      if (entries_.get()[adr].count == 0) continue;
+      ExecCount[adr] = countOf(ExecCount, static_cast<int>(adr));
+      sum += std::exchange(entries_.get()[adr].count, 0u);
     }
   }
+  return sum;
 }
 
 }  // namespace zelvaro

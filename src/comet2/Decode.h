@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "comet2/Cells.h"
 #include "comet2/Comet2.h"
@@ -41,6 +42,10 @@ class Decoded {
 
   /// `memory` is all cells of the machine; no instruction is executed above the address `limit`.
   Decoded(const std::int32_t* memory, int limit) : memory_(memory), limit_(limit) {}
+  /// An image for a debugger: each handler executes one instruction, unless `fuses`; `breakpoints`, one flag per
+  /// address or null, are addresses where the run stops.
+  Decoded(const std::int32_t* memory, int limit, bool fuses, const std::vector<bool>* breakpoints)
+      : memory_(memory), limit_(limit), fuses_(fuses), breakpoints_(breakpoints) {}
 
   Entry* entries() { return entries_.get(); }
   /// One byte per word: not 0 if an entry was decoded from it, so that stored() must be called after a
@@ -53,8 +58,10 @@ class Decoded {
   void stored(int adr);
   /// How often an address has been executed so far.
   std::int32_t countOf(const Cells& ExecCount, int adr) const;
-  /// Adds the executions of this run to ExecCount.
-  void addCountsTo(Cells& ExecCount);
+  /// All executions since the last call of addCountsTo.
+  std::int64_t executed() const;
+  /// Adds these executions to ExecCount and returns how many they are.
+  std::int64_t addCountsTo(Cells& ExecCount);
 
  private:
   // How the entries use a word of the image, as bits of readers_.
@@ -78,6 +85,8 @@ class Decoded {
 
   const std::int32_t* memory_;
   int limit_;
+  bool fuses_ = true;
+  const std::vector<bool>* breakpoints_ = nullptr;
   ZeroedArray<Entry> entries_{kEntries};
   ZeroedArray<std::uint8_t> readers_{kEntries};
   std::array<bool, kAddressSpace / kPage> pageUsed_{};

@@ -17,6 +17,8 @@ class StoreWatch {
   /// executed `count` times.  Returns whether the store is carried out; if not, the run must stop.
   virtual bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
   std::int32_t from() const { return from_; }
+  /// For a run that goes back to an earlier state: the value of from() then.
+  void setFrom(std::int32_t from) { from_ = from; }
 
  protected:
   explicit StoreWatch(std::int32_t from) : from_(from) {}

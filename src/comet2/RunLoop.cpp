@@ -39,15 +39,19 @@ void setFlags(Tcomet2& m, Flags f) {
   m.Fovf = f.ovf != 0 ? 1 : 0;
 }
 
-/// Executes an SVC and updates the decoded image for the cells that it has written.  `emptyInputs` counts the
-/// successive IN calls that have found no line.  Returns Stop::End if the run continues.
-Stop serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number, int& emptyInputs) {
+/// Executes an SVC and updates the decoded image for the cells that it has written.  Returns Stop::End if the
+/// run continues.
+Stop serve(Tcomet2& m, const Services& services, Slices& slices, std::uint32_t number) {
+  if (services.gate != nullptr)
+    if (const Stop stop = services.gate->before(static_cast<std::int32_t>(number)); stop != Stop::End)
+      return stop;
+  Decoded& image = slices.image;
   const int stored = SvcCall(m, services, static_cast<std::int32_t>(number));
   if (number == static_cast<std::uint32_t>(kSvcIn)) {
     image.stored(unsignedWord(m.GR[2]));
     for (int i = 0; i < stored; ++i) image.stored(unsignedWord(unsignedWord(m.GR[1]) + i));
-    emptyInputs = stored == kNoLine ? emptyInputs + 1 : 0;
-    if (emptyInputs >= kMostEmptyInputs) return Stop::InputEnded;
+    slices.emptyInputs = stored == kNoLine ? slices.emptyInputs + 1 : 0;
+    if (slices.emptyInputs >= kMostEmptyInputs) return Stop::InputEnded;
   }
   return services.platform.consoleIsGone() ? Stop::NobodyThere : Stop::End;
 }
@@ -217,14 +221,14 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     ZELVARO_COUNT();           \
     e += 1;                    \
   }
-#define ZELVARO_PART_SVC(kind)                             \
-  {                                                        \
-    ZELVARO_COUNT();                                       \
-    ZELVARO_ADDRESS_##kind();                              \
-    stop = serve(m, services, image, effAdr, emptyInputs); \
-    e += 2;                                                \
-    if (stop != Stop::End) [[unlikely]]                    \
-      goto Served;                                         \
+#define ZELVARO_PART_SVC(kind)                 \
+  {                                            \
+    ZELVARO_COUNT();                           \
+    ZELVARO_ADDRESS_##kind();                  \
+    stop = serve(m, services, slices, effAdr); \
+    e += 2;                                    \
+    if (stop != Stop::End) [[unlikely]]        \
+      goto Served;                             \
   }
 
 // The words that stop a run.
@@ -240,6 +244,7 @@ constexpr bool isTimeToLook(std::uint32_t count) {
     ZELVARO_COUNT();           \
     goto NopRefused;           \
   }
+#define ZELVARO_PART_BreakStop() goto BreakReached;
 #define ZELVARO_PART_UnregisteredStop() \
   {                                     \
     ZELVARO_COUNT();                    \
@@ -256,7 +261,7 @@ constexpr bool isTimeToLook(std::uint32_t count) {
 
 template <bool stepped>
 [[gnu::noinline]] Stop loop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit,
-                            [[maybe_unused]] std::int64_t& steps) {
+                            Slices& slices, [[maybe_unused]] std::int64_t& steps) {
   static const std::int32_t handlerLabels[kHandlers] = {
       0,
 // NOLINTBEGIN(bugprone-macro-parentheses): the name of a label takes none
@@ -275,7 +280,7 @@ template <bool stepped>
 
   std::int32_t* const memory = m.Memory.data();
   std::int32_t* const gr = m.GR.data();
-  Decoded image(memory, limit);
+  Decoded& image = slices.image;
   Entry* const entries = image.entries();
   const std::uint8_t* const readers = image.readers();
   auto watchedFrom = static_cast<std::uint32_t>(watch.from());
@@ -284,7 +289,6 @@ template <bool stepped>
   Entry* e = entries;
   std::uint32_t far = static_cast<std::uint32_t>(m.PR);
   Stop stop = Stop::End;
-  int emptyInputs = 0;
 
   if (far > kHighestAddress) goto FarJump;
   e = entries + far;
@@ -330,6 +334,11 @@ Look:
   if (services.platform.consoleIsGone()) ZELVARO_LEAVE(NobodyThere, 0);
   ZELVARO_NEXT();
 Served:
+  if (stopsBeforeInstruction(stop)) {  // the SVC has not been executed
+    e -= 2;
+    --e->count;
+    if constexpr (stepped) ++steps;
+  }
   m.PR = static_cast<std::int32_t>(e - entries);
   goto Leave;
 FarJump:
@@ -351,24 +360,37 @@ NopRefused:
   ZELVARO_LEAVE(Nop, 0);
 Unregistered:
   ZELVARO_LEAVE(Unregistered, 0);
+BreakReached:
+  ZELVARO_LEAVE(Breakpoint, 0);
   [[maybe_unused]] Steps : ZELVARO_LEAVE(Steps, 0);
 
 Leave:
   m.EffAdr = static_cast<std::int32_t>(effAdr);
   setFlags(m, f);
-  image.addCountsTo(m.ExecCount);
+  slices.executed = image.addCountsTo(m.ExecCount);
   return stop;
 }
 
 }  // namespace
 
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit) {
-  std::int64_t unlimited = 0;
-  return loop<false>(m, services, watch, limit, unlimited);
+  Slices slices{Decoded(m.Memory.data(), limit)};
+  return runLoop(m, services, watch, limit, slices);
 }
 
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, std::int64_t& steps) {
-  return loop<true>(m, services, watch, limit, steps);
+  Slices slices{Decoded(m.Memory.data(), limit)};
+  return runLoop(m, services, watch, limit, slices, steps);
+}
+
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, Slices& slices) {
+  std::int64_t unlimited = 0;
+  return loop<false>(m, services, watch, limit, slices, unlimited);
+}
+
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, Slices& slices,
+             std::int64_t& steps) {
+  return loop<true>(m, services, watch, limit, slices, steps);
 }
 
 }  // namespace zelvaro

@@ -27,4 +27,9 @@ enum class Stop : std::uint8_t {
   OutputFull       ///< an SVC after as much output as the run may keep
 };
 
+/// Whether the instruction at PR has not been executed and goes on with the next call.
+constexpr bool stopsBeforeInstruction(Stop stop) {
+  return stop >= Stop::Breakpoint;
+}
+
 }  // namespace zelvaro

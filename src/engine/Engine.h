@@ -95,7 +95,7 @@ struct ListingRow {
   int program = 0;  ///< index in programs()
   int line = 0;
   int address = 0;
-  std::span<const std::uint16_t> words;  ///< of the image; none for START and END
+  std::span<const std::uint16_t> words;  ///< of the image; none for END
   std::string label, opcode, operands;   ///< as the assembler understood them, without the comment
   std::string text;                      ///< the line as it was loaded
 };
@@ -178,6 +178,7 @@ Assembled assemble(std::string_view bytes, const Options& options = {});
 /// A message that the engine can issue.
 struct CodeInfo {
   std::string_view code;
+  std::string_view where;  ///< the file of the check, "Label35G"
   Severity severity = Severity::Notice;
   /// The words with their holes, "{quote} A label must be ...", for a pipeline.
   std::string_view ja, en;

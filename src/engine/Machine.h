@@ -73,12 +73,12 @@ struct Event {
   enum class Kind : std::uint8_t {
     Out,     ///< text: what OUT has written, without the line end that follows it
     In,      ///< text: the line that IN has read
-    Message  ///< message: as a Warning of a store
+    Message  ///< message: such as the Warning of a store
   };
   Kind kind = Kind::Out;
   std::int64_t step = 0;  ///< the number of the step that did it, from 1
   std::string text;
-  Finding message;
+  std::shared_ptr<const Finding> message;  ///< null for any other kind
 };
 
 /// A machine with the image of an assembled source, at step 0.  A copy is a machine of its own, in the same
@@ -100,6 +100,13 @@ class Machine {
   void endInput();
   /// How many of the lines given have been read.
   std::size_t linesRead() const;
+
+  // --- the state at the start ---
+  /// Sets a word of memory, or a GR, of a machine at step 0; it belongs to the initial state from then on, and
+  /// a recorded future is dropped.  Throws std::logic_error at any other step, std::out_of_range for an
+  /// address outside of 0 to 65535 or a number of a GR outside of 0 to 7.
+  void setWord(int address, std::uint16_t value);
+  void setRegister(int gr, std::uint16_t value);
 
   // --- forth ---
   /// Executes `steps` instructions, exactly, unless the run stops before.  With an IN for which no line is
