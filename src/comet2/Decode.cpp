@@ -1,5 +1,8 @@
 #include "comet2/Decode.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "encode/Instructions.h"
 
 namespace zelvaro {
@@ -119,6 +122,8 @@ Handler Decoded::single(int adr) {
   e.single = e.x == 0 ? code.direct : code.indexed;
   if ((e.r > 7 && code.checksR) || (e.x > 7 && code.checksX)) e.single = Handler::RegisterStop;
   if (e.single == Handler::NOPPlain && cell != 0) e.single = Handler::NopStop;
+  if (breakpoints_ != nullptr && (*breakpoints_)[static_cast<std::size_t>(adr)])
+    e.single = Handler::BreakStop;
   set(adr, kFirstWord);
   if (kInfo[indexOf(e.single)].words == 2) {
     e.second = static_cast<std::uint16_t>(unsignedWord(memory_[adr + 1]));
@@ -142,7 +147,7 @@ Handler Decoded::withFollowing(int adr, int following) {
 }
 
 Handler Decoded::decode(int adr) {
-  const Handler handler = withFollowing(adr, entries_.get()[adr].drops < kMostDrops ? 2 : 0);
+  const Handler handler = withFollowing(adr, fuses_ && entries_.get()[adr].drops < kMostDrops ? 2 : 0);
   int part = adr;
   for (int i = 1; i < kInfo[indexOf(handler)].parts; ++i) {
     part += kInfo[indexOf(entries_.get()[part].single)].words;
@@ -192,13 +197,36 @@ std::int32_t Decoded::countOf(const Cells& ExecCount, int adr) const {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(before) + entries_.get()[adr].count);
 }
 
-void Decoded::addCountsTo(Cells& ExecCount) {
+void Decoded::forget(const std::vector<bool>* breakpoints) {
+  breakpoints_ = breakpoints;
+  for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
+    if (!pageUsed_[page]) continue;
+    std::fill_n(entries_.get() + page * kPage, kPage, Entry{});
+    std::fill_n(readers_.get() + page * kPage, kPage + kGreatestDistance, std::uint8_t{0});
+    pageUsed_[page] = false;
+  }
+}
+
+std::int64_t Decoded::executed() const {
+  std::int64_t sum = 0;
+  for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
+    if (!pageUsed_[page]) continue;
+    for (std::size_t adr = page * kPage; adr < (page + 1) * kPage; ++adr) sum += entries_.get()[adr].count;
+  }
+  return sum;
+}
+
+std::int64_t Decoded::addCountsTo(Cells& ExecCount) {
+  std::int64_t sum = 0;
   for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
     if (!pageUsed_[page]) continue;
     for (std::size_t adr = page * kPage; adr < (page + 1) * kPage; ++adr) {
-      if (entries_.get()[adr].count != 0) ExecCount[adr] = countOf(ExecCount, static_cast<int>(adr));
+      if (entries_.get()[adr].count == 0) continue;
+      ExecCount[adr] = countOf(ExecCount, static_cast<int>(adr));
+      sum += std::exchange(entries_.get()[adr].count, 0u);
     }
   }
+  return sum;
 }
 
 }  // namespace zelvaro

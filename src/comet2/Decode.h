@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "comet2/Cells.h"
 #include "comet2/Comet2.h"
@@ -44,6 +45,13 @@ class Decoded {
 
   /// `memory` is all cells of the machine; no instruction is executed above the address `limit`.
   Decoded(const std::int32_t* memory, int limit) : memory_(memory), limit_(limit) {}
+  /// An image for a run that is watched: without `fuses`, each handler executes one instruction.
+  Decoded(const std::int32_t* memory, int limit, bool fuses)
+      : memory_(memory), limit_(limit), fuses_(fuses) {}
+
+  /// Drops everything decoded, as after changes of the memory that stored() has not been told.  The run stops
+  /// at the addresses whose flag is set in `breakpoints`, one for each address, or null.
+  void forget(const std::vector<bool>* breakpoints);
 
   Entry* entries() { return entries_.get(); }
   /// One byte per word: not 0 if an entry was decoded from it, so that stored() must be called after a
@@ -56,8 +64,10 @@ class Decoded {
   void stored(int adr);
   /// How often an address has been executed so far.
   std::int32_t countOf(const Cells& ExecCount, int adr) const;
-  /// Adds the executions of this run to ExecCount.
-  void addCountsTo(Cells& ExecCount);
+  /// All executions since the last call of addCountsTo.
+  std::int64_t executed() const;
+  /// Adds these executions to ExecCount and returns how many they are.
+  std::int64_t addCountsTo(Cells& ExecCount);
 
  private:
   // How the entries use a word of the image, as bits of readers_.
@@ -81,6 +91,8 @@ class Decoded {
 
   const std::int32_t* memory_;
   int limit_;
+  bool fuses_ = true;
+  const std::vector<bool>* breakpoints_ = nullptr;
   ZeroedArray<Entry> entries_{kEntries};
   ZeroedArray<std::uint8_t> readers_{kEntries};
   std::array<bool, kAddressSpace / kPage> pageUsed_{};

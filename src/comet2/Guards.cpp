@@ -88,6 +88,10 @@ void reportStop(Stop stop, const Tcomet2& m, DiagSink& sink) {
     case Stop::End:
     case Stop::Store:
     case Stop::Steps:
+    case Stop::Breakpoint:
+    case Stop::InputWanted:
+    case Stop::InputExhausted:
+    case Stop::OutputFull:
       return;
   }
 }

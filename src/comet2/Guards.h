@@ -5,25 +5,9 @@
 
 #include "comet2/Comet2.h"
 #include "comet2/Run.h"
+#include "comet2/Stop.h"
 
 namespace zelvaro {
-
-/// Why a run has stopped.  PR and all other fields of the machine keep their values at the stop.
-enum class Stop : std::uint8_t {
-  End,           ///< the top-level RET, EXIT, or PR above 65535
-  Pr,            ///< PR above the limit
-  Register,      ///< a word that names a register above 7
-  Load,          ///< a load beyond the limit
-  Store,         ///< an indexed store beyond the limit; its words have been printed
-  Stack,         ///< a PUSH or CALL with the stack full
-  EmptyStack,    ///< a POP with the stack empty
-  Return,        ///< a RET with OS above 0 and SP above #FFFF
-  Nop,           ///< a NOP that is not the word 0
-  Unregistered,  ///< a word that is no instruction
-  InputEnded,    ///< IN has found the end of an input that is no terminal kMostEmptyInputs times in a row
-  NobodyThere,   ///< nobody follows the console any more
-  Steps          ///< the requested number of steps is reached
-};
 
 /// Called for every indexed store at or above `from()`.
 class StoreWatch {
@@ -33,6 +17,8 @@ class StoreWatch {
   /// executed `count` times.  Returns whether the store is carried out; if not, the run must stop.
   virtual bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) = 0;
   std::int32_t from() const { return from_; }
+  /// For a run that goes back to an earlier state: the value of from() then.
+  void setFrom(std::int32_t from) { from_ = from; }
 
  protected:
   explicit StoreWatch(std::int32_t from) : from_(from) {}

@@ -21,15 +21,19 @@ void setFlags(Tcomet2& m, Flags f) {
   m.Fovf = f.ovf != 0 ? 1 : 0;
 }
 
-/// Executes an SVC and updates the decoded image for the cells that it has written.  `emptyInputs` counts the
-/// successive IN calls that have found no line.  Returns Stop::End if the run continues.
-Stop serve(Tcomet2& m, const Services& services, Decoded& image, std::uint32_t number, int& emptyInputs) {
+/// Executes an SVC and updates the decoded image for the cells that it has written.  Returns Stop::End if the
+/// run continues.
+Stop serve(Tcomet2& m, const Services& services, Slices& slices, std::uint32_t number) {
+  if (services.gate != nullptr)
+    if (const Stop stop = services.gate->before(static_cast<std::int32_t>(number)); stop != Stop::End)
+      return stop;
+  Decoded& image = slices.image;
   const int stored = SvcCall(m, services, static_cast<std::int32_t>(number));
   if (number == static_cast<std::uint32_t>(kSvcIn)) {
     image.stored(unsignedWord(m.GR[2]));
     for (int i = 0; i < stored; ++i) image.stored(unsignedWord(unsignedWord(m.GR[1]) + i));
-    emptyInputs = stored == kNoLine ? emptyInputs + 1 : 0;
-    if (emptyInputs >= kMostEmptyInputs) return Stop::InputEnded;
+    slices.emptyInputs = stored == kNoLine ? slices.emptyInputs + 1 : 0;
+    if (slices.emptyInputs >= kMostEmptyInputs) return Stop::InputEnded;
   }
   return services.platform.consoleIsGone() ? Stop::NobodyThere : Stop::End;
 }
@@ -94,7 +98,7 @@ int wordsRead(Go why) {
 
 template <bool stepped>
 [[gnu::noinline]] Stop loop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit,
-                            std::int64_t& steps) {
+                            Slices& slices, std::int64_t& steps) {
   static const std::int32_t handlerLabels[kHandlers] = {
       0,
 // NOLINTBEGIN(bugprone-macro-parentheses): the name of a label takes none
@@ -109,7 +113,7 @@ template <bool stepped>
   };
   const char* const decodeLabel = static_cast<const char*>(&&Decode);
 
-  Decoded image(m.Memory.data(), limit);
+  Decoded& image = slices.image;
   LoopState<stepped> s{m,
                        m.Memory.data(),
                        m.GR.data(),
@@ -124,7 +128,6 @@ template <bool stepped>
                        steps};
   Stop stop = Stop::Steps;
   Go why = Go::On;
-  int emptyInputs = 0;
 
   if (s.far > kHighestAddress) {
     why = Go::FarJump;
@@ -150,6 +153,9 @@ LoadStop:
   ZELVARO_FOLLOW(stopAtLoad(s));
 NopStop:
   ZELVARO_FOLLOW(stopAt(s, Go::NopRefused));
+BreakStop:
+  stop = Stop::Breakpoint;
+  goto Leave;
 UnregisteredStop:
   ZELVARO_FOLLOW(stopAt(s, Go::Unregistered));
 
@@ -175,8 +181,13 @@ StoredIntoCode:
   ZELVARO_NEXT();
 
 Serve:
-  if (const Stop served = serve(m, services, image, s.effAdr, emptyInputs); served != Stop::End) {
+  if (const Stop served = serve(m, services, slices, s.effAdr); served != Stop::End) {
     stop = served;
+    if (stopsBeforeInstruction(stop)) {  // the SVC has not been executed
+      s.e -= 2;
+      --s.e->count;
+      if constexpr (stepped) ++s.steps;
+    }
     goto Leave;
   }
   ZELVARO_NEXT();
@@ -195,7 +206,7 @@ Leave:
 Left:
   m.EffAdr = static_cast<std::int32_t>(s.effAdr);
   setFlags(m, s.f);
-  image.addCountsTo(m.ExecCount);
+  slices.executed = image.addCountsTo(m.ExecCount);
   steps = s.steps;
   return stop;
 }
@@ -208,12 +219,23 @@ Left:
 }  // namespace
 
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit) {
-  std::int64_t unlimited = 0;
-  return loop<false>(m, services, watch, limit, unlimited);
+  Slices slices{Decoded(m.Memory.data(), limit)};
+  return runLoop(m, services, watch, limit, slices);
 }
 
 Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, std::int64_t& steps) {
-  return loop<true>(m, services, watch, limit, steps);
+  Slices slices{Decoded(m.Memory.data(), limit)};
+  return runLoop(m, services, watch, limit, slices, steps);
+}
+
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, Slices& slices) {
+  std::int64_t unlimited = 0;
+  return loop<false>(m, services, watch, limit, slices, unlimited);
+}
+
+Stop runLoop(Tcomet2& m, const Services& services, StoreWatch& watch, int limit, Slices& slices,
+             std::int64_t& steps) {
+  return loop<true>(m, services, watch, limit, slices, steps);
 }
 
 }  // namespace zelvaro

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "comet2/Comet2.h"
+#include "comet2/Stop.h"
 #include "diag/Diagnostic.h"
 #include "platform/Platform.h"
 
@@ -13,10 +14,20 @@ inline constexpr std::int32_t kSvcOut = 2;
 inline constexpr int kMostEmptyInputs = 100;  ///< the run stops when as many IN calls in a row find no line
 inline constexpr int kNoLine = -1;            ///< result of SvcIn at an input that has ended for good
 
+/// Decides before each SVC whether it is executed: for a run that does not wait for its input.
+class ServiceGate {
+ public:
+  virtual ~ServiceGate() = default;
+  /// Stop::End if the service is executed; otherwise why the run stops before the SVC, Stop::InputWanted or a
+  /// later one.
+  virtual Stop before(std::int32_t number) = 0;
+};
+
 /// What the services need in addition to the machine.
 struct Services {
-  Platform& platform;  ///< where IN reads and OUT writes
-  DiagSink& sink;      ///< receives the messages around the input and output
+  Platform& platform;           ///< where IN reads and OUT writes
+  DiagSink& sink;               ///< receives the messages around the input and output
+  ServiceGate* gate = nullptr;  ///< null: every service is executed
 };
 
 /// Executes an SVC: 1 is SvcIn, 2 SvcOut, any other number reports a Note.  No service changes a register, a

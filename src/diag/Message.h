@@ -21,12 +21,9 @@
 
 #include "diag/Family.h"
 #include "diag/Language.h"
+#include "diag/Severity.h"
 
 namespace zelvaro {
-
-/// Notice is for messages that are no findings: the file that is read, the number of programs, all messages
-/// of the shell and of a run.
-enum class Severity : std::uint8_t { Error, Warning, Note, Memo, Notice };
 
 /// What is printed before a message's own text.  <n> is the 1-based line number, <q> the message's first
 /// argument (a quoted text).

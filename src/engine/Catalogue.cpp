@@ -27,12 +27,15 @@ namespace zelvaro {
 ZELVARO_FILES(ZELVARO_DECLARE)
 #undef ZELVARO_DECLARE
 
+std::vector<CatalogueFile> allFiles() {
+#define ZELVARO_ENTRY(file) {#file, rowsOf##file()},
+  return {ZELVARO_FILES(ZELVARO_ENTRY)};
+#undef ZELVARO_ENTRY
+}
+
 RowList allRows() {
   RowList all;
-#define ZELVARO_APPEND(file) \
-  for (const MessageRow* row : rowsOf##file()) all.push_back(row);
-  ZELVARO_FILES(ZELVARO_APPEND)
-#undef ZELVARO_APPEND
+  for (const CatalogueFile& file : allFiles()) all.insert(all.end(), file.rows.begin(), file.rows.end());
   return all;
 }
 #undef ZELVARO_FILES

@@ -9,4 +9,11 @@ namespace zelvaro {
 /// end, and its name is in Catalogue.cpp.
 RowList allRows();
 
+/// The same rows, with the name of their file.
+struct CatalogueFile {
+  std::string_view name;
+  RowList rows;
+};
+std::vector<CatalogueFile> allFiles();
+
 }  // namespace zelvaro

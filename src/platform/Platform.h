@@ -114,6 +114,8 @@ class Platform {
     return FileBytes{*memory, memory};
   }
   static constexpr std::size_t kMostSourceBytes = std::numeric_limits<std::int32_t>::max();
+  /// The limit that loadFile() keeps to.
+  virtual std::size_t mostSourceBytes() const { return kMostSourceBytes; }
   /// Creates a file for `path`, or returns null on a failure.  A symbolic link of that name is followed, and
   /// kept, if its target is in the folder of `path` or below it; for any other link the failure is
   /// LeadsOutside.  Owner, group and mode of a file that is replaced are kept as far as the system lets this

@@ -25,7 +25,7 @@ constexpr Message isTooLarge =
 
 }  // namespace
 
-bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure) {
+bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure, std::size_t most) {
   switch (failure.kind) {
     case FileFailure::Kind::NoMemory:
       sh.say(noMemory, name);
@@ -37,7 +37,7 @@ bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& f
       sh.say(isNotRegular, name);
       return true;
     case FileFailure::Kind::TooLarge:
-      sh.say(isTooLarge, name, Platform::kMostSourceBytes);
+      sh.say(isTooLarge, name, most);
       return true;
     default:
       return false;
@@ -49,7 +49,7 @@ template <class Open>
 bool openSource(Assembly& a, const LoadRequest& request, Open open) {
   FileFailure failure;
   const SourceBytes bytes = request.platform.loadFile(nativePath(request.name), &failure);
-  if (!bytes && reportRefusal(a.sh, request.name, failure)) return false;
+  if (!bytes && reportRefusal(a.sh, request.name, failure, request.platform.mostSourceBytes())) return false;
   return open(bytes);
 }
 

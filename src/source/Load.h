@@ -31,7 +31,8 @@ std::string nativePath(const std::string& name);
 bool FileExists(Platform& platform, const std::string& name, FileFailure* failure = nullptr);
 /// Reports why a source that exists cannot be read: it is a folder or a device, is too large, or there is not
 /// enough memory.  False, with nothing printed, for any other failure.
-bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure);
+bool reportRefusal(TShellData& sh, const std::string& name, const FileFailure& failure,
+                   std::size_t most = Platform::kMostSourceBytes);
 
 /// Reads a name from the keyboard and completes its extension.  Empty, with a message, if no such file
 /// exists.  Nothing at the end of the input.  A typed name is cut after 247 characters.

@@ -41,4 +41,8 @@ class NarrowLines {
   std::string narrow_;
 };
 
+/// Takes what one read of the fixed form brings off the front of a line.  True if another read follows: for the
+/// rest of the line, or for its end alone, which needs room as well.
+bool takeRead(std::string_view& line, bool hasEnd, std::string_view& read);
+
 }  // namespace zelvaro

@@ -29,15 +29,13 @@ constexpr Message tooManyLines{
            "The maximum is {most} lines in a file. There are {count} lines in your source code. "
            "You are expected to decrease the lines in your file. "}};
 
-/// Takes what one read brings off the front of a line.  True if another read follows: for the rest of the
-/// line, or for its end alone, which needs room as well.
+}  // namespace
+
 bool takeRead(std::string_view& line, bool hasEnd, std::string_view& read) {
   read = firstMozi(line, kFixedReadLength);
   line.remove_prefix(read.size());
   return !line.empty() || (hasEnd && read.size() == kFixedReadLength);
 }
-
-}  // namespace
 
 bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes) {
   if (!reportNarrowReading(a, name, bytes)) return false;
