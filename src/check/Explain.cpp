@@ -86,16 +86,20 @@ std::span<const Example> examples() {
 }
 
 std::string sourceOf(Frame frame, std::string_view text) {
+  std::u16string characters;
+  // a short text in full-width characters is not known as UTF-8 without its mark
+  const bool isMarked = !isAscii(text) && utf8ToUtf16(text, characters);
+  const std::string mark(isMarked ? kUtf8Mark : "");
   const std::string lines = repeated(std::string(text)) + '\n';
   switch (frame) {
     case Frame::Line:
-      return "MAIN START\n" + lines + " RET\nA DC 5\nB DS 8\nN DC 2\n END\n";
+      return mark + "MAIN START\n" + lines + " RET\nA DC 5\nB DS 8\nN DC 2\n END\n";
     case Frame::Data:
-      return "MAIN START\n RET\n" + lines + " END\n";
+      return mark + "MAIN START\n RET\n" + lines + " END\n";
     case Frame::Whole:
       break;
   }
-  return lines;
+  return mark + lines;
 }
 
 std::optional<std::string> explanation(const Options& options) {

@@ -21,7 +21,7 @@ std::string contentOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// Turns \n, \t, \\ and \xHH into what they stand for.
+/// Turns \n, \r, \t, \\ and \xHH into what they stand for.
 std::string unescaped(const std::string& text) {
   std::string out;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -31,7 +31,7 @@ std::string unescaped(const std::string& text) {
       out += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
       i += 2;
     } else {
-      out += kind == 'n' ? '\n' : kind == 't' ? '\t' : kind;
+      out += kind == 'n' ? '\n' : kind == 'r' ? '\r' : kind == 't' ? '\t' : kind;
     }
   }
   return out;
@@ -39,8 +39,8 @@ std::string unescaped(const std::string& text) {
 
 std::vector<std::string> fieldsOf(const std::string& line) {
   std::vector<std::string> out;
-  for (std::size_t from = 0, end = 0; end != line.npos; from = end + 3) {
-    end = line.find(" | ", from);
+  for (std::size_t from = 0, end = 0; end != line.npos; from = end + 4) {
+    end = line.find(" => ", from);
     out.push_back(line.substr(from, end - from));
     if (end == line.npos) break;
   }
