@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes first inputs for the fuzz targets, made of the samples, the dialogues and the tests, and their dictionary.
 
-  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini, and
-                            FOLDER/casl.dict
+  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image, FOLDER/ini and
+                            FOLDER/task, and FOLDER/casl.dict
 """
 import hashlib
 import pathlib
@@ -61,9 +61,17 @@ def settings():
                 yield data
 
 
+def tasks():
+    for path in sorted((ROOT / "workspace" / "tasks").rglob("*.toml")):
+        yield path.read_bytes()
+    cases = (ROOT / "tests" / "check" / "check.cases").read_text(encoding="utf-8")
+    for text in re.findall(r"^\w+\.toml := (.*)$|^printf '([^']*)' >x; z --grade", cases, flags=re.M):
+        yield "".join(text).replace("\\n", "\n").encode("utf-8")
+
+
 KEPT_WORDS = r"""
 \n \t \r\n ; ,  '  '' =  =5 =#00FF ='A' ='A''B' #FFFF -32768 65535 65536 'A;B' ''
-[Mode] [Src] [Editor] true =1 =JPN =std::chrono \xef\xbb\xbf \xff\xfe \xfe\xff \x82\xa0 \xe3\x80\x80 \xf0\xa0\xae\xb7
+[Mode] [Src] [Editor] [rules] [[case]] before= after= output= hidden= points= true =1 =JPN =std::chrono \xef\xbb\xbf \xff\xfe \xfe\xff \x82\xa0 \xe3\x80\x80 \xf0\xa0\xae\xb7
 """
 
 
@@ -96,6 +104,8 @@ def main(folder):
         write(folder / "image", bytes([number % FAMILIES]) + bytes(18) + words)
     for data in settings():
         write(folder / "ini", data)
+    for data in tasks():
+        write(folder / "task", data)
     (folder / "casl.dict").write_text(dictionary())
 
 

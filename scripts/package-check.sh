@@ -13,14 +13,14 @@ fail() {
   exit 1
 }
 
-for page in docs/man/zelvaro.1 docs/man/ja/zelvaro.1; do
+for page in docs/man/*.1 docs/man/ja/*.1; do
   mandoc -Tlint -W warning "$page" || fail "$page: mandoc finds faults"
   warnings=$(groff -man -ww -Kutf8 -Tutf8 -z "$page" 2>&1)
   [ -z "$warnings" ] || fail "$warnings"
 done
 desktop-file-validate packaging/zelvaro.desktop
 
-cmake --build build/release --target compressed >/dev/null
+cmake --build build/release --target compressed zelvaro_engine_archive >/dev/null
 (cd build/release && cpack -G DEB -B "$scratch/package" >"$scratch/cpack.log" 2>&1) || fail "$(cat "$scratch/cpack.log")"
 lintian --allow-root --fail-on error,warning "$scratch"/package/*.deb
 dpkg-deb -x "$scratch"/package/*.deb "$scratch/root"
@@ -28,12 +28,36 @@ cmake --install build/release --prefix "$scratch/prefix" >/dev/null
 
 for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz share/man/ja/man1/zelvaro-start.1.gz \
   share/doc/zelvaro/copyright share/doc/zelvaro/changelog.gz share/applications/zelvaro.desktop \
-  share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt; do
+  share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt \
+  bin/zelvaro-check share/man/man1/zelvaro-check.1.gz share/man/ja/man1/zelvaro-check.1.gz share/zelvaro/tasks/sum/task.toml \
+  share/zelvaro/zelvaro-check.schema.json share/zelvaro/zelvaro-check-grades.schema.json \
+  share/bash-completion/completions/zelvaro-check share/doc/zelvaro/CHECK.en.md share/doc/zelvaro/CHECK.ja.md; do
   [ -e "$scratch/root/usr/$part" ] || fail "the package lacks $part"
   [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
 
 scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
+
+# Each option of zelvaro-check is in its manual pages and in its completion, and its folder to begin with can be used.
+check=$scratch/root/usr/bin/zelvaro-check
+for option in $("$check" --help | grep -o '^  --[a-z-]*'); do
+  for text in docs/man/zelvaro-check.1 docs/man/ja/zelvaro-check.1 packaging/zelvaro-check.bash; do
+    tr -d '\\' <"$text" | grep -q -e "$option" || fail "$text lacks $option"
+  done
+done
+completed=$(PATH=$scratch/root/usr/bin:$PATH bash -c '. packaging/zelvaro-check.bash
+  COMP_WORDS=(zelvaro-check --explain label-l) COMP_CWORD=2; _zelvaro_check; echo "${COMPREPLY[@]}"')
+[ "$completed" = label-length ] || fail "label-l is completed to $completed"
+"$check" --init "$scratch/course" >/dev/null
+"$check" --grade "$scratch/course/tasks/mult/task.toml" "$scratch/course/tasks/mult/right.txt" >/dev/null ||
+  fail "the installed task does not mark its right submission"
+[ -z "$(find "$scratch/root" -name '*.a' -o -name '*.h')" ] || fail "the package contains the engine's archive or headers"
+
+# A program outside of the tree is built against the installed engine.
+cp -r examples/engine "$scratch/example"
+cmake -S "$scratch/example" -B "$scratch/example/build" -DCMAKE_PREFIX_PATH="$scratch/prefix" >"$scratch/example.log" 2>&1 &&
+  cmake --build "$scratch/example/build" >>"$scratch/example.log" 2>&1 || fail "$(cat "$scratch/example.log")"
+[ "$("$scratch/example/build/echo" 2>/dev/null)" = Hello ] || fail "the example of the engine does not print its input"
 
 # Guides and samples are read on a terminal of 80 columns.
 widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
@@ -45,7 +69,7 @@ for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUI
   sample=$scratch/root/usr/share/zelvaro/$name
   [ -d "$sample" ] || [ -e "$sample.txt" ] || fail "no sample $name"
 done
-for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/zelvaro.1 docs/man/ja/zelvaro.1 "$doc"/GUIDE.*.md); do
+for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/*.1 docs/man/ja/*.1 "$doc"/GUIDE.*.md); do
   [ -e "$scratch/root$path" ] || fail "no $path in the package"
 done
 
