@@ -1,5 +1,6 @@
 #include "platform/Memory.h"
 
+#include <malloc.h>
 #include <sys/mman.h>
 
 #include <memory>
@@ -12,6 +13,13 @@ void preferLargePages(void* memory, std::size_t size) {
   std::size_t room = size;
   if (size < kLargePage || std::align(kPage, kPage, memory, room) == nullptr) return;
   ::madvise(memory, room / kPage * kPage, MADV_HUGEPAGE);
+}
+
+void allocateForManyMachines() {
+  constexpr int kLargeTable = 128 * 1024, kKept = 64 * 1024 * 1024;
+  ::mallopt(M_MMAP_THRESHOLD, kLargeTable);
+  ::mallopt(M_TRIM_THRESHOLD, kKept);
+  ::mallopt(M_TOP_PAD, 1024 * 1024);
 }
 
 }  // namespace zelvaro

@@ -9,4 +9,8 @@ namespace zelvaro {
 /// none.
 void preferLargePages(void* memory, std::size_t size);
 
+/// For a program that makes many machines one after the other: large tables always come from the system, which
+/// provides their pages at the first access, and small blocks stay with the program when they are freed.
+void allocateForManyMachines();
+
 }  // namespace zelvaro
