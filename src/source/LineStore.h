@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <span>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "MoziCode/Characters.h"
@@ -89,13 +88,13 @@ class LineStore {
   }
   /// The program of that name other than `own` (-1: any program), or -1.
   int findPrg(View name, int own) const {
-    const auto at = PrgIndex.find(name);
-    return at == PrgIndex.end() || at->second == own ? -1 : at->second;
+    const int at = PrgIndex.find(name);
+    return at == own ? -1 : at;
   }
 
   TextArena<Char> arena;
   std::vector<Prg> vecPrg;
-  std::unordered_map<View, int> PrgIndex;  ///< program name to program, filled once the names are unique
+  NameTable<Char> PrgIndex;  ///< program name to program, filled once the names are unique
   std::vector<OprndAtDC<Char>> vecOprndAtDC;
   std::vector<AdrConst<Char>> vecAdrConst;
   std::vector<int> Unsettled;  ///< records whose operand text a further walk of TrimZenOprndCom changes
