@@ -25,5 +25,5 @@ need() {
 }
 
 need_to_build() { need g++ cmake ninja-build libfmt-dev libboost-dev; }
-need_to_test() { need_to_build && need libgtest-dev libgmock-dev vim vim-tiny nano; }
+need_to_test() { need_to_build && need libgtest-dev libgmock-dev vim vim-tiny nano less; }
 need_clang() { need clang; }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Platform.h"
+
 namespace zelvaro {
 
 /// The byte sink.  On a terminal it is written line by line, and characters that could control the terminal
@@ -21,6 +23,8 @@ class ConsoleOutput {
   void print(std::string_view utf8);
   void flush();
   bool isTerminal() const { return terminal_; }
+  /// Of the terminal; the usual size where the terminal does not know its own.
+  ConsoleSize size() const;
   /// Whether a write or a poll has found that the other end of the pipe is closed or that the terminal has
   /// hung up: nobody will see what is printed from here on.
   bool readerIsGone() const { return readerIsGone_; }

@@ -222,10 +222,12 @@ void play(const std::string& path, const Script& script, CodesIssued& issued) {
 }
 
 /// Rows of the shell that need surroundings which no script has: files and folders that refuse, a lack of memory,
-/// programs that do not start.
+/// programs that do not start, a terminal, a desktop.
 const std::set<std::string_view> kOfOtherTests{"memory-lacking",
                                                "self-folder-not-recorded",
                                                "self-folder-unknown",
+                                               "guide-on-desktop",
+                                               "page-prompt",
                                                "settings-not-parsed",
                                                "settings-not-opened",
                                                "settings-set-aside",

@@ -1,6 +1,7 @@
 // What the menu asks of the outside world: listing, deleting, editors, documents; and how it words what came of it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
 
@@ -10,6 +11,7 @@
 #include "TemporaryFolder.h"
 #include "platform/PosixPlatform.h"
 #include "platform/Programs.h"
+#include "shell/HelpFile.h"
 #include "shell/UserCommands.h"
 
 namespace zelvaro {
@@ -202,6 +204,30 @@ TEST_F(UserCommandsTest, WithoutAnEditorTheTextIsPrinted) {
   EXPECT_EQ(received(terminal.first), "line\r\nlast\r\n");
 }
 
+TEST_F(UserCommandsTest, ATextLongerThanTheScreenIsPrintedPageByPage) {
+  const test::Terminal terminal;
+  const winsize size{3, 4, 0, 0};
+  ::ioctl(terminal.second, TIOCSWINSZ, &size);
+  termios mode{};
+  ::tcgetattr(terminal.second, &mode);
+  mode.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  ::tcsetattr(terminal.second, TCSANOW, &mode);
+  PosixPlatform onTerminal(terminal.second, terminal.second);
+  const std::string pages[] = {"1\r\n2345\r\n", "6789\r\n\r\n", "ああああ\r\n", "い\r\n\t\r\n",
+                               "<U+202E>last\r\n"};
+  folder.write("f", "1\n23456789\n\nああああい\n\t\u202Elast");
+  for (const auto& [keys, count] : {std::pair{"\n\n\n\n", 5u}, {"\x04", 1u}, {"\n ｑ\n", 2u}}) {
+    send(terminal.first, keys);
+    editFile(In(onTerminal, Language::English), {""}, folder.path("f"));
+    onTerminal.flush();
+    std::string expected;
+    for (std::size_t i = 0; i < count; ++i)
+      expected += (i > 0 ? "-- Enter: next page   q: end of the text -- " : "") + pages[i];
+    EXPECT_EQ(received(terminal.first),
+              expected + (count < 5 ? "-- Enter: next page   q: end of the text -- " : ""));
+  }
+}
+
 TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   const std::string binary = folder.write("help.chm", "IT\0SF"s), near = fs::relative(binary);
   folder.writeProgram("bin/xdg-open", "echo \"$1\" > '" + folder.path("opened") + "'\nexec /bin/sleep 2\n");
@@ -218,6 +244,19 @@ TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   EXPECT_LT(platform.performanceCounter() - start, 1'500'000'000) << "it is not waited for";
   for (int i = 0; i < 200 && folder.read("opened").empty(); ++i) ::usleep(10'000);
   EXPECT_EQ(folder.read("opened"), binary + "\n");
+  fs::create_directory(folder.path("docs"));
+  folder.write("docs/GUIDE.en.md", "guide");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  const test::Terminal terminal;
+  PosixPlatform onTerminal(terminal.second, terminal.second);
+  openHelpFile(In(onTerminal, Language::English));
+  openHelpFile(In(platform, Language::English));
+  ::unsetenv("DISPLAY");
+  openHelpFile(In(onTerminal, Language::English));
+  fs::current_path(before);
+  EXPECT_EQ(received(terminal.first), "The desktop opens the guide 'docs/GUIDE.en.md'. \r\nguide\r\n");
+  EXPECT_EQ(shown(), "guide\n") << "through pipes it is printed";
 }
 
 }  // namespace

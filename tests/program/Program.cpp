@@ -22,6 +22,7 @@ namespace {
   ::unsetenv("LC_ALL");
   ::setenv("LANG", "C.UTF-8", 1);
   ::setenv("TERM", "xterm", 1);
+  for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY"}) ::unsetenv(display);
   ::alarm(kLongestSeconds);
   if (::chdir(folder.c_str()) == 0) ::execl(program, program, static_cast<char*>(nullptr));
   ::_exit(kNoProgram);
