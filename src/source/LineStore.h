@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <new>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -38,13 +39,19 @@ class LineStore {
     ++lineCount_;
   }
   /// Called by a loader that has read `done` of `total` bytes: a full table grows to the size that the whole
-  /// file will need at this rate, so it is rarely copied.  Memory that remains unused is never accessed.
+  /// file will need at this rate, so it is rarely copied.  Memory that remains unused is never accessed.  The
+  /// rest of the file may be comments, so one step multiplies the size by 16 at most; where there is no memory
+  /// for a step, the table grows as it needs.
   void foresee(std::size_t done, std::size_t total) {
-    constexpr std::size_t kFirst = 256;
-    if (records_.size() < records_.capacity() || records_.size() < kFirst) return;
-    records_.reserve(records_.size() + records_.size() / 8 + records_.size() * (total - done) / done);
-    preferLargePages(records_.data() + records_.size(),
-                     (records_.capacity() - records_.size()) * sizeof(Src));
+    constexpr std::size_t kFirst = 256, kMostGrowth = 16;
+    const std::size_t size = records_.size();
+    if (size < records_.capacity() || size < kFirst) return;
+    try {
+      records_.reserve(std::min(size + size / 8 + size * (total - done) / done, size * kMostGrowth));
+    } catch (const std::bad_alloc&) {
+      return;
+    }
+    preferLargePages(records_.data() + size, (records_.capacity() - size) * sizeof(Src));
   }
   void clear() {
     records_.clear();
