@@ -1,6 +1,7 @@
 // What the menu asks of the outside world: listing, deleting, editors, documents; and how it words what came of it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
 
@@ -10,6 +11,7 @@
 #include "TemporaryFolder.h"
 #include "platform/PosixPlatform.h"
 #include "platform/Programs.h"
+#include "shell/HelpFile.h"
 #include "shell/UserCommands.h"
 
 namespace zelvaro {
@@ -181,6 +183,28 @@ TEST_F(UserCommandsTest, WithoutAnEditorTheTextIsPrinted) {
   EXPECT_EQ(received(terminal.first), "line\r\nlast\r\n");
 }
 
+TEST_F(UserCommandsTest, ATextLongerThanTheScreenIsPrintedPageByPage) {
+  const winsize size{3, 4, 0, 0};
+  ::ioctl(terminal.second, TIOCSWINSZ, &size);
+  termios mode{};
+  ::tcgetattr(terminal.second, &mode);
+  mode.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+  ::tcsetattr(terminal.second, TCSANOW, &mode);
+  const std::string pages[] = {"1\r\n2345\r\n", "6789\r\n\r\n", "ああああ\r\n", "い\r\n\t\r\n",
+                               "<U+202E>last\r\n"};
+  folder.write("f", "1\n23456789\n\nああああい\n\t\u202Elast");
+  for (const auto& [keys, count] : {std::pair{"\n\n\n\n", 5u}, {"\x04", 1u}, {"\n ｑ\n", 2u}}) {
+    send(terminal.first, keys);
+    editFile(onTerminal, {""}, folder.path("f"));
+    terminalPlatform.flush();
+    std::string expected;
+    for (std::size_t i = 0; i < count; ++i)
+      expected += (i > 0 ? "-- Enter: next page   q: end of the text -- " : "") + pages[i];
+    EXPECT_EQ(received(terminal.first),
+              expected + (count < 5 ? "-- Enter: next page   q: end of the text -- " : ""));
+  }
+}
+
 TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   const std::string binary = folder.write("help.chm", "IT\0SF"s), near = fs::relative(binary);
   folder.writeProgram("bin/xdg-open", "echo \"$1\" > '" + folder.path("opened") + "'\nexec /bin/sleep 2\n");
@@ -202,6 +226,23 @@ TEST_F(UserCommandsTest, DocumentsGoToTheDesktopOrAreShown) {
   ::setenv("WAYLAND_DISPLAY", "w", 1);
   openDocument(english, folder.path("guide.md"));
   EXPECT_EQ(shown(), "# Guide\n") << "without a program for it";
+}
+
+TEST_F(UserCommandsTest, TheGuideGoesToTheDesktopOrIsShown) {
+  folder.writeProgram("bin/xdg-open", "");
+  fs::create_directory(folder.path("docs"));
+  folder.write("docs/GUIDE.en.md", "guide");
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
+  ::setenv("DISPLAY", ":0", 1);
+  openHelpFile(onTerminal);
+  openHelpFile(english);
+  ::unsetenv("DISPLAY");
+  openHelpFile(onTerminal);
+  fs::current_path(before);
+  terminalPlatform.flush();
+  EXPECT_EQ(received(terminal.first), "The desktop opens the guide 'docs/GUIDE.en.md'. \r\nguide\r\n");
+  EXPECT_EQ(shown(), "guide\n") << "through pipes it is printed";
 }
 
 }  // namespace

@@ -108,6 +108,11 @@ TEST(Bounds, WithoutEnoughMemoryTheMenuComesBackOrTheProgramSaysSo) {
       ++ended;
     }
   }
+  folder.write("large.txt", Large{0, 0, kStart, " NOP\n", ""}.source(300) +
+                                Large{0, 0, "", "; a comment line\n", kEnd}.source(250'000));
+  EXPECT_THAT(runProgram(folder.path(), "\n1\nlarge.txt\n", {.addressSpaceKiB = 24'576}).console,
+              HasSubstr("Successfully Assembled!"))
+      << "comments need no records";
   EXPECT_GT(onlySmall, 0) << "a small source needs little";
   EXPECT_GT(ended, 0) << "no limit hit the program";
 }

@@ -92,6 +92,22 @@ TEST_F(Program, NoNameIsACommandForTheRealEditors) {
   }
 }
 
+TEST_F(Program, TheGuideIsInAPagerThatStartsNothing) {
+  fs::create_directory(folder.path("docs"));
+  folder.write("docs/GUIDE.en.md", "# Guide\n" + std::string(100, '\n') + "its end\n");
+  WatchedProgram running(folder.path());
+  running.type("\n10\n");
+  ASSERT_TRUE(running.shows("# Guide") && running.shows("q: end")) << running.screen();
+  for (const char* command : {"!touch hacked", "|$touch hacked", "v", ":e zelvaro.ini"}) {
+    running.type(std::string(command, command[0] == ':' ? 2 : 1) + "\r");
+    EXPECT_TRUE(running.shows("not available") && running.shows("q: end")) << running.screen();
+  }
+  running.type("Gq");
+  EXPECT_TRUE(running.shows("its end") && running.shows("Press Enter key")) << running.screen();
+  running.type("\n123\n");
+  EXPECT_EQ(running.wait(), 0);
+}
+
 TEST_F(Program, CtrlCEndsARunAtOnceAndLeavesTheFilesWhole) {
   folder.write("aaResultantRegMry.txt", "the old result");
   for (const char* statement : {"NOP", "IN TEXT,LENGTH"}) {
