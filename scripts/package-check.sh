@@ -43,7 +43,7 @@ scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
 check=$scratch/root/usr/bin/zelvaro-check
 for option in $("$check" --help | grep -o '^  --[a-z-]*'); do
   for text in docs/man/zelvaro-check.1 docs/man/ja/zelvaro-check.1 packaging/zelvaro-check.bash; do
-    tr -d '\\' <"$text" | grep -q -e "$option" || fail "$text lacks $option"
+    grep -q -e "$option" <(tr -d '\\' <"$text") || fail "$text lacks $option"
   done
 done
 completed=$(PATH=$scratch/root/usr/bin:$PATH bash -c '. packaging/zelvaro-check.bash
@@ -70,7 +70,7 @@ for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUI
   sample=$scratch/root/usr/share/zelvaro/$name
   [ -d "$sample" ] || [ -e "$sample.txt" ] || fail "no sample $name"
 done
-for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/*.1 docs/man/ja/*.1 "$doc"/*.md); do
+for path in $(grep -oh '/usr/share/[A-Za-z0-9/.-]*' docs/man/*.1 docs/man/ja/*.1 "$doc"/*.md); do
   [ -e "$scratch/root$path" ] || fail "no $path in the package"
 done
 

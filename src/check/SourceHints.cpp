@@ -121,7 +121,7 @@ bool isLabel(std::string_view word) {
 class SourceHints {
  public:
   explicit SourceHints(const engine::Assembled& assembled)
-      : knowsExit_(family(assembled.options().pipeline).knowsEXIT) {
+      : known_(family(assembled.options().pipeline).knowsEXIT ? Mnemonics::WithEXIT : Mnemonics::Common) {
     for (const std::string& line : assembled.sourceLines()) {
       const std::u32string text = codePoints(line);
       lines_.push_back(LineReader(text).read());
@@ -146,7 +146,7 @@ class SourceHints {
   }
 
  private:
-  Op op(const std::string& word) const { return findOp(std::string_view(word), knowsExit_); }
+  Op op(const std::string& word) const { return findOp(std::string_view(word), known_); }
   /// What follows an opcode without operands is a comment.
   bool takesOperands(const std::u32string& word) const {
     const std::string upper = raised(word);
@@ -171,7 +171,7 @@ class SourceHints {
     hints_.push_back(std::move(remark));
   }
 
-  bool knowsExit_;
+  Mnemonics known_;
   std::vector<Fields> lines_;
   std::set<std::string> labels_;
   int line_ = 0;
