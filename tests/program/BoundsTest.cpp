@@ -108,9 +108,9 @@ TEST(Bounds, WithoutEnoughMemoryTheMenuComesBackOrTheProgramSaysSo) {
       ++ended;
     }
   }
-  folder.write("large.txt", Large{0, 0, kStart, " NOP\n", ""}.source(300) +
-                                Large{0, 0, "", "; a comment line\n", kEnd}.source(250'000));
-  EXPECT_THAT(runProgram(folder.path(), "\n1\nlarge.txt\n", {.addressSpaceKiB = 24'576}).console,
+  folder.write("large.txt",
+               repeated("P START\n{ NOP\n}", 300) + repeated("{; a comment line\n} RET\n END\n", 250'000));
+  EXPECT_THAT(runProgram(folder.path(), "\n1\nlarge.txt\n", "ulimit -v 24576").console,
               HasSubstr("Successfully Assembled!"))
       << "comments need no records";
   EXPECT_GT(onlySmall, 0) << "a small source needs little";
