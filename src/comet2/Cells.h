@@ -8,6 +8,9 @@
 #include <cstdlib>
 #include <memory>
 #include <new>
+#include <utility>
+
+#include "platform/Memory.h"
 
 namespace zelvaro {
 
@@ -15,10 +18,12 @@ namespace zelvaro {
 template <class T>
 class ZeroedArray {
  public:
-  explicit ZeroedArray(std::size_t size) : data_(static_cast<T*>(std::calloc(size, sizeof(T)))) {
+  explicit ZeroedArray(std::size_t size) : data_(static_cast<T*>(allocateZeroed(size * sizeof(T)))) {
     if (data_ == nullptr) throw std::bad_alloc();
   }
   T* get() const { return data_.get(); }
+  /// Gives up the array of `size` values, which are all 0 again.
+  void recycle(std::size_t size) noexcept { recycleZeroed(data_.release(), size * sizeof(T)); }
 
  private:
   struct Free {
@@ -37,8 +42,20 @@ class Cells {
     *this = Cells(other);
     return *this;
   }
-  Cells(Cells&&) noexcept = default;
-  Cells& operator=(Cells&&) noexcept = default;
+  Cells(Cells&& other) noexcept
+      : size_(other.size_),
+        initial_(other.initial_),
+        touched_(std::exchange(other.touched_, 0)),
+        cells_(std::move(other.cells_)) {}
+  Cells& operator=(Cells&& other) noexcept {
+    recycle();
+    size_ = other.size_;
+    initial_ = other.initial_;
+    touched_ = std::exchange(other.touched_, 0);
+    cells_ = std::move(other.cells_);
+    return *this;
+  }
+  ~Cells() { recycle(); }
 
   std::size_t size() const { return size_; }
   /// Resets every cell to the initial value.
@@ -71,6 +88,11 @@ class Cells {
   void touch(std::size_t at) {
     if (initial_ != 0) std::fill(cells_.get() + touched_, cells_.get() + at + 1, initial_);
     touched_ = at + 1;
+  }
+  void recycle() noexcept {
+    if (cells_.get() == nullptr || !recyclesZeroed()) return;
+    std::fill_n(cells_.get(), touched_, 0);
+    cells_.recycle(size_);
   }
   void copy(const Cells& other) {
     std::copy_n(other.cells_.get(), other.touched_, cells_.get());
