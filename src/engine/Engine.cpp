@@ -103,12 +103,14 @@ int secondLineOf(const Diagnostic& d) {
 }
 
 bool showsLine(const MessageRow& row) {
+  const auto names = [](std::string_view text) { return text.find("{line}") != std::string_view::npos; };
   switch (row.head) {
     case Head::None:
     case Head::Prefix:
     case Head::Bare:
     case Head::Open:
-      return row.words.en.find("{line}") != std::string_view::npos;
+    case Head::Own:
+      return names(row.words.en) || names(row.ownHead.en);
     default:
       return true;
   }
