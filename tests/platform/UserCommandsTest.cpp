@@ -156,6 +156,7 @@ TEST_F(UserCommandsTest, KeysAndTerminalComeBackFromTheEditor) {
     return std::tuple(now.c_lflag, now.c_iflag, now.c_oflag);
   };
   const auto usual = mode();
+  std::signal(SIGINT, SIG_DFL);  // a script's background job ignores it
   for (const auto& [body, isTouched] :
        {std::pair{"kill -INT $PPID\n" + touch, true},  // Ctrl+C is the editor's,
         {"kill -INT $$\n" + touch, false},             // which it ends
