@@ -61,9 +61,14 @@ def write_tree(tree, files):
                 old.unlink()
 
 
+def build_folder(tree):
+    """As deep as that of a preset: zelvaro-check finds the samples from its own place."""
+    return tree / "build" / "faulty"
+
+
 def build(tree, switch):
     """Builds program and tests without optimising much; the finished process of the build."""
-    folder = tree / "build"
+    folder = build_folder(tree)
     folder.mkdir(parents=True, exist_ok=True)
     header = folder / "mutant.h"
     if not header.exists() or header.read_text() != switch:
@@ -118,7 +123,7 @@ class Tests:
     """All programs of tests of a built tree, the quick ones first."""
 
     def __init__(self, tree):
-        folder = tree / "build"
+        folder = build_folder(tree)
         found = [Program(path, []) for path in (folder / "tests").glob("test_*")]
         found += [Program(path, [str(tree / "fuzz" / "corpus" / path.name.removeprefix("fuzz_"))])
                   for path in (folder / "fuzz").glob("fuzz_*")]
