@@ -24,6 +24,8 @@ need() {
   "${install[@]}" >"$shown" 2>&1 || { "${sudo[@]}" apt-get update -qq && "${install[@]}" >"$shown"; }
 }
 
-need_to_build() { need g++ cmake ninja-build libfmt-dev libboost-dev; }
-need_to_test() { need_to_build && need libgtest-dev libgmock-dev vim vim-tiny nano; }
+need_to_build() {
+  need g++ cmake ninja-build libfmt-dev libboost-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev
+}
+need_to_test() { need_to_build && need libgtest-dev libgmock-dev python3-jsonschema vim vim-tiny nano; }
 need_clang() { need clang; }

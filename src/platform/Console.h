@@ -19,8 +19,12 @@ class ConsoleOutput {
   ConsoleOutput& operator=(const ConsoleOutput&) = delete;
 
   void print(std::string_view utf8);
+  /// The same for a text of this program's own that may control the terminal, as the colour of a word.
+  void printControl(std::string_view bytes) { append(bytes); }
   void flush();
   bool isTerminal() const { return terminal_; }
+  /// Whether a write has failed: text is missing at the other end.
+  bool hasFailed() const { return failed_; }
   /// Whether a write or a poll has found that the other end of the pipe is closed or that the terminal has
   /// hung up: nobody will see what is printed from here on.
   bool readerIsGone() const { return readerIsGone_; }
