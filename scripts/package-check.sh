@@ -20,7 +20,7 @@ for page in docs/man/zelvaro.1 docs/man/ja/zelvaro.1; do
 done
 desktop-file-validate packaging/zelvaro.desktop
 
-cmake --build build/release --target compressed >/dev/null
+cmake --build build/release --target compressed zelvaro_engine_archive >/dev/null
 (cd build/release && cpack -G DEB -B "$scratch/package" >"$scratch/cpack.log" 2>&1) || fail "$(cat "$scratch/cpack.log")"
 lintian --allow-root --fail-on error,warning "$scratch"/package/*.deb
 dpkg-deb -x "$scratch"/package/*.deb "$scratch/root"
@@ -34,6 +34,13 @@ for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz shar
 done
 
 scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
+[ -z "$(find "$scratch/root" -name '*.a' -o -name '*.h')" ] || fail "the package contains the engine's archive or headers"
+
+# A program outside of the tree is built against the installed engine.
+cp -r examples/engine "$scratch/example"
+cmake -S "$scratch/example" -B "$scratch/example/build" -DCMAKE_PREFIX_PATH="$scratch/prefix" >"$scratch/example.log" 2>&1 &&
+  cmake --build "$scratch/example/build" >>"$scratch/example.log" 2>&1 || fail "$(cat "$scratch/example.log")"
+[ "$("$scratch/example/build/echo" 2>/dev/null)" = Hello ] || fail "the example of the engine does not print its input"
 
 # Guides and samples are read on a terminal of 80 columns.
 widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)

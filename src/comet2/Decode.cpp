@@ -1,5 +1,6 @@
 #include "comet2/Decode.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "encode/Instructions.h"
@@ -196,6 +197,16 @@ void Decoded::stored(int adr) {
 std::int32_t Decoded::countOf(const Cells& ExecCount, int adr) const {
   const std::int32_t before = ExecCount[static_cast<std::size_t>(adr)];
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(before) + entries_.get()[adr].count);
+}
+
+void Decoded::forget(const std::vector<bool>* breakpoints) {
+  breakpoints_ = breakpoints;
+  for (std::size_t page = 0; page < pageUsed_.size(); ++page) {
+    if (!pageUsed_[page]) continue;
+    std::fill_n(entries_.get() + page * kPage, kPage, Entry{});
+    std::fill_n(readers_.get() + page * kPage, kPage + kGreatestDistance, std::uint8_t{0});
+    pageUsed_[page] = false;
+  }
 }
 
 std::int64_t Decoded::executed() const {

@@ -42,10 +42,13 @@ class Decoded {
 
   /// `memory` is all cells of the machine; no instruction is executed above the address `limit`.
   Decoded(const std::int32_t* memory, int limit) : memory_(memory), limit_(limit) {}
-  /// An image for a debugger: each handler executes one instruction, unless `fuses`; `breakpoints`, one flag per
-  /// address or null, are addresses where the run stops.
-  Decoded(const std::int32_t* memory, int limit, bool fuses, const std::vector<bool>* breakpoints)
-      : memory_(memory), limit_(limit), fuses_(fuses), breakpoints_(breakpoints) {}
+  /// An image for a run that is watched: without `fuses`, each handler executes one instruction.
+  Decoded(const std::int32_t* memory, int limit, bool fuses)
+      : memory_(memory), limit_(limit), fuses_(fuses) {}
+
+  /// Drops everything decoded, as after changes of the memory that stored() has not been told.  The run stops
+  /// at the addresses whose flag is set in `breakpoints`, one for each address, or null.
+  void forget(const std::vector<bool>* breakpoints);
 
   Entry* entries() { return entries_.get(); }
   /// One byte per word: not 0 if an entry was decoded from it, so that stored() must be called after a

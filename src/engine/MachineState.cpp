@@ -121,7 +121,7 @@ bool Machine::State::consoleIsGone() {
   if (pace_ != Pace::Free) return false;
   ++looks_;
   if (--nextLook_ > 0) return false;
-  const std::int64_t done = slices_->image.executed();
+  const std::int64_t done = present() - at.steps;
   const std::int64_t left = freeUntil_ - at.steps - done;
   nextLook_ = std::max<std::int64_t>(1, left / 4 * looks_ / std::max<std::int64_t>(1, done));
   return left <= 0;
@@ -150,15 +150,18 @@ void Machine::State::addEvent(Event event) {
 
 // --- slices ---
 
+/// The image of a pace.  What another pace has executed is unknown to it.
 Slices& Machine::State::slicesFor(Pace pace, Breaks breaks) {
   const bool heeds = breaks == Breaks::Heeded && breakpointCount != 0;
-  if (!slices_ || pace != pace_ || heeds != heedsBreakpoints_)
-    slices_.emplace(Slices{
-        Decoded(m.Memory.data(), source.f.runLimit, pace != Pace::Single, heeds ? &breakpoints : nullptr)});
+  std::optional<Slices>& slices = slices_[static_cast<std::size_t>(pace)];
+  if (!slices) slices.emplace(Slices{Decoded(m.Memory.data(), source.f.runLimit, pace != Pace::Single)});
+  if (!isDecoded_ || pace != pace_ || heeds != heedsBreakpoints_)
+    slices->image.forget(heeds ? &breakpoints : nullptr);
+  isDecoded_ = true;
   pace_ = pace;
   heedsBreakpoints_ = heeds;
-  slices_->emptyInputs = at.emptyInputs;
-  return *slices_;
+  slices->emptyInputs = at.emptyInputs;
+  return *slices;
 }
 
 Stop Machine::State::slice(Pace pace, std::int64_t goal, Breaks breaks) {
@@ -219,7 +222,7 @@ void Machine::State::returnTo(std::int64_t step) {
   from.copyTo(m);
   at = from.state();
   guard_.setFrom(at.watchedFrom);
-  slices_.reset();
+  isDecoded_ = false;
   for (Stop s = Stop::Steps; s == Stop::Steps && at.steps < step;)
     s = slice(step - at.steps <= kSingleSteps ? Pace::Single : Pace::Counted, step, Breaks::Passed);
 }
@@ -345,7 +348,7 @@ void Machine::State::setBreakpoint(int address, bool isSet) {
   if (breakpoints[i] == isSet) return;
   breakpoints[i] = isSet;
   breakpointCount += isSet ? 1 : -1;
-  slices_.reset();
+  isDecoded_ = false;
 }
 
 void Machine::State::setAtStart(std::int32_t& cell, std::uint16_t value) {
@@ -356,7 +359,7 @@ void Machine::State::setAtStart(std::int32_t& cell, std::uint16_t value) {
   eventBytes_ = 0;
   furthest_ = 0;
   end_.reset();
-  slices_.reset();
+  isDecoded_ = false;
   checkpoints_ = {};
   checkpoints_.add(m, at);
 }

@@ -2,6 +2,7 @@
 // includes this.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -83,7 +84,9 @@ struct Machine::State : QuietPlatform, DiagSink, ServiceGate {
   bool isAtEnd() const { return end_ && end_->step == at.steps; }
   bool isAtBreakpoint() const;
   /// The number of the step that is being executed.
-  std::int64_t present() const { return at.steps + slices_->image.executed(); }
+  std::int64_t present() const {
+    return at.steps + slices_[static_cast<std::size_t>(pace_)]->image.executed();
+  }
   bool isReplayed() const { return present() <= furthest_; }
   void addEvent(Event event);
 
@@ -92,12 +95,13 @@ struct Machine::State : QuietPlatform, DiagSink, ServiceGate {
   TimeData time_;
   RunEnvironment env_;
   GuardedStores guard_;
-  std::optional<Slices> slices_;
-  Pace pace_ = Pace::Single;            ///< of slices_
-  bool heedsBreakpoints_ = false;       ///< slices_ has been decoded with the breakpoints
-  std::int64_t freeUntil_ = 0;          ///< the goal of the free slice
-  std::int64_t looks_ = 0;              ///< looks of the free slice so far
-  std::int64_t nextLook_ = 0;           ///< looks left until its steps are summed up again
+  std::array<std::optional<Slices>, 3> slices_;  ///< by pace
+  Pace pace_ = Pace::Single;                     ///< of the last slice
+  bool heedsBreakpoints_ = false;                ///< the last slice was decoded with the breakpoints
+  bool isDecoded_ = false;      ///< the image of the last slice belongs to the memory and the breakpoints
+  std::int64_t freeUntil_ = 0;  ///< the goal of the free slice
+  std::int64_t looks_ = 0;      ///< looks of the free slice so far
+  std::int64_t nextLook_ = 0;   ///< looks left until its steps are summed up again
   std::int64_t margin_ = kFirstMargin;  ///< steps before a target at which free slices are to end
   std::int64_t furthest_ = 0;           ///< the steps of the latest state reached
   std::optional<End> end_;              ///< the end of the run, once it has been reached
