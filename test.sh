@@ -7,6 +7,7 @@ cd "$(dirname "$0")"
 preset=${PRESET:-release}
 
 need_to_test
+need_to_test_editors
 [ "$preset" != clang ] || need_clang
 cmake --preset "$preset" -DZELVARO_TESTS=ON -DZELVARO_WERROR=ON
 # shellcheck disable=SC2086 # a word for each target

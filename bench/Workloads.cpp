@@ -154,7 +154,7 @@ const std::uint16_t fibWords[] = {
 };
 // clang-format on
 
-// Stores into a word close behind the loop.
+// Stores into a word close after the loop.
 // clang-format off
 const std::uint16_t nearWords[] = {
     0x0000,           //     0  NEAR    START

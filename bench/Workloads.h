@@ -11,10 +11,10 @@ inline constexpr int kInGR0 = -1;
 
 struct Workload {
   const char* name;
-  std::span<const std::uint16_t> words;  ///< from address 0; what lies behind is 0
+  std::span<const std::uint16_t> words;  ///< from address 0; the rest is 0
   int PrgEndAdr;                         ///< words of the whole image
   std::int64_t instructions;             ///< executed by a run
-  int resultAdr;                         ///< where the result stands, or kInGR0
+  int resultAdr;                         ///< where the result is, or kInGR0
   std::int32_t result;                   ///< its low 16 bits
 };
 

@@ -8,10 +8,21 @@ set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 
 install(TARGETS zelvaro)
 install(PROGRAMS ${packaging}/zelvaro-start TYPE BIN)
-install(FILES docs/GUIDE.en.md docs/GUIDE.ja.md ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/GUIDE.en.md docs/GUIDE.ja.md docs/EDITORS.en.md docs/EDITORS.ja.md ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${packaging}/zelvaro.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/zelvaro.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(DIRECTORY workspace/src DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
+
+# vim and nano of Debian look for their files there.
+install(DIRECTORY editors/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
+install(FILES editors/nano/casl2.nanorc DESTINATION ${CMAKE_INSTALL_DATADIR}/nano)
+install(DIRECTORY editors/vscode DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro
+        PATTERN package.sh EXCLUDE PATTERN .vscodeignore EXCLUDE)
+file(READ editors/vscode/package.json manifest)
+string(JSON version GET ${manifest} version)
+if(NOT version STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "editors/vscode/package.json has the version ${version}, the project ${PROJECT_VERSION}")
+endif()
 
 # Debian wants manual pages and change logs compressed, without a time stamp.
 function(zelvaro_compressed file name folder)

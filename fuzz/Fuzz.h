@@ -11,13 +11,11 @@
 
 #include "MoziCode/Utf.h"
 #include "shell/Session.h"
-#include "support/ScriptedPlatform.h"
+#include "support/LimitedPlatform.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace zelvaro::fuzz {
-
-using test::ScriptedPlatform;
 
 /// Ends the process with a message where `holds` is false.
 inline void require(bool holds, const std::string& message) {
@@ -25,8 +23,12 @@ inline void require(bool holds, const std::string& message) {
   std::fprintf(stderr, "fuzz: %s\n", message.c_str());
   std::abort();
 }
+inline void requireUtf8(std::string_view text, const std::string& what) {
+  std::u16string wide;
+  require(utf8ToUtf16(text, wide), what + " is no UTF-8");
+}
 
-/// The bytes of an input, taken from the front; behind the last one come zeros.
+/// The bytes of an input, taken from the front; after the last one come zeros.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
@@ -47,11 +49,6 @@ class Input {
   std::string_view rest_;
 };
 
-inline void requireUtf8(std::string_view text, const std::string& what) {
-  std::u16string wide;
-  require(utf8ToUtf16(text, wide), what + " is no UTF-8");
-}
-
 /// The first byte of an input: the family, the language, and what a target makes of the other bits.
 struct How {
   int byte;
@@ -59,23 +56,6 @@ struct How {
   Language language = (byte & 0x08) != 0 ? Language::Japanese : Language::English;
 
   explicit How(int b) : byte(b) {}
-};
-
-/// Thrown through a run that prints without an end.
-struct TooMuchOutput {};
-
-/// The platform of a run that is to stay short.
-class LimitedPlatform : public test::ScriptedPlatform {
- public:
-  using ScriptedPlatform::ScriptedPlatform;
-  explicit LimitedPlatform(const ScriptedPlatform& other) : ScriptedPlatform(other) { console.clear(); }
-  void print(std::string_view utf8) override {
-    ScriptedPlatform::print(utf8);
-    if (console.size() > kMostOutput) throw TooMuchOutput();
-  }
-
- private:
-  static constexpr std::size_t kMostOutput = 300'000;  // OUT of a whole memory, once
 };
 
 }  // namespace zelvaro::fuzz

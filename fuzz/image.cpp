@@ -1,9 +1,7 @@
-// Any words and registers into the machine.  The slow machine of the tests runs them too: what it leaves must
-// be what the run loop leaves, in a whole run where it comes to an end, else in the loop with a limit.
+// Any words and registers into the machine: the run loop must leave what the slow machine of the tests leaves.
 #include "Fuzz.h"
+#include "comet2/Compared.h"
 #include "comet2/Run.h"
-#include "comet2/RunLoop.h"
-#include "comet2/SlowMachine.h"
 
 namespace zelvaro::fuzz {
 namespace {
@@ -31,43 +29,30 @@ Tcomet2 machineOf(Input& in, int& PrgEndAdr) {
   return m;
 }
 
-void run(const Family& f, Wording wording, Tcomet2& m, int PrgEndAdr) {
-  const int limit = f.runLimit;
-  LimitedPlatform slowPlatform;
-  test::typeSomething(slowPlatform);
-  LimitedPlatform platform = slowPlatform;
-  ConsoleSink slowSink(slowPlatform, wording), sink(platform, wording);
-  test::SlowMachine slow(m, {slowPlatform, slowSink}, limit, PrgEndAdr);
-  if (slow.run(kMostSteps) != Stop::Steps) {
-    TimeData time;
-    Run3(m, {platform, sink, time, f, PrgEndAdr});
-    m.setMaxExecCount();
-  } else {
-    test::SilentWatch watch(PrgEndAdr, limit);
-    std::int64_t left = kMostSteps;
-    const Stop stop = runLoop(m, {platform, sink}, watch, limit, left);
-    const Stop slowStop = slow.run(stop == Stop::Steps ? kMostSteps - left : kMostSteps + 3);
-    require(stop == slowStop && kMostSteps - left == slow.executed, "the run loop stops elsewhere");
-    require(platform.console == slowPlatform.console, "OUT shows something else");
-    require(watch.warnings == slow.warnings, "a store is warned of elsewhere");
-  }
-  const std::string differs = test::difference(m, slow.m);
-  require(differs.empty(), "not as in the slow machine:" + differs);
+/// The family's guards and words.
+void runToItsEnd(const How& how, Tcomet2& m, int PrgEndAdr) try {
+  test::LimitedPlatform platform;
+  const Wording wording{how.language, how.family.id};
+  ConsoleSink sink(platform, wording);
+  TimeData time;
+  Run3(m, {platform, sink, time, how.family, PrgEndAdr});
+  m.setMaxExecCount();
+  requireUtf8(platform.console, "the console");
+} catch (const test::TooMuchOutput&) {
 }
 
 }  // namespace
 }  // namespace zelvaro::fuzz
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace zelvaro;
-  fuzz::Input in(data, size);
-  const fuzz::How how(in.byte());
+  using namespace zelvaro::fuzz;
+  Input in(data, size);
+  const How how(in.byte());
   int PrgEndAdr = 0;
-  Tcomet2 m = fuzz::machineOf(in, PrgEndAdr);
-  try {
-    fuzz::run(how.family, {how.language, how.family.id}, m, PrgEndAdr);
-  } catch (const fuzz::TooMuchOutput&) {
-    // many times the whole memory: nothing to compare
-  }
+  zelvaro::Tcomet2 m = machineOf(in, PrgEndAdr);
+  std::int64_t steps = kMostSteps;
+  const std::string differs = zelvaro::test::compared(m, PrgEndAdr, how.family.runLimit, kMostSteps, steps);
+  require(differs.empty(), "not as in the slow machine:" + differs);
+  if (steps < kMostSteps) runToItsEnd(how, m, PrgEndAdr);
   return 0;
 }

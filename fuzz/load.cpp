@@ -3,30 +3,29 @@
 #include "source/Load.h"
 
 #include "Fuzz.h"
-#include "MoziCode/Utf.h"
 #include "diag/Quote.h"
 #include "engine/Stages.h"
 
 namespace zelvaro::fuzz {
 namespace {
 
-/// What a load leaves behind: its result, what is printed, the lines with a statement after their numbers.
-using Loaded = std::tuple<bool, std::string, int, std::string>;
-
+/// The lines with a statement after their numbers.
 template <class Char>
-void readStore(const LineStore<Char>& store, int& lines, std::string& text) {
-  lines += store.lineCount();
+std::string linesOf(const LineStore<Char>& store) {
+  std::string text;
   int last = -1;
   for (const auto& s : store.lines()) {
-    require(s.Line > last && s.Line < lines, "a line out of order");
+    require(s.Line > last && s.Line < store.lineCount(), "a line out of order");
     require(holdsStatement(s.SrcStr), "a record without a statement");
     require(store.atLine(s.Line) == &s, "a line that is not found again");
     last = s.Line;
     text += std::to_string(s.Line) + ":" + plain(s.SrcStr) + "\n";
   }
+  return text;
 }
 
-Loaded load(const How& how, std::string_view bytes) {
+/// What a load leaves: its result, what is printed, the lines.
+std::string load(const How& how, std::string_view bytes) {
   constexpr int kCodePages[] = {0, 1200, 1201, 65001};
   const std::string name = "a.txt";
   test::ScriptedPlatform platform;
@@ -40,14 +39,13 @@ Loaded load(const How& how, std::string_view bytes) {
             {platform, s.channel, s.timeData, how.family},
             {platform, s.channel, s.timeData, how.family, how.language}};
   const bool result = runPhase(pass, Phase::Load);
-  require(s.b.vecSrcW.lineCount() == 0 || s.b.vecSrcA.lineCount() == 0, "lines in both stores");
-  int lines = 0;
-  std::string text;
-  readStore(s.b.vecSrcW, lines, text);
-  readStore(s.b.vecSrcA, lines, text);
-  if (how.family.loader == Loader::Fixed) require(lines <= kFixedLines, "more lines than the fixed form has");
+  const int wide = s.b.vecSrcW.lineCount(), narrow = s.b.vecSrcA.lineCount();
+  require(wide == 0 || narrow == 0, "lines in both stores");
+  require(how.family.loader != Loader::Fixed || wide + narrow <= kFixedLines,
+          "more lines than the fixed form has");
   requireUtf8(platform.console, "the console");
-  return {result, platform.console, lines, text};
+  return (result ? "loaded " : "refused ") + std::to_string(wide + narrow) + platform.console +
+         linesOf(s.b.vecSrcW) + linesOf(s.b.vecSrcA);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include "Fuzz.h"
 #include "comet2/RunLoop.h"
-#include "shell/Game.h"
+#include "whole/Dialogue.h"
 
 namespace zelvaro::fuzz {
 namespace {
@@ -17,53 +17,47 @@ constexpr std::int64_t kMostSteps = 70'000;  ///< enough to run through an empty
 /// finds that out when the start words of a run are issued.
 class EndlessRuns : public DiagSink {
  public:
-  EndlessRuns(TSession& s, const ScriptedPlatform& platform) : s_(s), platform_(platform) {}
+  explicit EndlessRuns(test::Dialogue& d) : d_(d) {}
   void take(const Diagnostic& d) override {
-    if (d.row->code == "run-start" && !comesToAnEnd()) s_.m.Memory[0] = 0x8100;
+    if (d.row->code == "run-start" && !comesToAnEnd()) d_.session().m.Memory[0] = 0x8100;
   }
 
  private:
-  bool comesToAnEnd() const {
-    Tcomet2 m = s_.m;
+  bool comesToAnEnd() const try {
+    TSession& s = d_.session();
+    Tcomet2 m = s.m;
     m.PR = 0;
-    LimitedPlatform platform(platform_);
-    ConsoleSink sink(platform, s_.wording);
+    test::LimitedPlatform platform(d_.platform);
+    ConsoleSink sink(platform, s.wording);
     TimeData time;
-    const RunEnvironment env{platform, sink, time, family(s_.wording.family), s_.b.PrgEndAdr};
+    const RunEnvironment env{platform, sink, time, family(s.wording.family), s.b.PrgEndAdr};
     GuardedStores watch(m, env);
     std::int64_t steps = kMostSteps;
-    try {
-      return runLoop(m, {platform, sink}, watch, env.family.runLimit, steps) != Stop::Steps;
-    } catch (const TooMuchOutput&) {
-      return false;
-    }
+    return runLoop(m, {platform, sink}, watch, env.family.runLimit, steps) != Stop::Steps;
+  } catch (const test::TooMuchOutput&) {
+    return false;
   }
 
-  TSession& s_;
-  const ScriptedPlatform& platform_;
+  test::Dialogue& d_;
 };
 
 /// What a session shows, writes and asks of the outside world.
-using Transcript = std::tuple<std::string, std::map<std::string, std::string>, std::vector<std::string>>;
+using Transcript = std::tuple<std::string, test::Files, std::vector<std::string>>;
 
 Transcript run(const How& how, std::string_view source, std::string_view typed) {
-  test::ScriptedPlatform platform;
-  platform.files["a.txt"] = source;
-  platform.files["zelvaro.ini"] = std::string("[Mode]\nLangStr=") +
-                                  (how.language == Language::Japanese ? "JPN" : "ENU") +
-                                  "\nSimpleTitleIndex=" + ((how.byte & 0x10) != 0 ? "1" : "0") +
-                                  "\nFightFunc=" + std::string(how.family.name) + "\n";
-  platform.typed = {"", "1", "a.txt"};
-  std::istringstream lines{std::string(typed)};
-  for (std::string line; platform.typed.size() < kMostTyped && std::getline(lines, line);)
-    platform.typed.push_back(line);
-  TSession session(platform);
-  EndlessRuns endlessRuns(session, platform);
-  session.channel.add(endlessRuns);
-  TGame game(session);
-  game.SetCurrentDirChH();
-  game.Start();
-  return {platform.console, platform.files, platform.actions};
+  test::Dialogue d;
+  EndlessRuns endlessRuns(d);
+  d.alsoTakes = &endlessRuns;
+  const std::string language = how.language == Language::Japanese ? "JPN" : "ENU",
+                    title = (how.byte & 0x10) != 0 ? "1" : "0";
+  d.platform.files["a.txt"] = source;
+  d.platform.files["zelvaro.ini"] = "[Mode]\nLangStr=" + language + "\nSimpleTitleIndex=" + title +
+                                    "\nFightFunc=" + std::string(how.family.name) + "\n";
+  std::vector<std::string> lines{"", "1", "a.txt"};
+  std::istringstream rest{std::string(typed)};
+  for (std::string line; lines.size() < kMostTyped && std::getline(rest, line);) lines.push_back(line);
+  d.run(lines);
+  return {d.platform.console, d.platform.files, d.platform.actions};
 }
 
 }  // namespace

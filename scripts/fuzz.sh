@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/fuzz.sh [SECONDS]: builds the fuzz targets and runs each of them for that time, 300 seconds where none
-# is given.  Fails on any finding, which then stands in build/fuzz/findings.
+# is given.  Fails on any finding, which is then in build/fuzz/findings.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh

@@ -28,4 +28,10 @@ need_to_build() {
   need g++ cmake ninja-build libfmt-dev libboost-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev
 }
 need_to_test() { need_to_build && need libgtest-dev libgmock-dev python3-jsonschema vim vim-tiny nano; }
+# What the tests of editors/ need besides: the packages of npm, as the lock file has them.
+need_to_test_editors() {
+  need python3
+  command -v npm >/dev/null || need nodejs npm
+  [ editors/npm/node_modules/.package-lock.json -nt editors/npm/package-lock.json ] || (cd editors/npm && npm ci)
+}
 need_clang() { need clang; }

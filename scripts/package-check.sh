@@ -28,7 +28,8 @@ cmake --install build/release --prefix "$scratch/prefix" >/dev/null
 
 for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz share/man/ja/man1/zelvaro-start.1.gz \
   share/doc/zelvaro/copyright share/doc/zelvaro/changelog.gz share/applications/zelvaro.desktop \
-  share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt; do
+  share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt \
+  share/vim/vimfiles/syntax/casl2.vim share/nano/casl2.nanorc share/zelvaro/vscode/package.json; do
   [ -e "$scratch/root/usr/$part" ] || fail "the package lacks $part"
   [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
@@ -43,7 +44,7 @@ cmake -S "$scratch/example" -B "$scratch/example/build" -DCMAKE_PREFIX_PATH="$sc
 [ "$("$scratch/example/build/echo" 2>/dev/null)" = Hello ] || fail "the example of the engine does not print its input"
 
 # Guides and samples are read on a terminal of 80 columns.
-widest=$(find docs/GUIDE.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
+widest=$(find docs/GUIDE.*.md docs/EDITORS.*.md workspace/src -type f ! -path '*/encodings/*' -exec env LC_ALL=C.UTF-8 wc -L {} + | sort -n | tail -1)
 [ "${widest% *}" -le 78 ] || fail "there is a line of $widest columns"
 
 # What the guides and the manual pages name is there.
@@ -52,7 +53,7 @@ for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUI
   sample=$scratch/root/usr/share/zelvaro/$name
   [ -d "$sample" ] || [ -e "$sample.txt" ] || fail "no sample $name"
 done
-for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/zelvaro.1 docs/man/ja/zelvaro.1 "$doc"/GUIDE.*.md); do
+for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/zelvaro.1 docs/man/ja/zelvaro.1 "$doc"/*.md); do
   [ -e "$scratch/root$path" ] || fail "no $path in the package"
 done
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws docs/session.svg, the picture of the README, from a real session.
+"""Makes docs/session.svg, the picture of the README, from a real session.
 
     scripts/session-picture.py [PROGRAM]      the program is build/release/zelvaro unless named
 

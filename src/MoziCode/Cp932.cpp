@@ -188,7 +188,7 @@ std::string fileTextAsUtf8(std::string_view bytes) {
   const bool little = bytes.starts_with(kUtf16LeMark);
   if (little || bytes.starts_with(kUtf16BeMark)) {
     std::u16string text;
-    const Utf16Units units(bytes, little);
+    const Utf16Units units(bytes, little ? ByteOrder::Little : ByteOrder::Big);
     for (std::size_t i = 1; i < units.size(); ++i) text += units[i];
     return toUtf8(text);
   }

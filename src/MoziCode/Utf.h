@@ -65,13 +65,15 @@ std::string_view firstBytes(std::string_view utf8, std::size_t most);
 /// UTF-8 text without spaces, tabs and full-width spaces at either end.
 std::string_view trimAnyBlanks(std::string_view utf8);
 
+enum class ByteOrder : std::uint8_t { Little, Big };
+
 /// The 16-bit units of UTF-16 text given as bytes; an odd byte at the end is ignored.
 class Utf16Units {
  public:
-  Utf16Units(std::string_view bytes, bool littleEndian)
+  Utf16Units(std::string_view bytes, ByteOrder order)
       : bytes_(reinterpret_cast<const unsigned char*>(bytes.data())),
         size_(bytes.size() / 2),
-        low_(littleEndian ? 0 : 1) {}
+        low_(order == ByteOrder::Little ? 0 : 1) {}
   std::size_t size() const { return size_; }
   char16_t operator[](std::size_t i) const {
     return static_cast<char16_t>(bytes_[2 * i + low_] | (bytes_[2 * i + (1 - low_)] << 8));

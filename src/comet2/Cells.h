@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace zelvaro {
 
@@ -27,21 +28,26 @@ class ZeroedArray {
   std::unique_ptr<T[], Free> data_;
 };
 
-/// An array of 32-bit cells with a common initial value, 0 or another.  Indexes are 0 to size - 1.
+/// An array of 32-bit cells with a common initial value, 0 or another.  Indexes are 0 to size - 1.  A move is a
+/// copy, so that no array is left without its cells.
 class Cells {
  public:
   Cells(std::size_t size, std::int32_t initial) : size_(size), initial_(initial), cells_(size) {}
-  Cells(const Cells& other) : Cells(other.size_, other.initial_) { copy(other); }
+  Cells(const Cells& other) : Cells(other.size_, other.initial_) {
+    std::copy_n(other.cells_.get(), other.touched_, cells_.get());
+    touched_ = other.touched_;
+  }
   Cells& operator=(const Cells& other) {
-    if (this == &other) return *this;
-    *this = Cells(other);
+    Cells copy(other);
+    std::swap(size_, copy.size_);
+    std::swap(initial_, copy.initial_);
+    std::swap(touched_, copy.touched_);
+    std::swap(cells_, copy.cells_);
     return *this;
   }
-  Cells(Cells&&) noexcept = default;
-  Cells& operator=(Cells&&) noexcept = default;
 
   std::size_t size() const { return size_; }
-  /// Resets every cell to the initial value.
+  /// The cells from this index on have never been used: they hold the initial value.
   std::size_t touched() const { return touched_; }
   std::int32_t operator[](std::size_t at) const { return at < touched_ ? cells_.get()[at] : initial_; }
   std::int32_t& operator[](std::size_t at) {
@@ -71,10 +77,6 @@ class Cells {
   void touch(std::size_t at) {
     if (initial_ != 0) std::fill(cells_.get() + touched_, cells_.get() + at + 1, initial_);
     touched_ = at + 1;
-  }
-  void copy(const Cells& other) {
-    std::copy_n(other.cells_.get(), other.touched_, cells_.get());
-    touched_ = other.touched_;
   }
 
   std::size_t size_;

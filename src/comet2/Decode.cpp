@@ -16,8 +16,6 @@ struct HandlerInfo {
   bool canBeFirst = false;   ///< another handler begins with this instruction
 };
 
-enum class Kind { Direct, Indexed, Register, Plain };
-
 constexpr HandlerInfo infoOf(Op op, Kind kind) {
   HandlerInfo info;
   info.words = kind == Kind::Direct || kind == Kind::Indexed ? 2 : 1;

@@ -11,6 +11,9 @@
 
 namespace zelvaro {
 
+/// The operand of an instruction: r,adr with x = 0 or indexed, r1,r2, or none but r.
+enum class Kind : std::uint8_t { Direct, Indexed, Register, Plain };
+
 /// What an entry executes.  Decode, 0, means that it must be decoded first.
 enum class Handler : std::uint8_t {
   Decode,

@@ -69,7 +69,12 @@ inline void CPL(const std::int32_t& r, std::int32_t m, Flags& f) {
   f = {unsignedWord(r) - unsignedWord(m), 0};
 }
 
-/// A shift by n = 0 to 65535.  Returns the new value of the register and sets the flags in `f`.
+/// LAD and the shifts take the value of the register and the effective address n, 0 to 65535.  They return the
+/// new value of the register; a shift sets the flags in `f`.
+
+inline std::int32_t LAD(std::int32_t, std::int32_t n, Flags&) {
+  return n;
+}
 
 inline std::int32_t sla550(std::int32_t r, std::int32_t n, Flags& f) {
   const std::int32_t v = unsignedWord(r);

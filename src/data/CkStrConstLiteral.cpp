@@ -34,8 +34,8 @@ template <class Char>
 bool IsStrConstClosedGL10(Assembly& a, const SrcData<Char>& line, std::size_t end) {
   const ViewOf<Char> text = line.OprndComStr;
   if (end < text.size()) {
-    const ViewOf<Char> behind = trimLeft(text.substr(end + 1));
-    if (behind.empty() || behind[0] == Char(',') || behind[0] == Char(';')) return true;
+    const ViewOf<Char> after = trimLeft(text.substr(end + 1));
+    if (after.empty() || after[0] == Char(',') || after[0] == Char(';')) return true;
   }
   a.cs.report(strConstOpen, line.Line, quote(text));
   return false;

@@ -20,7 +20,7 @@ constexpr Message oprndEmpty{
        .en = "A constant operand in decimal number is expected at the right side of the DS instruction. "}}}};
 
 // The fixed form reports the faults of the number one by one.
-constexpr Message textBehind{
+constexpr Message textAfterNumber{
     "ds-comment",
     Severity::Memo,
     Head::Line,
@@ -65,17 +65,18 @@ constexpr Message nonDigit{
       {.ja = "DS 命令に数字以外の文字がある。 ",
        .en = "There is non-numeral character in the operand of DS instruction. "}}}};
 
-constexpr Message commaBehind{"ds-comma",
-                              Severity::Warning,
-                              Head::Line,
-                              args(),
-                              {.ja = "DS 命令のオペランドの場合、数字の右に( ,) は不要。 空白でよい。",
-                               .en = "A comma is of no use at the end of the operand of DS assembler "
-                                     "instruction. It could be deleted. "},
-                              {{kNH,
-                                {.ja = "DS 命令の場合数字の右に , は不要です。 空白でよい。",
-                                 .en = "A comma is of no use at the end of the operand of DS instruction. "
-                                       "It could be deleted. "}}}};
+constexpr Message commaAfterNumber{
+    "ds-comma",
+    Severity::Warning,
+    Head::Line,
+    args(),
+    {.ja = "DS 命令のオペランドの場合、数字の右に( ,) は不要。 空白でよい。",
+     .en = "A comma is of no use at the end of the operand of DS assembler "
+           "instruction. It could be deleted. "},
+    {{kNH,
+      {.ja = "DS 命令の場合数字の右に , は不要です。 空白でよい。",
+       .en = "A comma is of no use at the end of the operand of DS instruction. "
+             "It could be deleted. "}}}};
 
 constexpr Message notANumber =
     selfCheck("self-ds-number", args("number"), "Prg. Error: Fail to wcstol(); buf={number}");
@@ -115,13 +116,13 @@ bool OprndAtDS(Assembly& a, SrcData<Char>& line) {
   const ViewOf<Char> number = text.substr(0, end);
   const ViewOf<Char> rest = trim(text.substr(end));
   if (a.family.explainsDsNumber && end < text.size() && isBlank(text[end]) && !rest.empty())
-    a.cs.report(textBehind, line.Line);
+    a.cs.report(textAfterNumber, line.Line);
   for (std::size_t i = 0; i < number.size(); ++i) {
     if (number[i] == Char('+') || isDigit(number[i])) continue;
     tellNonDigit(a, line.Line, number, i);
     return false;
   }
-  if (!rest.empty() && rest[0] == Char(',')) a.cs.report(commaBehind, line.Line);
+  if (!rest.empty() && rest[0] == Char(',')) a.cs.report(commaAfterNumber, line.Line);
   line.Oprnd[1] = number;
   line.Oprnd[2] = rest;
   return true;
@@ -173,7 +174,7 @@ template void SetMryInAtDS<char16_t>(Assembly&, int);
 template void SetMryInAtDS<char>(Assembly&, int);
 
 RowList rowsOfDS() {
-  return rows(oprndEmpty, textBehind, hexNumber, minusSign, nonDigit, commaBehind, notANumber,
+  return rows(oprndEmpty, textAfterNumber, hexNumber, minusSign, nonDigit, commaAfterNumber, notANumber,
               notANumberLater, overMachine, overStack);
 }
 

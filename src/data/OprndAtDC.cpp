@@ -24,7 +24,7 @@ constexpr Message commaTwice{"dc-comma-twice",
                              args("quote"),
                              {.ja = "{quote} コンマの連続 ", .en = "{quote} Duplication of comma. "}};
 
-constexpr Message blankBehindSign{
+constexpr Message blankAfterSign{
     "dc-blank-after-sign",
     Severity::Error,
     Head::Line,
@@ -36,7 +36,7 @@ constexpr Message blankBehindSign{
        .en = "A space after a sign mark(+, -) is found. \nDelete the space. "}},
      {kNarrow, {.ja = {}, .en = "There is a space after a sign mark(+, -). Remove off the space123. "}}}};
 
-constexpr Message blankBehindHexMark{
+constexpr Message blankAfterHexMark{
     "dc-blank-after-hash",
     Severity::Error,
     Head::Line,
@@ -115,11 +115,11 @@ Scan ckMozi(Assembly& a, int line, ViewOf<Char> text, std::size_t i) {
     return Scan::Fault;
   }
   if (isSign(c) && blankFollows) {
-    a.cs.report(blankBehindSign, line);
+    a.cs.report(blankAfterSign, line);
     return Scan::Fault;
   }
   if (c == Char('#') && blankFollows) {
-    a.cs.report(blankBehindHexMark, line);
+    a.cs.report(blankAfterHexMark, line);
     return Scan::Fault;
   }
   if (isBlank(c) && !isLast) {
@@ -162,7 +162,7 @@ template void dispatchDC<char16_t>(Assembly&, SrcData<char16_t>&);
 template void dispatchDC<char>(Assembly&, SrcData<char>&);
 
 RowList rowsOfOprndAtDC() {
-  return rows(oprndEmpty, commaTwice, blankBehindSign, blankBehindHexMark, commaAtEnd, constOrComment);
+  return rows(oprndEmpty, commaTwice, blankAfterSign, blankAfterHexMark, commaAtEnd, constOrComment);
 }
 
 }  // namespace zelvaro

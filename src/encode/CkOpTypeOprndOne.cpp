@@ -14,7 +14,7 @@ constexpr Message noFirstRegister{
     args("op"),
     {.ja = "{op} の右にレジスター名がない。",
      .en = "A general register(GR0-GR7) is expected at the right side of {op}. "}};
-constexpr Message nothingBehindRegister{
+constexpr Message nothingAfterRegister{
     "operand-missing",
     Severity::Error,
     Head::Line,
@@ -123,7 +123,7 @@ bool CkOpTypeOprndOneRegister(Assembly& a, SrcData<Char>& line) {
   const ViewOf<Char> first = line.Oprnd[1];
   if (first.empty()) a.cs.report(noFirstRegister, line.Line, mnemonicOf(line));
   if (beginsLikeRegister(first) && GRxLabelAll(a, line)) {
-    if (!endsInComma(first)) a.cs.report(nothingBehindRegister, line.Line, mnemonicOf(line));
+    if (!endsInComma(first)) a.cs.report(nothingAfterRegister, line.Line, mnemonicOf(line));
     return a.cs.ErrorKazu == 0;
   }
   a.cs.report(noRegister, line.Line, quote(first), mnemonicOf(line));
@@ -161,7 +161,7 @@ template bool CkOpTypeOprndOnePop<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool CkOpTypeOprndOnePop<char>(Assembly&, SrcData<char>&);
 
 RowList rowsOfCkOpTypeOprndOne() {
-  return rows(noFirstRegister, nothingBehindRegister, noRegister, registerInBranch, noBranchAddress,
+  return rows(noFirstRegister, nothingAfterRegister, noRegister, registerInBranch, noBranchAddress,
               noCallAddress, noPushAddress, noServiceNumber, serviceTakesAddress, noPopRegister,
               badPopRegister);
 }

@@ -80,7 +80,7 @@ void addressWay(Assembly& a, SrcData<Char>& line) {
 template <class Char>
 void encodeBoth(Assembly& a, SrcData<Char>& line) {
   const Instruction& row = instruction(opOf(line));
-  if (a.family.asksForOprndsOfLD && row.extra == OpExtra::TellsMissing) {
+  if (a.family.asksForOprndsOfLD && row.extra == OpExtra::MissingFirst) {
     if (line.Oprnd[1].empty()) return MissingFirstOprnd(a, line.Line);
     if (line.Oprnd[2].empty()) return MissingSecondOprnd(a, row.op, line.Line);
   }

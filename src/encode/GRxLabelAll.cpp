@@ -5,13 +5,13 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message commaBehindRegister{
+constexpr Message commaAfterRegister{
     "comma-missing",
     Severity::Error,
     Head::Line,
     args("GRn"),
     {.ja = "{GRn} の右にコンマが必要！", .en = "A comma is expected at the right side of {GRn}. "}};
-constexpr Message commaBehindPop{
+constexpr Message commaAfterPop{
     "pop-comma",
     Severity::Warning,
     Head::Line,
@@ -46,7 +46,7 @@ template <class Char>
 bool GRxLabelAll(Assembly& a, const SrcData<Char>& line) {
   const ViewOf<Char> GRn = registerInOprndOne(line);
   if (GRn.empty()) return false;
-  if (!endsInComma(line.Oprnd[1])) a.cs.report(commaBehindRegister, line.Line, plain(GRn));
+  if (!endsInComma(line.Oprnd[1])) a.cs.report(commaAfterRegister, line.Line, plain(GRn));
   return true;
 }
 
@@ -56,7 +56,7 @@ bool GRxLabelAll(Assembly& a, const SrcData<Char>& line, Op op) {
   if (GRn.empty()) return false;
   switch (instruction(op).form) {
     case OpForm::Single:
-      if (endsInComma(line.Oprnd[1])) a.cs.report(commaBehindPop, line.Line, plain(GRn));
+      if (endsInComma(line.Oprnd[1])) a.cs.report(commaAfterPop, line.Line, plain(GRn));
       break;
     case OpForm::Branch:
     case OpForm::InOut:
@@ -74,7 +74,7 @@ template bool GRxLabelAll<char16_t>(Assembly&, const SrcData<char16_t>&, Op);
 template bool GRxLabelAll<char>(Assembly&, const SrcData<char>&, Op);
 
 RowList rowsOfGRxLabelAll() {
-  return rows(commaBehindRegister, commaBehindPop, registerForAddress);
+  return rows(commaAfterRegister, commaAfterPop, registerForAddress);
 }
 
 }  // namespace zelvaro

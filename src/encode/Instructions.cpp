@@ -27,7 +27,7 @@ const std::unordered_map<std::uint64_t, Op>& opsByKey() {
 }  // namespace
 
 template <class Char>
-Op findOp(std::basic_string_view<Char> word, bool exitKnown) {
+Op findOp(std::basic_string_view<Char> word, Mnemonics known) {
   if (word.size() > kLongestMnemonic) return Op::Unknown;
   std::uint64_t key = 0;
   for (const Char c : word) {
@@ -36,11 +36,11 @@ Op findOp(std::basic_string_view<Char> word, bool exitKnown) {
   }
   const auto at = opsByKey().find(key);
   if (at == opsByKey().end()) return Op::Unknown;
-  if (instruction(at->second).opClass == OpClass::NhOnly && !exitKnown) return Op::Unknown;
+  if (instruction(at->second).opClass == OpClass::NhOnly && known != Mnemonics::WithEXIT) return Op::Unknown;
   return at->second;
 }
 
-template Op findOp(std::u16string_view, bool);
-template Op findOp(std::string_view, bool);
+template Op findOp(std::u16string_view, Mnemonics);
+template Op findOp(std::string_view, Mnemonics);
 
 }  // namespace zelvaro

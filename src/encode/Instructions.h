@@ -17,7 +17,7 @@ enum class Op : std::int16_t {
 enum class OpClass : std::uint8_t { Assembler, Machine, Macro, NhOnly };
 enum class OpForm : std::uint8_t { Both, Memory, Branch, Single, None, Data, Start, End, InOut, Regs };
 enum class SecondOprnd : std::uint8_t { No, Begins, Exact, Refuse7, Refuse9 };
-enum class OpExtra : std::uint8_t { None, TellsMissing, WarnsGR89, OwnRefusal, WarnsAlways };
+enum class OpExtra : std::uint8_t { None, MissingFirst, WarnsGR89, OwnRefusal, WarnsAlways };
 
 struct Instruction {
   Op op;
@@ -44,9 +44,12 @@ constexpr const Instruction& instruction(Op op) {
   return kInstructions[static_cast<std::size_t>(op)];
 }
 
-/// The row of a mnemonic, upper case and exact, or Op::Unknown.  EXIT is found only if `exitKnown`.
+/// Which mnemonics exist: EXIT exists in the fixed form only.
+enum class Mnemonics : std::uint8_t { Common, WithEXIT };
+
+/// The row of a mnemonic, upper case and exact, or Op::Unknown.
 template <class Char>
-Op findOp(std::basic_string_view<Char> word, bool exitKnown = false);
+Op findOp(std::basic_string_view<Char> word, Mnemonics known = Mnemonics::Common);
 
 /// DC or DS.
 constexpr bool isDcOrDs(Op op) {

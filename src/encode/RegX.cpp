@@ -36,7 +36,7 @@ constexpr Message indexIsGR0{
     Head::Line,
     args(),
     {.ja = "指標レジスターに GR0 は使えない。 ", .en = "GR0 cannnot be used as an index register. "}};
-constexpr Message commaBehindIndex{
+constexpr Message commaAfterIndex{
     "index-comma",
     Severity::Warning,
     Head::Line,
@@ -76,7 +76,7 @@ void putIndex(Assembly& a, SrcData<Char>& line, std::size_t n) {
     a.cs.report(indexIsGR0, line.Line);
     return;
   }
-  if (text.size() > 3 && text[3] == ',') a.cs.report(commaBehindIndex, line.Line);
+  if (text.size() > 3 && text[3] == ',') a.cs.report(commaAfterIndex, line.Line);
   line.Oprnd[n + 1] = emptied(line.Oprnd[n + 1]);
   line.Word1 |= firstWord(0, 0, registerNumber(text));
   line.word_kazu = 2;
@@ -114,7 +114,7 @@ template void RegX<char16_t>(Assembly&, SrcData<char16_t>&, int);
 template void RegX<char>(Assembly&, SrcData<char>&, int);
 
 RowList rowsOfRegX() {
-  return rows(commaWithoutIndex, indexWithoutComma, indexIsGR0, commaBehindIndex, noIndexRegister,
+  return rows(commaWithoutIndex, indexWithoutComma, indexIsGR0, commaAfterIndex, noIndexRegister,
               doubleComma);
 }
 

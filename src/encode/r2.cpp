@@ -6,7 +6,7 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message commaBehindSecond{
+constexpr Message commaAfterSecond{
     "second-register-comma",
     Severity::Warning,
     Head::Line,
@@ -16,7 +16,7 @@ constexpr Message commaBehindSecond{
            "空白以降はコメントとなる。 ",
      .en = "A comma is of no use at the right side of the 2nd operand register. \n"
            "The comma should be deleted or replaced a space or a semicolon."}};
-constexpr Message moreBehindSecond{
+constexpr Message moreAfterSecond{
     "second-register-more",
     Severity::Warning,
     Head::Line,
@@ -43,12 +43,12 @@ bool r2(Assembly& a, SrcData<Char>& line) {
   }
   if (second.size() == 4 && endsInComma(second)) {
     if (line.Oprnd[3].empty()) {
-      a.cs.report(commaBehindSecond, line.Line);
+      a.cs.report(commaAfterSecond, line.Line);
       return true;
     }
     line.Oprnd[2] = second.substr(0, 3);
     line.Oprnd[3] = emptied(line.Oprnd[3]);
-    a.cs.report(moreBehindSecond, line.Line);
+    a.cs.report(moreAfterSecond, line.Line);
     return true;
   }
   a.cs.report(badSecondRegister, line.Line, quote(second));
@@ -60,7 +60,7 @@ template bool r2<char16_t>(Assembly&, SrcData<char16_t>&);
 template bool r2<char>(Assembly&, SrcData<char>&);
 
 RowList rowsOfR2() {
-  return rows(commaBehindSecond, moreBehindSecond, badSecondRegister);
+  return rows(commaAfterSecond, moreAfterSecond, badSecondRegister);
 }
 
 }  // namespace zelvaro

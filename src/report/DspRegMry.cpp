@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr int kRowsBehindImage = 10;
+constexpr int kRowsAfterImage = 10;
 constexpr int kZerosThatEndTheStack = 4;
 constexpr int kSeparatorWidth = 35;
 constexpr int kYearBeforeEra = 2018;  ///< 2019 is the first year of Reiwa
@@ -103,7 +103,7 @@ class RegMryReport {
         b_(b),
         store_(store),
         endAdr_(isFixed() ? m.LastAdr : b.PrgEndAdr),
-        labels_(store.lines(), isFixed()),
+        labels_(store.lines(), isFixed() ? LabelOrder::OfAddresses : LabelOrder::OfLines),
         labelWidth_(labels_.longest(endAdr_, form_.firstLabelWidth)),
         column_(labelWidth_ > form_.leastLabelColumn ? labelWidth_ + 1 : form_.leastLabelColumn),
         countWidth_(decimalDigits(m.MaxExecCount) + 1) {}
@@ -206,7 +206,7 @@ void RegMryReport<Char>::memory(ReportText& out) {
   tableHead(out);
   const bool isBoundaryKnown =
       isFixed() || (!store_.vecPrg.empty() && store_.vecPrg.back().AbAdrAtEnd == b_.PrgEndAdr - 1);
-  int rows = endAdr_ + kRowsBehindImage;
+  int rows = endAdr_ + kRowsAfterImage;
   if (isFixed()) rows = std::min(rows, MaxMemoryDCDS);
   for (int adr = 0; adr < rows; ++adr) {
     row(out, adr);

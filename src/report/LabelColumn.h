@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,9 @@
 #include "source/SrcData.h"
 
 namespace zelvaro {
+
+/// The order in which the labelled lines are taken.
+enum class LabelOrder : std::uint8_t { OfLines, OfAddresses };
 
 /// The label column.  An address shows the labels of all lines that have it, in the order of the lines, but
 /// the search for them ends at the first labelled line with a higher address.  So a label is shown if no
@@ -24,7 +28,7 @@ class LabelColumn {
  public:
   using View = std::basic_string_view<Char>;
 
-  explicit LabelColumn(std::span<const SrcData<Char>> lines, bool byAddress = false);
+  explicit LabelColumn(std::span<const SrcData<Char>> lines, LabelOrder order = LabelOrder::OfLines);
 
   /// The labels of an address; none for an address outside of the machine.
   std::span<const View> at(int adr) const {
@@ -52,11 +56,11 @@ class LabelColumn {
 };
 
 template <class Char>
-LabelColumn<Char>::LabelColumn(std::span<const SrcData<Char>> lines, bool byAddress) {
+LabelColumn<Char>::LabelColumn(std::span<const SrcData<Char>> lines, LabelOrder order) {
   std::vector<const SrcData<Char>*> labelled;
   for (const SrcData<Char>& s : lines)
     if (!s.LabelStr.empty()) labelled.push_back(&s);
-  if (byAddress) {
+  if (order == LabelOrder::OfAddresses) {
     std::stable_sort(labelled.begin(), labelled.end(),
                      [](const auto* s, const auto* t) { return s->AbAdr < t->AbAdr; });
   }

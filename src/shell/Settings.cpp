@@ -145,10 +145,10 @@ Tree currentTree(TSession& s) {
 
 constexpr std::size_t kMostBytes = std::size_t{1} << 20;  ///< of a settings file
 
-/// Writes a file and syncs it to the disk before the rename.  Returns false, with the cause in `failure`.
-bool writeSynced(Platform& platform, const std::string& path, std::string_view bytes, bool replaces,
-                 FileFailure& failure) {
-  const auto file = platform.createFile(path, &failure, {.synced = true, .replaces = replaces});
+/// Writes a file.  Returns false, with the cause in `failure`.
+bool write(Platform& platform, const std::string& path, std::string_view bytes, FileWriting how,
+           FileFailure& failure) {
+  const auto file = platform.createFile(path, &failure, how);
   if (!file) return false;
   file->write(bytes);
   const bool done = file->commit();
@@ -161,7 +161,7 @@ void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   text.exceptions(std::ios::badbit);  // otherwise a lack of memory would silently cut the text
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
-  if (!writeSynced(s.platform, path, text.view(), true, failure))
+  if (!write(s.platform, path, text.view(), {.synced = true}, failure))
     report(s, doesNotWrite, path, failureWords(failure));
 }
 
@@ -179,7 +179,7 @@ void keepAside(TSession& s, const std::string& path, const std::string& bytes) {
   std::string kept;
   for (int i = 1; i <= kMostKept; ++i) {
     kept = path + ".bak" + (i > 1 ? std::to_string(i) : "");
-    if (writeSynced(s.platform, kept, bytes, false, failure)) {
+    if (write(s.platform, kept, bytes, {.synced = true, .replaces = false}, failure)) {
       report(s, keptAside, kept);
       return WriteDefaultIni(s, path);
     }

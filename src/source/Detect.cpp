@@ -107,10 +107,12 @@ void Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const
   code.CodeName = sjis ? "sjis" : "utf-8";
 }
 
-void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
-                    bool reports) {
-  if (DetBOM(sh, code, name, bytes).empty() && reports) Det_sjis(sh, code, name, bytes);
-  if (reports) {
+void DetectEncoding(TShellData& sh, const LoadRequest& request, const SourceBytes& bytes) {
+  const std::string& name = request.name;
+  MoziCodeData& code = request.code;
+  const bool hasMark = !DetBOM(sh, code, name, bytes).empty();
+  if (!hasMark && request.reportsEncoding) Det_sjis(sh, code, name, bytes);
+  if (request.reportsEncoding) {
     sh.report(readingAs, 0, name, code.CodeName);
   } else {
     sh.report(reading, 0, name);

@@ -55,7 +55,7 @@ bool openSource(Assembly& a, const LoadRequest& request, Open open) {
 
 bool loadDetecting(Assembly& a, const LoadRequest& request) {
   return openSource(a, request, [&](const SourceBytes& bytes) {
-    DetectEncoding(a.sh, request.code, request.name, bytes, request.reportsEncoding);
+    DetectEncoding(a.sh, request, bytes);
     const int page = request.code.CodePage;
     return page == 1200 || page == 1201 ? OpenFileUTF16toVecW(a, request.code, request.name, bytes)
                                         : OpenFileUTF8toVecW(a, request.code, request.name, bytes);

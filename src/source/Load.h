@@ -42,10 +42,18 @@ std::optional<std::string> FindSrcFile(TShellData& sh, Platform& platform);
 std::string DetBOM(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
 /// Decides between UTF-8 and Shift-JIS by counting, and fills the record.
 void Det_sjis(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes);
-/// Finds the encoding and reports it: DetBOM, then Det_sjis where it applies.  Without `reports` only the
-/// name of the file is reported, and a file without a mark keeps the encoding of the file before.
-void DetectEncoding(TShellData& sh, MoziCodeData& code, const std::string& name, const SourceBytes& bytes,
-                    bool reports);
+/// The input of the load stages.
+struct LoadRequest {
+  Platform& platform;
+  MoziCodeData& code;
+  const std::string& name;  ///< of the file, in the program's form
+  bool reportsEncoding;     ///< the detected encoding is printed
+};
+
+/// Finds the encoding and reports it: DetBOM, then Det_sjis where it applies.  Unless the request reports the
+/// encoding, only the name of the file is reported, and a file without a mark keeps the encoding of the file
+/// before.
+void DetectEncoding(TShellData& sh, const LoadRequest& request, const SourceBytes& bytes);
 
 /// Decodes UTF-8, or CP932 if the text is not UTF-8.  Appends to `out`; false, with the text of the failure,
 /// if a byte cannot be decoded in either.
@@ -68,14 +76,6 @@ bool OpenFileA(Assembly& a, const std::string& name, const SourceBytes& bytes);
 ///   bytes becomes several lines, each cut after its 80th byte, which is reported once.  Of a file of more
 ///   than 310 lines nothing is stored and the result is false.
 bool OpenFileChH(Assembly& a, const std::string& name, const SourceBytes& bytes);
-
-/// The input of the load stages.
-struct LoadRequest {
-  Platform& platform;
-  MoziCodeData& code;
-  const std::string& name;  ///< of the file, in the program's form
-  bool reportsEncoding;     ///< the detected encoding is printed
-};
 
 /// The load stages: each reads the file and runs the detection or the loader of its name.  False if nothing
 /// has been loaded.

@@ -63,7 +63,7 @@ constexpr Message smallLetter{
     {.ja = ": 演算子 {op} の中に小文字がある。", .en = "A lowercase letter is found. in {op}. "},
     {{kNarrow, {.ja = {}, .en = "A lowercase letter is found in '{op}'. "}},
      {kNH, {.ja = {}, .en = "There is a small letter in {op}. "}}}};
-constexpr Message commaBehindOpcode{
+constexpr Message commaAfterOpcode{
     "opcode-comma",
     Severity::Error,
     Head::Line,
@@ -91,7 +91,7 @@ bool RemoveNoOprndOpSemiColn(Assembly& a, const SrcData<Char>& line) {
 template <class Char>
 void AnalystOP(Assembly& a, const SrcData<Char>& line) {
   constexpr std::size_t kBuffer = 94;
-  if (line.OpStr.substr(0, kBuffer).back() == ',') a.cs.report(commaBehindOpcode, line.Line);
+  if (line.OpStr.substr(0, kBuffer).back() == ',') a.cs.report(commaAfterOpcode, line.Line);
 }
 
 template <class Char>
@@ -113,7 +113,7 @@ void CkOpStr(Assembly& a, int prg) {
       a.cs.report(opTooLong, line.Line, quote(line.OpStr));
       return;
     }
-    const Op op = findOp(line.OpStr, a.family.knowsEXIT);
+    const Op op = findOp(line.OpStr, a.family.knowsEXIT ? Mnemonics::WithEXIT : Mnemonics::Common);
     line.OpNr = static_cast<std::int16_t>(op);
     if (op != Op::Unknown) continue;
     explainUnknown(a, line);
@@ -125,7 +125,7 @@ template void CkOpStr<char16_t>(Assembly&, int);
 template void CkOpStr<char>(Assembly&, int);
 
 RowList rowsOfCkOpStr() {
-  return rows(notAnInstruction, opTooLong, fullWidthLetter, gluedSemicolon, smallLetter, commaBehindOpcode);
+  return rows(notAnInstruction, opTooLong, fullWidthLetter, gluedSemicolon, smallLetter, commaAfterOpcode);
 }
 
 }  // namespace zelvaro

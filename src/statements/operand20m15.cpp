@@ -18,12 +18,12 @@ constexpr Message literalNotClosed{
     {.ja = "{quote}: リテラル文字定数が正しく閉じていない。",
      .en = "{quote}: The literal string constant is not correctly closed. "},
     {{kNH, {.ja = {}, .en = "{quote}: This literal character constant is not correctly closed. "}}}};
-constexpr Message textBehindLiteral{"operand-literal-text",
-                                    Severity::Error,
-                                    Head::Line,
-                                    args("quote"),
-                                    {.ja = "{quote}: リテラル文字定数が正しく閉じていない。 ",
-                                     .en = "{quote}: A literal charcter constant is not correctly closed. "}};
+constexpr Message textAfterLiteral{"operand-literal-text",
+                                   Severity::Error,
+                                   Head::Line,
+                                   args("quote"),
+                                   {.ja = "{quote}: リテラル文字定数が正しく閉じていない。 ",
+                                    .en = "{quote}: A literal charcter constant is not correctly closed. "}};
 
 constexpr std::size_t kLastOprnd = 4;
 
@@ -120,7 +120,7 @@ class OprndScan {
       ++at_;
       return true;
     }
-    a_.cs.report(textBehindLiteral, line_.Line, quote(line_.Oprnd[0]));
+    a_.cs.report(textAfterLiteral, line_.Line, quote(line_.Oprnd[0]));
     return false;
   }
 
@@ -144,7 +144,7 @@ template void operand20m15<char16_t>(Assembly&, int);
 template void operand20m15<char>(Assembly&, int);
 
 RowList rowsOfOperand20m15() {
-  return rows(literalNotClosed, textBehindLiteral);
+  return rows(literalNotClosed, textAfterLiteral);
 }
 
 }  // namespace zelvaro

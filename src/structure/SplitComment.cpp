@@ -11,8 +11,8 @@ std::basic_string_view<Char> withoutComment(std::basic_string_view<Char> text) {
   if (first == text.npos) return text;
   const std::size_t quote = text.find(Char('\''));
   const bool before = quote == text.npos || first < quote;
-  const bool behind = text.rfind(Char(';')) == first && text.rfind(Char('\'')) < first;
-  return before || behind ? text.substr(0, first) : text;
+  const bool after = text.rfind(Char(';')) == first && text.rfind(Char('\'')) < first;
+  return before || after ? text.substr(0, first) : text;
 }
 
 }  // namespace

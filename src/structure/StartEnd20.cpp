@@ -159,7 +159,7 @@ std::vector<int> recordsWith(const LineStore<Char>& store, std::string_view keyw
   std::vector<int> found;
   int record = 0;
   for (const auto& line : store.lines()) {
-    if (holdsBehindBlank(line.SrcWork, keyword)) found.push_back(record);
+    if (holdsAfterBlank(line.SrcWork, keyword)) found.push_back(record);
     ++record;
   }
   return found;
@@ -227,7 +227,7 @@ void checkRet(Assembly& a) {
   for (const auto& prg : store.vecPrg) {
     ++ordinalNr;
     const bool ret = std::ranges::any_of(
-        store.linesWithEnd(prg), [](const auto& line) { return holdsBehindBlank(line.SrcWork, "RET"); });
+        store.linesWithEnd(prg), [](const auto& line) { return holdsAfterBlank(line.SrcWork, "RET"); });
     if (ret) continue;
     a.sh.report(noRet, prg.StartLine, ordinalNr, ordinal(ordinalNr));
     return;

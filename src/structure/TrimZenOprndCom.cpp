@@ -4,6 +4,7 @@
 // after its own.  It can then only change a run of spaces in a plain operand text, which each pass halves:
 // the store keeps a list of the lines that still have one, and only these are processed again.
 #include <algorithm>
+#include <cstdint>
 
 #include "structure/Structure.h"
 
@@ -22,6 +23,9 @@ TextClass textClass(std::basic_string_view<Char> op) {
   return TextClass::Other;
 }
 
+/// The spaces beside a comma.
+enum class AtCommas : std::uint8_t { Kept, Removed };
+
 /// A text that is built in the arena; its pieces are never longer than their sources.
 template <class Char>
 class Builder {
@@ -32,17 +36,16 @@ class Builder {
   void put(std::basic_string_view<Char> text) {
     for (const Char c : text) put(c);
   }
-  /// A piece outside quotes: a tab becomes a space, a run of spaces becomes one; with `commas` the spaces
-  /// beside a comma are removed.
-  void putCleaned(std::basic_string_view<Char> piece, bool commas) {
+  /// A piece outside quotes: a tab becomes a space, a run of spaces becomes one.
+  void putCleaned(std::basic_string_view<Char> piece, AtCommas spaces) {
     const std::size_t begin = size_;
     const auto endsIn = [&](Char c) { return size_ > begin && at_[size_ - 1] == c; };
     for (const Char c : piece) {
       if (isBlank(c)) {
-        if (!endsIn(Char(' ')) && !(commas && endsIn(Char(',')))) put(Char(' '));
+        if (!endsIn(Char(' ')) && !(spaces == AtCommas::Removed && endsIn(Char(',')))) put(Char(' '));
         continue;
       }
-      if (commas && c == Char(',') && endsIn(Char(' '))) --size_;
+      if (spaces == AtCommas::Removed && c == Char(',') && endsIn(Char(' '))) --size_;
       put(c);
     }
   }
@@ -54,7 +57,8 @@ class Builder {
 };
 
 template <class Char>
-bool isClean(std::basic_string_view<Char> piece, bool commas) {
+bool isClean(std::basic_string_view<Char> piece, AtCommas spaces) {
+  const bool commas = spaces == AtCommas::Removed;
   for (std::size_t i = 0; i < piece.size(); ++i) {
     if (!isBlank(piece[i])) continue;
     if (piece[i] == Char('\t')) return false;
@@ -70,7 +74,7 @@ bool isClean(std::basic_string_view<Char> piece, bool commas) {
 template <class Char>
 std::basic_string_view<Char> cleanPlain(TextArena<Char>& arena, std::basic_string_view<Char> text) {
   text = text.substr(0, text.find(Char(';')));
-  if (isClean(text, false)) return trim(text);
+  if (isClean(text, AtCommas::Kept)) return trim(text);
   Builder<Char> out(arena, text.size());
   std::size_t run = 0;
   for (const Char c : text) {
@@ -87,18 +91,18 @@ std::basic_string_view<Char> cleanPlain(TextArena<Char>& arena, std::basic_strin
 /// The text from the first to the last apostrophe is not changed.
 template <class Char>
 std::basic_string_view<Char> cleanQuoted(TextArena<Char>& arena, std::basic_string_view<Char> text,
-                                         bool commas) {
+                                         AtCommas spaces) {
   if (text.find(Char(';')) < text.find(Char('\''))) text = text.substr(0, text.find(Char(';')));
   const std::size_t first = std::min(text.find(Char('\'')), text.size());
-  const std::size_t behind = first == text.size() ? first : text.rfind(Char('\'')) + 1;
-  text = text.substr(0, text.find(Char(';'), behind));
+  const std::size_t end = first == text.size() ? first : text.rfind(Char('\'')) + 1;
+  text = text.substr(0, text.find(Char(';'), end));
   const auto front = text.substr(0, first);
-  const auto back = text.substr(behind);
-  if (isClean(front, commas) && isClean(back, commas)) return trim(text);
+  const auto back = text.substr(end);
+  if (isClean(front, spaces) && isClean(back, spaces)) return trim(text);
   Builder<Char> out(arena, text.size());
-  out.putCleaned(front, commas);
-  out.put(text.substr(first, behind - first));
-  out.putCleaned(back, commas);
+  out.putCleaned(front, spaces);
+  out.put(text.substr(first, end - first));
+  out.putCleaned(back, spaces);
   return trim(out.text());
 }
 
@@ -109,12 +113,12 @@ bool clean(TextArena<Char>& arena, SrcData<Char>& line) {
   switch (textClass(line.OpStr)) {
     case TextClass::Plain:
       line.OprndComStr = cleanPlain(arena, line.OprndComStr);
-      return !isClean(line.OprndComStr, false);
+      return !isClean(line.OprndComStr, AtCommas::Kept);
     case TextClass::Constant:
-      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, true);
+      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, AtCommas::Removed);
       break;
     case TextClass::AddressWord:
-      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, false);
+      line.OprndComStr = cleanQuoted(arena, line.OprndComStr, AtCommas::Kept);
       break;
     case TextClass::Other:
       break;

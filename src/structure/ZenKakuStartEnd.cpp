@@ -7,7 +7,7 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message spaceBehindStart{
+constexpr Message spaceAfterStart{
     "full-width-after-start",
     Severity::Error,
     Head::Line,
@@ -29,7 +29,7 @@ constexpr Message spaceBeforeStart{
            "A full-width space is not allowed to be used in casl2. \n"
            "A half-width space is allowed to be used in casl2. \n"
            "The full-width space should be deleted or replaced with a half-width space. "}};
-constexpr Message spaceBehindEnd{
+constexpr Message spaceAfterEnd{
     "full-width-after-end",
     Severity::Error,
     Head::Line,
@@ -147,12 +147,12 @@ void detSpace(Assembly& a, std::string_view word, const Message<1>& after, const
 
 template <class Char>
 void DetSTARTatZenKakuSpace(Assembly& a) {
-  detSpace<Char>(a, "START", spaceBehindStart, spaceBeforeStart);
+  detSpace<Char>(a, "START", spaceAfterStart, spaceBeforeStart);
 }
 
 template <class Char>
 void DetENDatZenKakuSpace(Assembly& a) {
-  detSpace<Char>(a, "END", spaceBehindEnd, spaceBeforeEnd);
+  detSpace<Char>(a, "END", spaceAfterEnd, spaceBeforeEnd);
 }
 
 template <class Char>
@@ -197,7 +197,7 @@ template void CkEnd_LR<char16_t>(Assembly&);
 template void CkEnd_LR<char>(Assembly&);
 
 RowList rowsOfZenKakuStartEnd() {
-  return rows(spaceBehindStart, spaceBeforeStart, spaceBehindEnd, spaceBeforeEnd, startThenSpace,
+  return rows(spaceAfterStart, spaceBeforeStart, spaceAfterEnd, spaceBeforeEnd, startThenSpace,
               spaceThenStart, endThenSemicolon, spaceThenEnd, endThenSpace);
 }
 

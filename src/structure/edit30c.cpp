@@ -6,7 +6,7 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message blankBehindSign{
+constexpr Message blankAfterSign{
     "literal-sign-blank",
     Severity::Error,
     Head::Line,
@@ -49,7 +49,7 @@ void edit30c(Assembly& a, int prg) {
     if (e == line.SrcWork.npos || e > line.SrcWork.find(Char('\''))) continue;
     line.SrcWork = closeUp(store.arena, line.SrcWork, e);
     if (!holdsSignAndBlank(line.SrcWork)) continue;
-    a.cs.report(blankBehindSign, line.Line, quote(line.SrcWork));
+    a.cs.report(blankAfterSign, line.Line, quote(line.SrcWork));
     return;
   }
 }
@@ -58,7 +58,7 @@ template void edit30c<char16_t>(Assembly&, int);
 template void edit30c<char>(Assembly&, int);
 
 RowList rowsOfEdit30c() {
-  return rows(blankBehindSign);
+  return rows(blankAfterSign);
 }
 
 }  // namespace zelvaro

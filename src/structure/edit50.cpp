@@ -9,7 +9,7 @@
 namespace zelvaro {
 namespace {
 
-constexpr Message blankBehindSign{
+constexpr Message blankAfterSign{
     "number-sign-blank",
     Severity::Error,
     Head::Line,
@@ -36,7 +36,7 @@ template <class Char>
 void edit50(Assembly& a, int prg) {
   for (const auto& line : a.store<Char>().linesBeforeEnd(a.program<Char>(prg))) {
     if (!isFaulty(line.SrcWork)) continue;
-    a.cs.report(blankBehindSign, line.Line, quote(line.SrcWork));
+    a.cs.report(blankAfterSign, line.Line, quote(line.SrcWork));
     return;
   }
 }
@@ -45,7 +45,7 @@ template void edit50<char16_t>(Assembly&, int);
 template void edit50<char>(Assembly&, int);
 
 RowList rowsOfEdit50() {
-  return rows(blankBehindSign);
+  return rows(blankAfterSign);
 }
 
 }  // namespace zelvaro

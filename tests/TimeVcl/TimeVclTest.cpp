@@ -7,29 +7,26 @@
 namespace zelvaro {
 namespace {
 
-TEST(TimeData, ClocksByNameAndNumber) {
-  TimeData t;
-  const std::pair<const char*, int> byName[] = {
-      {"QPC", 0}, {"std::chrono", 1}, {"std::clock()", 2}, {"qpc", 1}, {"", 1}};
-  for (const auto& [name, index] : byName) {
-    t.SetClockByName(name);
-    EXPECT_EQ(t.ClockName, name);
-    EXPECT_EQ(t.ClockIndex, index) << name;
-  }
-  const std::pair<int, const char*> byIndex[] = {
-      {0, "QPC"}, {1, "std::chrono"}, {2, "std::clock()"}, {3, "std::chrono"}, {-1, "std::chrono"}};
-  for (const auto& [index, name] : byIndex) {
-    t.SetClockByIndex(index);
-    EXPECT_EQ(t.ClockName, name);
-    EXPECT_EQ(t.ClockIndex, index == 0 || index == 2 ? index : 1);
-  }
-}
-
 /// A counter whose frequency is a test's choice.
 struct Counter : test::ScriptedPlatform {
   std::int64_t frequency = 1'000'000;
   std::int64_t performanceFrequency() override { return frequency; }
 };
+
+TEST(TimeData, ClocksByNameAndNumber) {
+  TimeData t;
+  for (const auto& [name, index] :
+       std::map<std::string, int>{{"QPC", 0}, {"std::clock()", 2}, {"qpc", 1}, {"", 1}}) {
+    t.SetClockByName(name);
+    EXPECT_TRUE(t.ClockName == name && t.ClockIndex == index) << name;
+  }
+  const std::map<int, std::string> names{
+      {0, "QPC"}, {1, "std::chrono"}, {2, "std::clock()"}, {3, "std::chrono"}, {-1, "std::chrono"}};
+  for (const auto& [index, name] : names) {
+    t.SetClockByIndex(index);
+    EXPECT_EQ(t.ClockName, name) << index;
+  }
+}
 
 TEST(Spans, AsTextAndAsNumber) {
   struct Case {
@@ -41,26 +38,19 @@ TEST(Spans, AsTextAndAsNumber) {
   const Case cases[] = {
       {0, 0, "1 micro second or less", "0.0"},
       {0, 999, "1 micro second or less", "0.9"},
-      {0, 1'000, "1.0 msec", "1.0"},
       {0, 12'399, "12.3 msec", "12.3"},
       {0, 999'999, "999.9 msec", "999.9"},
-      {0, 1'000'000, "1.000 sec", "1000.0"},
-      {0, 61'005'432, "61.005 sec", "61005.4"},
-      {0, -5, "1 micro second or less", "0.0"},
-      {0, 2, "666.6 msec", "666.6", 3},
+      {0, 1'000, "1.0 msec", "1.0"},
+      {0, 1'005'432, "1.005 sec", "1005.4"},
       {0, 4, "1.333 sec", "1333.3", 3},
       {0, 86'400'000'000'000, "86400.000 sec", "86400000.0", 1'000'000'000},
       {1, 9'999, "0 msec ", "0"},
       {1, 10'000, "1 msec", "1"},
-      {1, 9'999'999, "999 msec", "999"},
+      {1, -20'000, "0 msec ", "0"},  // a system clock that was set back
       {1, 10'000'000, "1.0 sec", "1000"},
       {1, 19'999'999, "1.9 sec", "1999"},
-      {1, 20'500'000, "2.0 sec", "2050"},
-      {1, -10'000, "0 msec ", "0"},
-      {2, 0, "0 msec", "0"},
       {2, 999, "999 msec", "999"},
       {2, 1'000, "1.000 sec", "1000"},
-      {2, 2'050, "2.050 sec", "2050"},
   };
   Counter platform;
   for (const Case& c : cases) {
@@ -73,28 +63,21 @@ TEST(Spans, AsTextAndAsNumber) {
     EXPECT_EQ(DetTimeDiff_General(t, platform, "RunTime"), c.text);
     EXPECT_EQ(DetTimeDiff_MilliSecStr_General(t, platform, "RunTime"), c.plain);
   }
-  EXPECT_EQ(platform.console, "");
 }
 
 TEST(Spans, EachNameHasItsStamps) {
-  test::ScriptedPlatform platform;
+  Counter platform;
   TimeData t;
   t.SetClockByIndex(2);
   t.StampClock = {1, 11, 111, 1'111, 5'000, 5'007};
   std::string spans;
-  for (const char* name : {"ReadFileTime", "AssembleTime", "LinkTime", "RunTime"})
+  for (const char* name : {"ReadFileTime", "AssembleTime", "LinkTime", "RunTime", "Run"})
     spans += DetTimeDiff_MilliSecStr_General(t, platform, name) + " ";
-  EXPECT_EQ(spans, "10 100 1000 7 ");
-  EXPECT_TRUE(DetTimeDiff_General(t, platform, "Run").starts_with("PrgError"));
-}
-
-TEST(Clocks, NoFrequencyAndAnUnknownClockAreReported) {
-  Counter platform;
+  EXPECT_EQ(spans, "10 100 1000 7 PrgError: unknown span ");
   platform.frequency = 0;
-  platform.ticks = 42'000;
-  TimeData t;
-  t.StampQPC = {1, 2, 3, 4, 5, 6};
+  t.ClockIndex = 0;
   EXPECT_EQ(DetTimeDiff_General(t, platform, "RunTime"), "1 micro second or less");
+  platform.ticks = 42'000;
   t.ClockIndex = 7;
   takeStamp(t, platform, Stamp::RunStart);
   EXPECT_EQ(t.StampClock[4], 42);

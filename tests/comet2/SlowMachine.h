@@ -1,18 +1,14 @@
-// The machine once more, slow and obvious: the tables of the instruction set as they stand, one instruction a
-// call.  The run loop is compared with it, in the tests and under the fuzzer.
+// The machine once more, slow and obvious: the tables of the instruction set as they are, one instruction a call.
+// Compared.h compares the run loop with it.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <optional>
-#include <string>
 #include <tuple>
 #include <vector>
 
 #include "comet2/Comet2.h"
 #include "comet2/Guards.h"
 #include "comet2/Services.h"
-#include "support/ScriptedPlatform.h"
 
 namespace zelvaro::test {
 
@@ -33,64 +29,47 @@ class SlowMachine {
   /// Runs to a stop, or until `steps` instructions have been executed.
   Stop run(std::int64_t steps) {
     emptyInputs_ = 0;
-    while (executed < steps)
-      if (const auto stop = step()) return *stop;
-    return Stop::Steps;
+    Stop stop = kGoesOn;
+    while (executed < steps && stop == kGoesOn) stop = step();
+    return stop;
   }
 
  private:
-  using Codes = std::initializer_list<int>;
-  static constexpr Codes kMemoryForms{0x10, 0x20, 0x21, 0x22, 0x23, 0x30, 0x31, 0x32, 0x40, 0x41};
-  static constexpr Codes kRegisterForms{0x14, 0x24, 0x25, 0x26, 0x27, 0x34, 0x35, 0x36, 0x44, 0x45};
-  static constexpr Codes kOtherAddressForms{0x11, 0x12, 0x50, 0x51, 0x52, 0x53, 0x70, 0x80, 0xF0};
-  static constexpr Codes kJumps{0x61, 0x62, 0x63, 0x64, 0x65, 0x66};
+  static constexpr Stop kGoesOn = Stop::Steps;
 
   static int u(int v) { return v & 0xFFFF; }
   static int s(int v) { return u(v) >= 0x8000 ? u(v) - 0x10000 : u(v); }
   int at(int adr) const { return m.Memory[static_cast<std::size_t>(adr)]; }
-  bool isOneOf(Codes codes) const { return std::find(codes.begin(), codes.end(), code_) != codes.end(); }
   std::int32_t& stack() { return m.StackArea[static_cast<std::size_t>(0xFFFF - m.SP)]; }
+  std::int32_t& count(int adr) { return m.ExecCount[static_cast<std::size_t>(adr)]; }
 
   /// One turn of the loop.
-  std::optional<Stop> step() {
+  Stop step() {
     if (m.PR > 65535) return Stop::End;
     if (m.PR > limit) return Stop::Pr;
-    const int cell = at(m.PR);
-    code_ = cell >> 8 & 0xFF;
-    r_ = static_cast<std::size_t>(cell >> 4 & 0xF);
-    x_ = static_cast<std::size_t>(cell & 0xF);
+    cell_ = at(m.PR);
+    code_ = cell_ >> 8 & 0xFF;
+    r_ = static_cast<std::size_t>(cell_ >> 4 & 0xF);
+    x_ = static_cast<std::size_t>(cell_ & 0xF);
     if (registerIsRefused()) return Stop::Register;
-    m.ExecCount[static_cast<std::size_t>(m.PR)] += 1;
+    count(m.PR) += 1;
     ++executed;
-    if (code_ == 0x71) return pop();
-    if (code_ == 0x81) return ret();
-    if (code_ == 0x88) return Stop::End;
-    if (isOneOf(kJumps)) {
-      jump();
-      return {};
-    }
-    if (isOneOf(kMemoryForms)) {
-      if (effAdr() > limit) return Stop::Load;
-      operation(at(m.EffAdr));
-    } else if (isOneOf(kRegisterForms)) {
-      operation(m.GR[x_]);
-    } else if (isOneOf(kOtherAddressForms)) {
-      if (const auto stop = withAddress(effAdr())) return stop;
-      if (code_ == 0x80) return {};
-    } else if (cell != 0) {
-      return code_ == 0 ? Stop::Nop : Stop::Unregistered;
-    }
-    m.PR += 1;
-    return {};
+    return isJump() ? jump() : isOperation() ? operation() : other();
+  }
+
+  bool isJump() const { return code_ >= 0x61 && code_ <= 0x66; }
+  /// The forms with memory and with a register differ in one bit.
+  bool isOperation() const {
+    const int code = code_ & 0xFB;
+    return code == 0x10 || (code >= 0x20 && code <= 0x23) || (code >= 0x30 && code <= 0x32) || code == 0x40 ||
+           code == 0x41;
   }
 
   /// Whether a field above 7 is one that the instruction reads.
   bool registerIsRefused() const {
-    if (r_ <= 7 && x_ <= 7) return false;
-    if (code_ == 0x00 || code_ == 0x81) return false;
-    if (code_ == 0x71) return r_ > 7;
-    if (isOneOf(kJumps) || isOneOf({0x70, 0x80, 0xF0})) return x_ > 7;
-    return true;
+    const bool readsNone = code_ == 0x00 || code_ == 0x81, pops = code_ == 0x71;
+    const bool readsXOnly = isJump() || code_ == 0x70 || code_ == 0x80 || code_ == 0xF0;
+    return !readsNone && ((r_ > 7 && !readsXOnly) || (x_ > 7 && !pops));
   }
 
   /// Moves PR to the second word.
@@ -104,16 +83,19 @@ class SlowMachine {
     m.Fsign = u(v) >= 0x8000;
   }
 
-  /// GR and an operand, of memory or of a register: the codes of the two differ in one bit.
-  void operation(int v) {
+  Stop operation() {
+    const bool ofRegister = (code_ & 0x04) != 0;
+    if (!ofRegister && effAdr() > limit) return Stop::Load;
+    const int v = ofRegister ? m.GR[x_] : at(m.EffAdr);
     const int code = code_ & 0xFB;
     int& gr = m.GR[r_];
+    m.PR += 1;
     m.Fovf = 0;
-    if (code == 0x40 || code == 0x41) {
+    if (code >= 0x40) {
       const auto read = code == 0x40 ? s : u;
       m.Fsign = read(gr) < read(v);
       m.Fzero = read(gr) == read(v);
-      return;
+      return kGoesOn;
     }
     int result = 0;
     if (code == 0x10) {
@@ -127,50 +109,54 @@ class SlowMachine {
       m.Fovf = result != gr;
     }
     setSignAndZero(result);
+    return kGoesOn;
   }
 
-  std::optional<Stop> withAddress(int adr) {
-    switch (code_) {
-      case 0x11:
-        return store(adr);
-      case 0x12:
-        m.GR[r_] = adr;
-        return {};
-      case 0x70:
-        return push(adr);
-      case 0x80:
-        m.OS += 1;
-        if (const auto stop = push(m.PR + 1)) return stop;
-        m.PR = adr;
-        return {};
-      case 0xF0:
-        return serve(adr);
-      default:
-        shift(adr);
-        return {};
+  Stop jump() {
+    const bool taken[] = {m.Fsign == 1, m.Fzero == 0, m.Fzero == 1, true, m.Fsign == 0 && m.Fzero == 0,
+                          m.Fovf == 1};
+    if (!taken[code_ - 0x61]) {
+      m.PR += 2;
+      return kGoesOn;
     }
+    const bool cuts = code_ == 0x62 || code_ == 0x64 || code_ == 0x66;
+    const int cut = effAdr(), uncut = u(at(m.PR)) + (x_ == 0 ? 0 : u(m.GR[x_]));
+    m.PR = cuts ? cut : uncut;
+    return kGoesOn;
   }
 
-  std::optional<Stop> serve(int number) {
-    const int read = SvcCall(m, services_, number);
-    if (number == kSvcIn) emptyInputs_ = read == kNoLine ? emptyInputs_ + 1 : 0;
-    if (emptyInputs_ < kMostEmptyInputs) return {};
+  Stop other() {
+    if (code_ == 0x00 && cell_ != 0) return Stop::Nop;
+    if (code_ == 0x71 && m.SP >= 0xFFFF) return Stop::EmptyStack;
+    if (code_ == 0x81) return ret();
+    if (code_ == 0x88) return Stop::End;
+    if (code_ == 0x71) m.GR[r_] = pop();
+    if (code_ != 0x00 && code_ != 0x71)
+      if (const Stop stop = withAddress(); stop != kGoesOn || code_ == 0x80) return stop;
     m.PR += 1;
-    return Stop::InputEnded;
+    return kGoesOn;
   }
 
-  std::optional<Stop> store(int adr) {
+  Stop withAddress() {
+    if (code_ == 0x11) return store(effAdr());
+    if (code_ == 0x12) return m.GR[r_] = effAdr(), kGoesOn;
+    if (code_ >= 0x50 && code_ <= 0x53) return shift(effAdr());
+    if (code_ == 0x70) return push(effAdr());
+    if (code_ == 0x80) return call(effAdr());
+    if (code_ == 0xF0) return serve(effAdr());
+    return Stop::Unregistered;
+  }
+
+  Stop store(int adr) {
     if (x_ != 0 && adr >= limit) return Stop::Store;
-    if (x_ != 0 && adr >= PrgEndAdr && warnings.empty())
-      warnings.emplace_back(adr, m.PR, m.ExecCount[static_cast<std::size_t>(m.PR - 1)]);
+    if (x_ != 0 && adr >= PrgEndAdr && warnings.empty()) warnings.emplace_back(adr, m.PR, count(m.PR - 1));
     m.Memory[static_cast<std::size_t>(adr)] = m.GR[r_];
-    return {};
+    return kGoesOn;
   }
 
   /// One place after the other.
-  void shift(int n) {
-    const bool left = code_ == 0x50 || code_ == 0x52;
-    const bool arithmetic = code_ == 0x50 || code_ == 0x51;
+  Stop shift(int n) {
+    const bool left = code_ == 0x50 || code_ == 0x52, arithmetic = code_ < 0x52;
     int w = u(m.GR[r_]);
     const int sign = w & 0x8000;
     m.Fovf = 0;
@@ -181,85 +167,46 @@ class SlowMachine {
     }
     setSignAndZero(w);
     m.GR[r_] = code_ == 0x52 ? u(w) : s(w);
+    return kGoesOn;
   }
 
-  void jump() {
-    const bool taken[] = {m.Fsign == 1, m.Fzero == 0, m.Fzero == 1, true, m.Fsign == 0 && m.Fzero == 0,
-                          m.Fovf == 1};
-    if (!taken[code_ - 0x61]) {
-      m.PR += 2;
-      return;
-    }
-    effAdr();
-    const int target = u(at(m.PR)) + (x_ == 0 ? 0 : u(m.GR[x_]));
-    m.PR = isOneOf({0x62, 0x64, 0x66}) ? u(target) : target;
-  }
-
-  std::optional<Stop> push(int value) {
+  Stop push(int value) {
     m.SP -= 1;
     if (0xFFFF - m.SP > 500) return Stop::Stack;
     stack() = value;
-    return {};
+    return kGoesOn;
   }
-  std::optional<Stop> pop() {
-    if (m.SP >= 0xFFFF) return Stop::EmptyStack;
-    m.GR[r_] = stack();
+  int pop() {
+    const int value = stack();
     m.SP += 1;
-    m.PR += 1;
-    return {};
+    return value;
   }
-  std::optional<Stop> ret() {
+  Stop call(int adr) {
+    m.OS += 1;
+    const Stop stop = push(m.PR + 1);
+    if (stop == kGoesOn) m.PR = adr;
+    return stop;
+  }
+  Stop ret() {
     if (m.OS == 0) return Stop::End;
     m.OS -= 1;
     if (m.SP > 0xFFFF) return Stop::Return;
-    m.PR = stack();
-    m.SP += 1;
-    return {};
+    m.PR = pop();
+    return kGoesOn;
+  }
+
+  Stop serve(int number) {
+    const int read = SvcCall(m, services_, number);
+    if (number == kSvcIn) emptyInputs_ = read == kNoLine ? emptyInputs_ + 1 : 0;
+    if (emptyInputs_ < kMostEmptyInputs) return kGoesOn;
+    m.PR += 1;
+    return Stop::InputEnded;
   }
 
   int emptyInputs_ = 0;  ///< IN in a row that have found no line any more
   Services services_;
-  int code_ = 0;
+  int cell_ = 0, code_ = 0;
   std::size_t r_ = 0, x_ = 0;
 };
-
-/// Watches stores as the families do that warn once a run, and says nothing.
-class SilentWatch : public StoreWatch {
- public:
-  SilentWatch(int PrgEndAdr, int limit) : StoreWatch(std::min(PrgEndAdr, limit)), limit_(limit) {}
-  bool st511(Tcomet2& m, std::int32_t effAdr, std::int32_t count) override {
-    if (effAdr >= limit_) return false;
-    warnings.emplace_back(effAdr, m.PR, count);
-    from_ = limit_;
-    return true;
-  }
-  std::vector<StoreWarned> warnings;
-
- private:
-  int limit_;
-};
-
-/// Lines for the INs of a run: none at all, plain ones, pairs of units, bytes that are no text.
-inline void typeSomething(ScriptedPlatform& platform) {
-  for (const char* line :
-       {"", "A", "abcdefgh", "日本語𠮷", "\xFF", "0123456789012345678901234567890123456789"})
-    platform.typed.emplace_back(line);
-}
-
-/// In what two machines differ, in words; empty where they are the same.
-inline std::string difference(Tcomet2& a, Tcomet2& b) {
-  const auto same = [](Cells& x, Cells& y) { return std::equal(x.begin(), x.end(), y.begin()); };
-  std::string out;
-  if (a.PR != b.PR) out += " PR";
-  if (a.SP != b.SP) out += " SP";
-  if (a.OS != b.OS) out += " OS";
-  if (a.EffAdr != b.EffAdr) out += " effective address";
-  if (a.GR != b.GR) out += " registers";
-  if (a.Fovf != b.Fovf || a.Fsign != b.Fsign || a.Fzero != b.Fzero) out += " flags";
-  if (a.StackArea != b.StackArea) out += " stack";
-  if (!same(a.Memory, b.Memory)) out += " memory";
-  if (!same(a.ExecCount, b.ExecCount)) out += " counts";
-  return out;
-}
 
 }  // namespace zelvaro::test

@@ -60,15 +60,14 @@ struct Assembled {
     return out;
   }
   /// Working text, label, opcode, operands with their comment, operand buffers of a record, as UTF-8.
-  std::string record(int nr) { return f.text == TextForm::Wide ? show(b.vecSrcW[nr]) : show(b.vecSrcA[nr]); }
-
- private:
-  template <class Char>
-  static std::string show(const SrcData<Char>& s) {
-    std::string out =
-        plain(s.SrcWork) + "|" + plain(s.LabelStr) + "|" + plain(s.OpStr) + "|" + plain(s.OprndComStr);
-    for (const ViewOf<Char> oprnd : s.Oprnd) out += "|" + plain(oprnd);
-    return out;
+  std::string record(int nr) {
+    const auto show = [](const auto& s) {
+      std::string out = plain(s.SrcWork);
+      for (const auto text : {s.LabelStr, s.OpStr, s.OprndComStr}) out += "|" + plain(text);
+      for (const auto oprnd : s.Oprnd) out += "|" + plain(oprnd);
+      return out;
+    };
+    return f.text == TextForm::Wide ? show(b.vecSrcW[nr]) : show(b.vecSrcA[nr]);
   }
 };
 

@@ -1,51 +1,14 @@
 #include "findings/Cases.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <set>
 
-#include "MoziCode/Utf.h"
+#include "support/Texts.h"
 
 namespace zelvaro::test {
 namespace {
-
-std::vector<std::string> fieldsOf(const std::string& text) {
-  std::vector<std::string> out;
-  for (std::size_t from = 0, end = 0; end != text.npos; from = end + 3) {
-    end = text.find(" | ", from);
-    const std::string field = text.substr(from, end - from);
-    const std::size_t first = std::min(field.find_first_not_of(' '), field.size());
-    out.push_back(field.substr(first, field.find_last_not_of(' ') + 1 - first));
-    if (end == text.npos) break;
-  }
-  return out;
-}
-
-/// Turns what \x and its like stand for into bytes, and repeats.
-std::string unescaped(const std::string& text) {
-  std::string out;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '{') {
-      const std::size_t end = text.find('}', i), colon = text.find(':', i);
-      const std::string part = unescaped(text.substr(colon + 1, end - colon - 1));
-      for (int times = std::stoi(text.substr(i + 1)); times > 0; --times) out += part;
-      i = end;
-    } else if (text[i] != '\\') {
-      out += text[i];
-    } else if (const char kind = text[++i]; kind == 'x' || kind == 'u') {
-      const std::size_t digits = kind == 'x' ? 2 : 4;
-      const int value = std::stoi(text.substr(i + 1, digits), nullptr, 16);
-      out += kind == 'x' ? std::string(1, static_cast<char>(value))
-                         : toUtf8(std::u16string(1, static_cast<char16_t>(value)));
-      i += digits;
-    } else {
-      out += kind == 'n' ? '\n' : kind == 't' ? '\t' : kind;
-    }
-  }
-  return out;
-}
 
 std::string bytesOf(const std::string& source) {
   const std::string bytes = unescaped(source);
@@ -54,17 +17,9 @@ std::string bytesOf(const std::string& source) {
 }
 
 Expectation expectationOf(const std::string& field) {
-  Expectation e;
-  e.found = field;
-  if (!field.starts_with("but ")) return e;
+  if (!field.starts_with("but ")) return {{}, field, ""};
   const std::size_t colon = field.find(": ");
-  for (std::size_t i = 4; i < colon;) {
-    const std::size_t end = std::min(field.find(' ', i), colon);
-    e.families.push_back(field.substr(i, end - i));
-    i = end + 1;
-  }
-  e.found = field.substr(colon + 2);
-  return e;
+  return {cut(field.substr(4, colon - 4), " "), field.substr(colon + 2), ""};
 }
 
 bool areWords(const std::string& field) {
@@ -73,13 +28,12 @@ bool areWords(const std::string& field) {
 
 Case caseOf(const std::vector<std::string>& fields, const std::map<std::string, std::string>& frames) {
   Case c;
-  std::string source = fields.at(1);
   c.runs = fields[0] == "run";
+  std::string source = fields.at(1);
   if (const auto frame = frames.find(fields[0]); frame != frames.end()) {
-    const std::size_t hole = frame->second.find("<line>");
-    const std::string before = unescaped(frame->second.substr(0, hole));
-    c.line = static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
-    source = frame->second.substr(0, hole) + source + frame->second.substr(hole + 6);
+    const auto around = cut(frame->second, "<line>");
+    c.line = static_cast<int>(cut(around[0], "\\n").size());
+    source = around[0] + source + around[1];
   }
   c.bytes = bytesOf(source);
   for (std::size_t i = 2; i < fields.size(); ++i) {
@@ -115,7 +69,7 @@ std::vector<Case> allCases() {
         frames[text.substr(0, equals)] = text.substr(equals + 3);
         continue;
       }
-      out.push_back(caseOf(fieldsOf(text), frames));
+      out.push_back(caseOf(cut(text, " | ", true), frames));
       out.back().file = file;
       out.back().lineOfFile = line;
     }

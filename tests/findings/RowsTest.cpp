@@ -77,92 +77,81 @@ Recorder sessions() {
 
 /// What no source reaches, since an earlier check refuses it: the stages are handed it.
 template <class Char>
-class Guards {
+class HandedOver {
  public:
-  using View = ViewOf<Char>;
-
-  Guards(FamilyId id, Recorder& all) : at_(family(id), "A START\n LD GR1,=5\n DC 'A'\n DS 1\n END\n", false) {
+  HandedOver(FamilyId id, Recorder& all)
+      : at_(family(id), "A START\n LD GR1,=5\n DC 'A'\n DS 1\n END\n", false) {
     at_.session.channel.add(all);
   }
+
   void linesThatAnEarlierCheckRefuses() {
-    CkHexConstG<Char>(a_, 0, 0, keep("#12G4"));
-    CkHexConstG<Char>(a_, 0, 0, keep("#12345"));
-    CkHexConstG<Char>(a_, 0, 0, keep("1234"));
+    for (const char* hex : {"#12G4", "#12345", "1234"}) CkHexConstG<Char>(a_, 0, 0, keep(hex));
     CkDecConstG<Char>(a_, 0, 0, keep("X"));
     SetLiteCharConstMryIn<Char>(a_, ld_, keep("='"));
     ld_.Oprnd.fill(keep(""));
-    CkAdrOperand<Char>(a_, ld_, 1);
-    CkAdrOperand<Char>(a_, ld_, 3);
+    for (const int n : {1, 3}) CkAdrOperand<Char>(a_, ld_, n);
     macro2<Char>(a_, ld_);
     macroR2<Char>(a_, ld_);
     a_.cs.clearTallies();
     InOut1<Char>(a_, ld_);
     ds_.Oprnd.fill(ds_.OprndComStr = keep("+"));
     SetMryInAtDS<Char>(a_, 0);
-    store_.vecOprndAtDC[0].ConstStr = keep("''");
-    SetMryInAtDC<Char>(a_, 0);
-    store_.vecOprndAtDC[0].ConstStr = keep("abc");
+    for (const char* constant : {"''", "abc"}) {
+      store_.vecOprndAtDC[0].ConstStr = keep(constant);
+      SetMryInAtDC<Char>(a_, 0);
+    }
     SetWordKazuAtDC<Char>(a_, store_[2]);
     ld_.OpNr = -1;
     AdrCk53<Char>(a_, 0);
-    store_[0].SrcStr = store_[0].SrcWork = keep(" START");
+    start_.SrcStr = start_.SrcWork = keep(" START");
     StartEnd<Char>(a_, 0);
     CkPrgName<Char>(a_, 0);
     for (const char* end : {"END\u3000", "\u3000END"}) {
-      store_[0].SrcWork = keep(end);
+      start_.SrcWork = keep(end);
       DetENDatZenKakuSpace<Char>(a_);
     }
   }
   void programsThatTheLinkRefuses() {
-    at_.session.m.Memory[0] = 1;
-    SetMemory10<Char>(a_, at_.session.m, 0);
+    Tcomet2& m = at_.session.m;
+    m.Memory[0] = 1;
+    SetMemory10<Char>(a_, m, 0);
     store_.vecOprndAtDC[0].DataType = ConstKind::Const;
-    SetMemory10<Char>(a_, at_.session.m, 0);
+    SetMemory10<Char>(a_, m, 0);
     store_.vecAdrConst[0].WordKazu = MaxMemory + 1;
-    Link31<Char>(a_, at_.session.m);
+    Link31<Char>(a_, m);
     ds_.word_kazu = MaxMemory + 1;
-    Link31<Char>(a_, at_.session.m);
-  }
-  void filesThatDoNotOpen() {
-    TSession& s = at_.session;
-    DetBOM(s.sh, s.moziCodeData, "", std::nullopt);
-    DetBOM(s.sh, s.moziCodeData, "a.txt", std::nullopt);
-    Det_sjis(s.sh, s.moziCodeData, "a.txt", std::nullopt);
-    reportStop(Stop::Return, s.m, s.channel);  // a POP stops before the stack is so empty
+    Link31<Char>(a_, m);
   }
   /// The scripted platform has none of these; tests/program plays them in real surroundings.
   void surroundings() {
     TSession& s = at_.session;
+    DetBOM(s.sh, s.moziCodeData, "", std::nullopt);
+    DetBOM(s.sh, s.moziCodeData, "a.txt", std::nullopt);
+    Det_sjis(s.sh, s.moziCodeData, "a.txt", std::nullopt);
     using Kind = FileFailure::Kind;
     for (const Kind kind : {Kind::NoMemory, Kind::Folder, Kind::NotRegular, Kind::TooLarge})
       EXPECT_TRUE(reportRefusal(s.sh, "a.txt", FileFailure{kind, ""}));
     EXPECT_FALSE(reportRefusal(s.sh, "a.txt", FileFailure{Kind::Missing, ""}));
-    for (const Stop stop : {Stop::InputEnded, Stop::NobodyThere}) reportStop(stop, s.m, s.channel);
+    for (const Stop stop : {Stop::Return, Stop::InputEnded, Stop::NobodyThere})
+      reportStop(stop, s.m, s.channel);
   }
 
  private:
-  View keep(std::string_view utf8) {
-    if constexpr (std::is_same_v<Char, char>) {
-      return store_.arena.keep(utf16ToCp932(toUtf16(utf8)));
-    } else {
-      return store_.arena.keep(toUtf16(utf8));
-    }
-  }
+  ViewOf<Char> keep(std::string_view utf8) { return store_.arena.keep(toUtf16(utf8)); }
 
   Assembled at_;
   Assembly a_{at_.session.sh, at_.session.cs, at_.session.b, family(at_.session.wording.family)};
   LineStore<Char>& store_ = a_.template store<Char>();
-  SrcData<Char>&ld_ = store_[1], &ds_ = store_[3];
+  SrcData<Char>&start_ = store_[0], &ld_ = store_[1], &ds_ = store_[3];
 };
 
 TEST(Rows, AreIssuedByACaseOrASessionOrTheirStageAlone) {
   Recorder all = sessions();
-  Guards<char16_t> wide(FamilyId::WP, all);
+  HandedOver<char16_t> wide(FamilyId::WP, all);
   wide.linesThatAnEarlierCheckRefuses();
-  wide.filesThatDoNotOpen();
   wide.surroundings();
-  Guards<char>(FamilyId::AP, all).programsThatTheLinkRefuses();
-  Guards<char>(FamilyId::NH, all).programsThatTheLinkRefuses();
+  HandedOver<char>(FamilyId::AP, all).programsThatTheLinkRefuses();
+  HandedOver<char>(FamilyId::NH, all).programsThatTheLinkRefuses();
   Codes issued;
   for (const Diagnostic& d : all.issued) issued.insert(d.row->code);
   for (const Case& c : allCases())

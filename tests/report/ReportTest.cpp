@@ -1,14 +1,12 @@
 // What the dialogues' reports do not show: the whole stack, states that no program leaves, an image of the
-// greatest size; and the label column against the search that it stands for.
+// greatest size; and the label column.
 #include <gtest/gtest.h>
-
-#include <random>
-#include <sstream>
 
 #include "report/LabelColumn.h"
 #include "report/Report.h"
 #include "support/Recorder.h"
 #include "support/ScriptedPlatform.h"
+#include "support/Texts.h"
 
 namespace zelvaro {
 namespace {
@@ -39,32 +37,24 @@ class ReportTest : public ::testing::Test {
   }
   /// The lines after the first that begins with `from`, up to one that begins with `to`.
   std::vector<std::string> linesBetween(const std::string& from, const std::string& to) {
-    std::vector<std::string> out;
-    std::istringstream text(write());
-    bool inside = false;
-    for (std::string l; std::getline(text, l);) {
-      if (inside && l.starts_with(to)) break;
-      if (inside) out.push_back(l);
-      inside = inside || l.starts_with(from);
-    }
-    return out;
+    const std::string& text = write();
+    const std::size_t begin = text.find('\n', text.find("\n" + from) + 1) + 1;
+    return test::cut(text.substr(begin, text.find("\n" + to, begin) - begin), "\n");
   }
-  std::vector<std::string> stackRows() { return linesBetween("The Stack Pointer", "no such line"); }
 };
 
 TEST_F(ReportTest, StackRowsEndAfterFourZerosInARow) {
+  const auto rows = [this] { return linesBetween("The Stack Pointer", "//--"); };
   line(u"", 0x8100);
-  const std::size_t none = stackRows().size();
+  EXPECT_EQ(rows().size(), 5u);
   m.StackArea[1] = 65;
-  EXPECT_EQ(stackRows().size(), none + 2);
-  EXPECT_EQ(stackRows().at(5), "#FFFE:65534:      : 'A':#0041:   65:   +65: 0000 0000 0100 0001:");
-  m.StackArea[5] = 66;  // after three zeros
-  EXPECT_EQ(stackRows().size(), none + 6);
+  m.StackArea[5] = 66;   // after three zeros
   m.StackArea[10] = 67;  // after four: not seen
-  EXPECT_EQ(stackRows().size(), none + 6);
+  EXPECT_EQ(rows().size(), 11u);
+  EXPECT_EQ(rows().at(9), "#FFFE:65534:      : 'A':#0041:   65:   +65: 0000 0000 0100 0001:");
   m.StackArea.fill(1);
-  EXPECT_EQ(stackRows().size(), none + 496);
-  EXPECT_EQ(stackRows().front().substr(0, 12), "#FE0B:65035:");
+  EXPECT_EQ(rows().size(), 501u);
+  EXPECT_EQ(rows().front().substr(0, 12), "#FE0B:65035:");
 }
 
 TEST_F(ReportTest, NoDashedLineWithoutTheEndOfTheLastProgramAndStrangeFlags) {
@@ -96,49 +86,32 @@ TEST_F(ReportTest, GreatestImage) {
   }
 }
 
-/// The labels of an address, as the walk over all lines finds them.
-std::vector<std::string_view> search(const std::vector<SrcDataA>& lines, int adr) {
-  std::vector<std::string_view> found;
-  for (const SrcDataA& s : lines) {
-    if (s.LabelStr.empty()) continue;
-    if (s.AbAdr > adr) break;
-    if (s.AbAdr == adr) found.push_back(s.LabelStr);
+// A walk over all lines finds the labels of an address; it ends at the first labelled line with a higher one.
+TEST(LabelColumn, ShowsWhatTheWalkFinds) {
+  std::vector<SrcDataA> lines;
+  for (const auto& [label, adr] : {std::pair{"A", 0},
+                                   {"B2", 0},
+                                   {"", 9},
+                                   {"ABC", 3},
+                                   {"LOW", 2},
+                                   {"DEFG", 3},
+                                   {"", 3},
+                                   {"NOOP", 0},
+                                   {"LAST", 5},
+                                   {"BEYOND", kMemoryCells}}) {
+    SrcDataA& line = lines.emplace_back();
+    line.LabelStr = label;
+    line.AbAdr = adr;
   }
-  return found;
-}
-SrcDataA labelAt(std::string_view label, int adr) {
-  SrcDataA s;
-  s.LabelStr = label;
-  s.AbAdr = adr;
-  return s;
-}
-
-TEST(LabelColumn, AgreesWithTheSearch) {
-  constexpr std::string_view names[] = {"A", "B2", "LOOP", "", "ABCDEFGH", "X"};
-  std::mt19937 random(20);
-  for (int table = 0; table < 2000 && !::testing::Test::HasFailure(); ++table) {
-    std::vector<SrcDataA> lines;
-    int adr = 0;
-    for (auto n = random() % 40; n > 0; --n) {
-      const auto kind = random() % 10;
-      // mostly rising; a line without an opcode stays at 0, a program of odd addresses jumps about
-      const int at = kind == 0 ? 0 : kind == 1 ? static_cast<int>(random() % 60) : adr;
-      lines.push_back(labelAt(names[random() % std::size(names)], at));
-      adr += static_cast<int>(random() % 3);
-    }
-    if (table % 50 == 0) lines.push_back(labelAt("BEYOND", kMemoryCells));
-    const LabelColumn<char> column{std::span<const SrcDataA>(lines)};
-    for (adr = -1; adr < 100; ++adr) {
-      const auto labels = column.at(adr);
-      EXPECT_EQ(std::vector(labels.begin(), labels.end()), search(lines, adr)) << "address " << adr;
-    }
+  const LabelColumn<char> column{std::span<const SrcDataA>(lines)}, sorted{lines, true};
+  const std::vector<std::string> expected{"A B2 ", "", "", "ABC DEFG ", "", "LAST ", ""};
+  for (int adr = -1; adr < 7; ++adr) {
+    std::string shown;
+    for (const std::string_view label : column.at(adr)) shown += std::string(label) + " ";
+    EXPECT_EQ(shown, adr < 0 ? "" : expected[static_cast<std::size_t>(adr)]) << adr;
   }
-}
-
-TEST(LabelColumn, WidthIsThatOfTheJoinedTextBelowTheEnd) {
-  const std::vector<SrcDataA> lines{labelAt("ABC", 1), labelAt("DEF", 1), labelAt("ABCDEFGH", 2)};
-  const LabelColumn<char> column{std::span<const SrcDataA>(lines)};
-  EXPECT_TRUE(column.longest(3, 5) == 8 && column.longest(2, 5) == 7 && column.longest(1, 5) == 5);
+  EXPECT_TRUE(column.longest(4, 5) == 8 && column.longest(3, 3) == 4 && column.longest(3, 5) == 5);
+  EXPECT_EQ(sorted.at(0).size() + sorted.at(2).size(), 4u) << "the fixed form sorts them first";
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
-// Two hundred commands in one process: what each run shows and writes is what a fresh process shows and
-// writes.  A seeded row of commands, so that a failure comes again.
+// Two hundred commands in one process: what each run shows and writes is what a fresh process shows and writes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <regex>
-#include <set>
 
 #include "whole/Dialogue.h"
 
@@ -55,56 +54,51 @@ std::vector<std::string> play(const std::vector<Command>& commands) {
   // a name that was not found leaves the encoding of the last file.
   const std::regex kept(
       "\n(アセンブルされた|実行後の)|\n\n(\\*\\* )?Press (your )?Enter.*\n|(\n\\* Reading    |\n''    ).*");
-  std::vector<std::string> out;
+  std::vector<std::string> out(commands.size());
   for (std::size_t i = 0; i < commands.size(); ++i) {
-    out.emplace_back();
     for (std::size_t at = ends[i] - commands[i].typed.size() + 1; at <= ends[i]; ++at) {
       auto& [text, files] = d.platform.answers[at];
-      out.back() += std::regex_replace(text, kept, "");
-      for (const char* report : kReports) out.back() += files[report];
+      out[i] += std::regex_replace(text, kept, "");
+      for (const char* report : kReports) out[i] += files[report];
     }
   }
   return out;
 }
 
-std::vector<Command> commandsOf(std::uint32_t seed) {
-  std::vector<std::string> names{"nothing there"}, pile;  // every source comes before one comes again
-  for (const auto& [name, text] : sources()) names.push_back(name);
-  std::mt19937 random(seed);
+std::vector<Command> randomCommands() {
+  std::mt19937 random(20261122);
+  std::vector<std::string> pile;
   std::vector<Command> out;
   std::string language = "ENU";
   while (out.size() < 200) {
     if (random() % 4 == 0) language = language == "ENU" ? "JPN" : "ENU";
-    const auto kind = random() % 16;
-    if (kind < 3) {
+    if (random() % 5 == 0) {
       const std::vector<std::string> lines[] = {
           {"x", "4", "src"}, {"6", "", "2"}, {"7", "33", "7", "2", "3"}};
-      out.push_back({lines[kind].back(), language, lines[kind]});
+      out.push_back({"menu", language, lines[random() % 3]});
       continue;
     }
-    if (pile.empty()) pile = names;
-    std::swap(pile[random() % pile.size()], pile.back());
-    const std::string name = pile.back();
+    if (pile.empty()) {  // every source comes before one comes again
+      pile = {"nothing there"};
+      for (const auto& [name, text] : sources()) pile.push_back(name);
+      std::shuffle(pile.begin(), pile.end(), random);
+    }
+    Command c{pile.back(), language, {"1", pile.back()}};
     pile.pop_back();
-    out.push_back({name, language, {"1", name}});
     // an answer where warnings ask, a line where IN reads
-    if (name == "comma.txt" || name == "svc.txt")
-      out.back().typed.emplace_back(random() % 2 == 0 ? "1" : "2");
-    if (name.ends_with("ex14read.txt")) out.back().typed.insert(out.back().typed.end(), {"12", "-30"});
-    if (name.ends_with("ex03echo.txt")) out.back().typed.emplace_back(random() % 2 == 0 ? "Ada" : "山田");
+    if (c.name == "comma.txt" || c.name == "svc.txt") c.typed.emplace_back(random() % 2 == 0 ? "1" : "2");
+    if (c.name.ends_with("ex14read.txt")) c.typed.insert(c.typed.end(), {"12", "-30"});
+    if (c.name.ends_with("ex03echo.txt")) c.typed.emplace_back(random() % 2 == 0 ? "Ada" : "山田");
+    out.push_back(c);
   }
   return out;
 }
 
 TEST(LongSession, LeavesNothingFromRunToRun) {
-  const std::vector<Command> commands = commandsOf(20261122);
+  const std::vector<Command> commands = randomCommands();
   const std::vector<std::string> session = play(commands);
-  std::set<std::string> tried;
-  for (std::size_t i = 0; i < commands.size(); ++i) {
+  for (std::size_t i = 0; i < commands.size(); ++i)
     EXPECT_EQ(session[i], play({commands[i]}).front()) << "command " << i + 1 << ", " << commands[i].name;
-    tried.insert(commands[i].name);
-  }
-  for (const auto& [name, text] : sources()) EXPECT_TRUE(tried.contains(name)) << name;
 }
 
 }  // namespace

@@ -28,13 +28,12 @@ std::string work(const std::string& language) {
 
 TEST(Threads, TwoSessionsAtOnceShowWhatEachShowsAlone) {
   const std::string alone[] = {work("JPN"), work("ENU")};
-  std::string atOnce[2];
-  std::thread first([&] { atOnce[0] = work("JPN"); });
-  std::thread second([&] { atOnce[1] = work("ENU"); });
-  first.join();
-  second.join();
-  EXPECT_EQ(atOnce[0], alone[0]);
-  EXPECT_EQ(atOnce[1], alone[1]);
+  std::string first, second;
+  std::thread thread([&] { first = work("JPN"); });
+  second = work("ENU");
+  thread.join();
+  EXPECT_EQ(first, alone[0]);
+  EXPECT_EQ(second, alone[1]);
   EXPECT_NE(alone[0], alone[1]);
 }
 
