@@ -9,7 +9,7 @@ declare const __ROOT__: string;
 export const ROOT = __ROOT__;
 export const FILE = path.join(ROOT, "build/web/zelvaro.html");
 
-export interface Options {
+export interface OpenOptions {
   language?: "ja-JP" | "en-US";
   width?: number;
   height?: number;
@@ -32,7 +32,7 @@ const ARGS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "
               "--disable-background-networking", "--disable-component-update", "--disable-sync"];
 
 /** Each call has a browser of its own, with a new profile. */
-export async function openPage(options: Options = {}): Promise<Opened> {
+export async function openPage(options: OpenOptions = {}): Promise<Opened> {
   const profile = await mkdtemp(path.join(tmpdir(), "zelvaro-web-"));
   const context = await chromium.launchPersistentContext(profile, {
     executablePath: "/usr/bin/chromium",

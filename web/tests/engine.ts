@@ -10,6 +10,11 @@ export const ROOT = __ROOT__;
 
 const SHIM = `const { parentPort } = require("node:worker_threads");
 globalThis.self = { postMessage: (m) => parentPort.postMessage(m), onmessage: null };
+// a port of node takes up to a thousand messages before it looks at another one
+globalThis.MessageChannel = class {
+  port1 = {};
+  port2 = { postMessage: () => setImmediate(() => this.port1.onmessage()) };
+};
 parentPort.on("message", (data) => self.onmessage({ data }));
 `;
 
