@@ -1,7 +1,7 @@
 // The buttons of a run, what state it is in, and the lines that an endless one executes most.
 import { el, icon, setText } from "./dom.js";
 import type { Editor } from "./editor.js";
-import { labelled, languageChanged, t } from "./language.js";
+import { labelled, languageChanged, t, words } from "./language.js";
 import { announce } from "./live.js";
 import type { Runner } from "./run.js";
 import { keepSettings, settings } from "./settings.js";
@@ -42,12 +42,16 @@ export class Controls {
     this.node.append(this.speedControl(), this.status, this.hot);
     runner.changed.on(() => this.show());
     languageChanged.on(() => this.show());
-    runner.rested.on(() => announce(this.stateText()));
+    runner.rested.on((state) => {
+      const why = state.messages.map((message) => words(message.text).trim());
+      announce([this.stateText(), ...why].join(" "));
+    });
     this.show();
   }
 
   private button(action: Action, act: (action: Action) => void): HTMLButtonElement {
-    const caption = el("span", { class: action === "run" ? "caption" : "caption is-short" });
+    const isUsual = action === "step" || action === "stepBack";
+    const caption = el("span", { class: action === "run" ? "caption" : isUsual ? "caption is-short" : "caption is-rare" });
     const button = el("button", { type: "button", class: action === "run" ? "primary run" : "tool", "data-action": action });
     button.append(icon(pictures[action] ?? ""), caption);
     button.addEventListener("click", () => {
@@ -56,6 +60,7 @@ export class Controls {
     const name = (): void => {
       setText(caption, t(action));
       button.title = `${t(action)} (${keysOf(action)})`;
+      button.setAttribute("aria-label", t(action));
     };
     languageChanged.on(name);
     name();
@@ -108,6 +113,7 @@ export class Controls {
     button.dataset["shows"] = action + t(action);
     button.replaceChildren(icon(pictures[action] ?? ""), el("span", { class: "caption" }, t(action)));
     button.title = `${t(action)} (${keysOf("run")})`;
+    button.setAttribute("aria-label", t(action));
   }
 
   /// The lines that a long run executes most, during it and after it was paused.

@@ -14,6 +14,10 @@ export class TextDocument {
   /// The encoding that the file was read in, as the core names it; empty for a text that was no file.
   encodingName = "";
   readonly changed = new Emitter<void>();
+  /// Another text has taken the place of the one before.
+  readonly replaced = new Emitter<void>();
+  /// How the file ends its lines; the editor has line feeds only.
+  private lineEnd = "\n";
   /// As it was opened or saved last.
   private saved = skeleton;
   private timer = 0;
@@ -32,6 +36,7 @@ export class TextDocument {
     const kept = keptText();
     if (kept) this.name = kept.name;
     this.editor.text = kept?.text ?? skeleton;
+    if (kept?.isSaved) this.saved = this.editor.text;
     this.changed.emit();
   }
 
@@ -44,10 +49,17 @@ export class TextDocument {
     if (this.hasChanges && this.editor.text !== text && !(await mayReplace(name))) return false;
     this.name = name;
     this.encodingName = encodingName;
+    this.lineEnd = text.includes("\r\n") ? "\r\n" : "\n";
+    this.replaced.emit();
     this.editor.text = text;
     this.markSaved();
     this.editor.focus();
     return true;
+  }
+
+  /// The text with the line ends of its file.
+  get fileText(): string {
+    return this.editor.text.replace(/\n/g, this.lineEnd);
   }
 
   markSaved(): void {
@@ -62,7 +74,7 @@ export class TextDocument {
   }
 
   private keep(): void {
-    const isKept = keepText({ name: this.name, text: this.editor.text });
+    const isKept = keepText({ name: this.name, text: this.editor.text, isSaved: !this.hasChanges });
     if (!isKept && !this.warned) showNotice(t("notKept"), true);
     this.warned = !isKept;
   }

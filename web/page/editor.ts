@@ -119,7 +119,7 @@ export class Editor {
         Completions: t("cmCompletions"),
         "Diagnostics": t("faults"),
       }),
-      EditorView.contentAttributes.of({ "aria-label": t("editor"), spellcheck: "false", autocapitalize: "off" }),
+      EditorView.contentAttributes.of({ "aria-label": t("editor"), tabindex: "0", spellcheck: "false", autocapitalize: "off" }),
     ];
   }
 

@@ -21,7 +21,7 @@ export const editorTheme = EditorView.theme({
   ".tok-register": { color: "var(--code-register)" },
   ".tok-number": { color: "var(--code-number)" },
   ".tok-string": { color: "var(--code-string)" },
-  ".tok-comment": { color: "var(--code-comment)", fontStyle: "italic" },
+  ".tok-comment": { color: "var(--code-comment)" },
 
   ".cm-wide": {
     backgroundColor: "var(--wide)",

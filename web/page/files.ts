@@ -55,7 +55,7 @@ export class Files {
   }
 
   async save(encoding: "utf-8" | "cp932"): Promise<void> {
-    const { bytes, lacking } = await this.engine.call("encode", { text: this.editor.text, encoding });
+    const { bytes, lacking } = await this.engine.call("encode", { text: this.text.fileText, encoding });
     if (lacking.length > 0) return this.showLacking(lacking);
     const { name } = this.text;
     download(name, [bytes as BlobPart], "text/plain");

@@ -43,6 +43,7 @@ class Page {
   async begin(): Promise<void> {
     this.layOut();
     new Follower(this.engine, this.editor, this.runner, this.checker);
+    this.text.replaced.on(() => void this.runner.forget());
     this.editor.marginClicked.on((line) => void this.toggleBreakpoint(line));
     listenForKeys((action) => this.act(action));
     window.addEventListener("hashchange", () => void this.openLink());
@@ -125,7 +126,7 @@ class Page {
     if (!fragment) return showNotice(t("linkTooLarge"), true);
     const link = location.href.replace(/#.*$/s, "") + fragment;
     const field = el("textarea", { readonly: true, rows: 5, class: "link-field" }, link);
-    labelled(field, "linkTitle", "aria-label");
+    field.setAttribute("aria-label", t("linkTitle"));
     try {
       await navigator.clipboard.writeText(link);
       showNotice(t("linkCopied"));

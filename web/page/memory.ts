@@ -92,6 +92,7 @@ export class Memory {
   private async refresh(toPr = false): Promise<void> {
     if (toPr && this.runner.state) this.scrollTo(this.runner.state.pr);
     this.again = true;
+    if (this.runner.loaded === null) this.rows.replaceChildren();
     if (this.busy || this.runner.loaded === null) return;
     this.busy = true;
     try {
@@ -130,7 +131,7 @@ export class Memory {
       node.className = "memory-row" + (isPr ? " is-pr" : "") + (changed.has(row.address) ? " is-changed" : "");
       node.classList.toggle("is-selected", row.address === this.selected);
       const cells = { ...views, memoryLabel: row.label, count: row.count ? shortCount(row.count) : "", statement: row.statement };
-      const texts = { ...cells, address: `${mark.padStart(1)} ${hex(row.address)} ${row.address}` };
+      const texts = { ...cells, address: `${mark} ${hex(row.address)} ${String(row.address).padStart(5)}` };
       kColumns.forEach((key, column) => setText(node.children[column]!, texts[key]));
     });
   }

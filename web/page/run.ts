@@ -27,6 +27,8 @@ export class Runner {
   /// The machine has come to rest after a run, a step, or a step back.
   readonly rested = new Emitter<State>();
   private stepsPerSecond = 0;
+  /// Ends with the run or step that is on its way.
+  private onItsWay: Promise<void> = Promise.resolve();
   private last: Go = { kind: "run" };
 
   constructor(
@@ -61,7 +63,7 @@ export class Runner {
 
   /// Assembles the text and puts the machine at step 0.
   async load(): Promise<boolean> {
-    if (this.running) await this.pause();
+    await this.end();
     this.stale = false;
     const loaded = await this.engine.load({ text: this.editor.text, name: this.name() });
     this.events = [];
@@ -76,8 +78,31 @@ export class Runner {
   }
 
   /// Runs, steps or goes back.  Assembles before, if the text was changed or the run has ended.
-  async go(ask: Go): Promise<void> {
-    if (this.running) return;
+  go(ask: Go): Promise<void> {
+    if (this.running) return Promise.resolve();
+    this.onItsWay = this.goNow(ask);
+    return this.onItsWay;
+  }
+
+  /// Another text has come: nothing of the machine belongs to it.
+  async forget(): Promise<void> {
+    this.stale = true;
+    await this.end();
+    this.loaded = this.state = null;
+    this.events = [];
+    this.hottest = [];
+    if (!this.failure) this.phase = "empty";
+    this.changed.emit();
+  }
+
+  /// Ends a run.
+  private async end(): Promise<void> {
+    if (!this.running) return;
+    await this.pause();
+    await this.onItsWay;
+  }
+
+  private async goNow(ask: Go): Promise<void> {
     const isBack = ask.kind === "back" || ask.kind === "backToChange" || ask.kind === "goTo";
     if (isBack && !this.canGoBack) return;
     try {

@@ -17,6 +17,8 @@ const kText = "zelvaro.text";
 export interface KeptText {
   name: string;
   text: string;
+  /// No change that a file or a sample does not have.
+  isSaved?: boolean;
 }
 
 function read<T>(key: string): Partial<T> {
@@ -47,8 +49,8 @@ export function keepSettings(change: Settings): void {
 
 /// The text of the last visit, if there is one.
 export function keptText(): KeptText | null {
-  const { name, text } = read<KeptText>(kText);
-  return typeof name === "string" && typeof text === "string" ? { name, text } : null;
+  const { name, text, isSaved } = read<KeptText>(kText);
+  return typeof name === "string" && typeof text === "string" ? { name, text, isSaved: isSaved === true } : null;
 }
 
 /// Reports whether the browser has kept it.
