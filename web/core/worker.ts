@@ -114,7 +114,7 @@ function listen(core: Core): (request: Request) => Promise<void> {
 
 /** The first message is the core's bytes; requests that come before it has started wait for it. */
 let listening: Promise<(request: Request) => Promise<void>> | undefined;
-self.onmessage = (e: MessageEvent<{ core: Uint8Array } | Request>) => {
+self.onmessage = (e: MessageEvent<{ core: Uint8Array<ArrayBuffer> } | Request>) => {
   const message = e.data;
   if ("core" in message) {
     listening = Core.start(message.core).then(listen);

@@ -16,6 +16,8 @@ export interface OpenOptions {
   scheme?: "light" | "dark";
   /** Of the address, with its #. */
   fragment?: string;
+  /** The page may use the clipboard without being asked. */
+  clipboard?: boolean;
 }
 
 export interface Opened {
@@ -41,6 +43,7 @@ export async function openPage(options: OpenOptions = {}): Promise<Opened> {
     colorScheme: options.scheme ?? "light",
     viewport: { width: options.width ?? 1280, height: options.height ?? 900 },
     offline: true,
+    permissions: options.clipboard ? ["clipboard-read", "clipboard-write"] : [],
     acceptDownloads: true,
   });
   const page = context.pages()[0] ?? (await context.newPage());
