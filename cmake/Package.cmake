@@ -11,6 +11,8 @@ install(PROGRAMS ${packaging}/zelvaro-start TYPE BIN)
 install(FILES docs/GUIDE.en.md docs/GUIDE.ja.md docs/EDITORS.en.md docs/EDITORS.ja.md ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${packaging}/zelvaro.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/zelvaro.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+# The page, if ./web.sh or web/test.sh has built it.
+install(FILES ${CMAKE_SOURCE_DIR}/build/web/zelvaro.html DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro OPTIONAL)
 install(DIRECTORY workspace/src DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
 
 # vim and nano of Debian look for their files there.
