@@ -17,6 +17,8 @@ install(FILES docs/zelvaro-check.schema.json docs/zelvaro-check-grades.schema.js
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
 install(FILES ${packaging}/zelvaro.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/zelvaro.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+# The page, if ./web.sh or web/test.sh has built it.
+install(FILES ${CMAKE_SOURCE_DIR}/build/web/zelvaro.html DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro OPTIONAL)
 install(DIRECTORY workspace/src workspace/tasks DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
 
 # vim and nano of Debian look for their files there.

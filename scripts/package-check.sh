@@ -74,6 +74,15 @@ for path in $(grep -oh '/usr/share/[A-Za-z0-9/.-]*' docs/man/*.1 docs/man/ja/*.1
   [ -e "$scratch/root$path" ] || fail "no $path in the package"
 done
 
+# The page is in it, and the starter hands it to the browser.
+page=$scratch/root/usr/share/zelvaro/zelvaro.html
+if [ -e build/web/zelvaro.html ]; then
+  mkdir "$scratch/opener"
+  printf '#!/bin/sh\necho "opens $1"\n' >"$scratch/opener/xdg-open"
+  chmod +x "$scratch/opener/xdg-open"
+  [ "$(PATH=$scratch/opener:$PATH "$scratch/root/usr/bin/zelvaro-start" --web)" = "opens $page" ] || fail "--web does not open the page"
+fi
+
 # The starter copies the samples once, and starts the program in the learner's folder.
 starts() {
   printf '\n1\nsrc/pn100\n\n123\n' | script -qec "$scratch/root/usr/bin/zelvaro-start '$scratch/my course'" /dev/null

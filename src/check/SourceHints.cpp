@@ -157,7 +157,7 @@ class SourceHints {
   }
   template <class IsRight>
   void look(const Word& word, IsRight isRight) {
-    const auto wide = std::ranges::find_if(word.text, isFullWidthAlnum);
+    const auto wide = std::find_if(word.text.begin(), word.text.end(), isFullWidthAlnum);
     if (wide != word.text.end()) {
       const std::string code = fmt::format("U+{:04X}", static_cast<unsigned>(*wide));
       add(word, remark(fullWidth, line_, textOf(word.text), textOf({*wide}), code));

@@ -1,0 +1,8 @@
+declare module "*.txt" {
+  const text: string;
+  export default text;
+}
+declare module "*.toml" {
+  const text: string;
+  export default text;
+}

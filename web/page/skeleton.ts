@@ -1,0 +1,6 @@
+/// The text that a new program begins with.
+export const skeleton = `MAIN     START
+
+         RET
+         END
+`;

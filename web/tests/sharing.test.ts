@@ -1,0 +1,56 @@
+// Links that carry a text.
+import assert from "node:assert/strict";
+import { deflateRawSync } from "node:zlib";
+import { test } from "node:test";
+import { Learner } from "./learner.js";
+
+function fragment(value: string): string {
+  return "#text=" + deflateRawSync(Buffer.from(value)).toString("base64url");
+}
+const program = "; shared 共有\nMAIN START\n RET\n END\n";
+
+test("a link is made and opened: not run, and the kept text is asked for", async () => {
+  const learner = await Learner.come({ clipboard: true });
+  await learner.write(program);
+  await learner.menu("File", "Copy a link to this text");
+  await learner.shows(learner.page.locator(".notice"), "The link is copied");
+  const link = await learner.page.evaluate(() => navigator.clipboard.readText());
+  assert.match(link, /#text=[\w-]+$/);
+  await learner.write("; mine\nMAIN START\n RET\n END\n");
+  await learner.page.waitForTimeout(600);
+  await learner.page.evaluate((hash) => (location.hash = hash), link.slice(link.indexOf("#")));
+  await learner.page.getByRole("button", { name: "Keep my text" }).click();
+  await learner.shows(learner.editor, "; mine");
+  await learner.page.evaluate((hash) => (location.hash = hash), link.slice(link.indexOf("#")));
+  await learner.page.getByRole("button", { name: "Replace" }).click();
+  await learner.shows(learner.editor, "; shared 共有");
+  await learner.page.waitForTimeout(500);
+  await learner.shows(learner.status, /Ready to run|Not assembled/);
+  assert.equal(new URL(learner.page.url()).hash, "");
+  await learner.leave();
+});
+
+test("a link opens in a new page, and a lesson has a link", async () => {
+  const learner = await Learner.come({ fragment: fragment(JSON.stringify({ name: "a.txt", text: program })) });
+  await learner.shows(learner.editor, "; shared 共有");
+  assert.equal(await learner.page.locator("#file-name").inputValue(), "a.txt");
+  await learner.page.evaluate(() => (location.hash = "#lesson=3"));
+  await learner.shows(learner.page.locator("#lesson-title"), "Lesson 3 of 10");
+  await learner.leave();
+});
+
+test("damaged and oversized links are refused with a message", async () => {
+  const learner = await Learner.come();
+  const bad = ["#text=%%%", "#text=AAAA", fragment("no json"), fragment('{"text":5}'), "#lesson=99"];
+  for (const hash of bad) {
+    await learner.page.evaluate(() => void document.querySelector<HTMLElement>(".notice button")?.click());
+    await learner.page.evaluate((value) => (location.hash = value), hash);
+    await learner.shows(learner.page.locator(".notice:not([hidden])"), "The link is damaged");
+  }
+  const bomb = fragment(JSON.stringify({ name: "b", text: "A".repeat(10_000_000) }));
+  assert.ok(bomb.length < 20_000);
+  await learner.page.evaluate((value) => (location.hash = value), bomb);
+  await learner.shows(learner.page.locator(".notice"), "The link carries too much");
+  await learner.shows(learner.editor, "MAIN");
+  await learner.leave();
+});
