@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "comet2/KeptTables.h"
+
 namespace zelvaro::check {
 
 void runJobs(std::size_t count, int jobs, const std::function<void(std::size_t)>& work) {
@@ -15,6 +17,7 @@ void runJobs(std::size_t count, int jobs, const std::function<void(std::size_t)>
   std::exception_ptr failure;
   std::mutex mutex;
   const auto loop = [&] {
+    const KeptTables tables;
     try {
       for (std::size_t i = next++; i < count; i = next++) work(i);
     } catch (...) {

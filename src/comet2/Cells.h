@@ -10,7 +10,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/Memory.h"
+#include "comet2/KeptTables.h"
 
 namespace zelvaro {
 
@@ -22,8 +22,10 @@ class ZeroedArray {
     if (data_ == nullptr) throw std::bad_alloc();
   }
   T* get() const { return data_.get(); }
-  /// Gives up the array of `size` values, which are all 0 again.
-  void recycle(std::size_t size) noexcept { recycleZeroed(data_.release(), size * sizeof(T)); }
+  /// Gives the array of `size` values, which are all 0 again, to the tables that are kept.
+  void giveTo(KeptTables& tables, std::size_t size) noexcept {
+    tables.keep(data_.release(), size * sizeof(T));
+  }
 
  private:
   struct Free {
@@ -49,7 +51,12 @@ class Cells {
     std::swap(cells_, copy.cells_);
     return *this;
   }
-  ~Cells() { recycle(); }
+  ~Cells() {
+    KeptTables* const kept = KeptTables::ofThread();
+    if (kept == nullptr) return;
+    std::fill_n(cells_.get(), touched_, 0);
+    cells_.giveTo(*kept, size_);
+  }
 
   std::size_t size() const { return size_; }
   /// The cells from this index on have never been used: they hold the initial value.
@@ -82,11 +89,6 @@ class Cells {
   void touch(std::size_t at) {
     if (initial_ != 0) std::fill(cells_.get() + touched_, cells_.get() + at + 1, initial_);
     touched_ = at + 1;
-  }
-  void recycle() noexcept {
-    if (!recyclesZeroed()) return;
-    std::fill_n(cells_.get(), touched_, 0);
-    cells_.recycle(size_);
   }
 
   std::size_t size_;

@@ -101,10 +101,11 @@ constexpr auto kCodes = [] {
 }  // namespace
 
 Decoded::~Decoded() {
-  if (entries_.get() == nullptr || !recyclesZeroed()) return;
+  KeptTables* const kept = KeptTables::ofThread();
+  if (entries_.get() == nullptr || kept == nullptr) return;
   forget(nullptr);
-  entries_.recycle(kEntries);
-  readers_.recycle(kEntries);
+  entries_.giveTo(*kept, kEntries);
+  readers_.giveTo(*kept, kEntries);
 }
 
 void Decoded::set(int adr, unsigned bit) {
