@@ -58,7 +58,9 @@ class NameTable {
   /// Where the name is, the first place if it has several, or -1.
   int find(View name) const {
     const PackedName<Char> wanted(name);
-    const auto e = std::ranges::lower_bound(entries_, wanted, before_, &Entry::name);
+    const auto e = std::lower_bound(
+        entries_.begin(), entries_.end(), wanted,
+        [this](const Entry& e, const PackedName<Char>& name) { return before_(e.name, name); });
     return e == entries_.end() || e->name.text != name ? -1 : e->at;
   }
 
@@ -77,7 +79,8 @@ EqualNames NameTable<Char, Order>::settle() {
   const auto inOrder = [this](const Entry& a, const Entry& b) {
     return before_(a.name, b.name) || (a.at < b.at && !before_(b.name, a.name));
   };
-  if (!std::ranges::is_sorted(entries_, inOrder)) std::ranges::sort(entries_, inOrder);
+  if (!std::is_sorted(entries_.begin(), entries_.end(), inOrder))
+    std::sort(entries_.begin(), entries_.end(), inOrder);
   EqualNames pair;
   for (std::size_t i = 1, first = 0; i < entries_.size(); ++i) {
     if (entries_[i].name.text != entries_[first].name.text) {
