@@ -9,16 +9,10 @@
 #include "Files.h"
 #include "check/Grade.h"
 #include "encode/Instructions.h"
-#include "platform/Memory.h"
 
 #define ZELVARO_EXPORT(name) extern "C" __attribute__((export_name(#name)))
 
-namespace zelvaro {
-
-// no large pages here
-void preferLargePages(void*, std::size_t) {}
-
-namespace web {
+namespace zelvaro::web {
 namespace {
 
 constexpr std::size_t kMostBytes = 8u << 20;  ///< MOST_BYTES of protocol.ts
@@ -275,5 +269,4 @@ ZELVARO_EXPORT(zGrade) int zGrade(int pipeline, int encoding) {
   });
 }
 
-}  // namespace web
-}  // namespace zelvaro
+}  // namespace zelvaro::web
