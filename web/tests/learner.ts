@@ -7,6 +7,7 @@ export class Learner {
   readonly page: Page;
   constructor(readonly opened: Opened) {
     this.page = opened.page;
+    this.page.setDefaultTimeout(6000);
   }
 
   /// Opens the page; it has checked its first text when this returns.
