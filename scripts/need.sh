@@ -35,3 +35,18 @@ need_to_test_editors() {
   [ editors/npm/node_modules/.package-lock.json -nt editors/npm/package-lock.json ] || (cd editors/npm && npm ci)
 }
 need_clang() { need clang; }
+# What the page of web/ is built with: emscripten for the core, npm's packages as the lock file has them.
+need_to_build_web() {
+  need cmake ninja-build emscripten libfmt-dev libtomlplusplus-dev
+  command -v npm >/dev/null || need nodejs npm
+  [ web/node_modules/.package-lock.json -nt web/package-lock.json ] || (cd web && npm ci --no-audit --no-fund)
+}
+need_to_test_web() { need_to_build_web && need chromium; }
+# Builds build/web/zelvaro.html. Emscripten keeps what it compiles of its libraries in a folder of the user where it may
+# not write into its own.
+build_web() {
+  [ -w /usr/share/emscripten/cache ] || export EM_CACHE=${EM_CACHE:-$PWD/build/emscripten}
+  [ build/web/build.ninja -nt web/core/CMakeLists.txt ] || emcmake cmake -S web/core -B build/web -G Ninja
+  cmake --build build/web
+  node web/build.mjs build/web/core.wasm build/web/zelvaro.html
+}

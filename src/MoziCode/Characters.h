@@ -169,12 +169,12 @@ constexpr bool holdsZenKakuSpace(std::basic_string_view<Char> text) {
 template <class Char>
 constexpr bool holdsFullWidth(std::basic_string_view<Char> word) {
   if constexpr (sizeof(Char) == 1) {
-    const auto lead = std::ranges::find_if(word, isCp932Lead);
+    const auto lead = std::find_if(word.begin(), word.end(), isCp932Lead);
     if (lead == word.end() || lead + 1 == word.end()) return false;
     const auto trail = static_cast<unsigned char>(lead[1]);
     return trail >= 0x40 && trail <= 0xFC && trail != 0x7F;
   } else {
-    return std::ranges::any_of(word, isFullWidth);
+    return std::any_of(word.begin(), word.end(), isFullWidth);
   }
 }
 

@@ -135,7 +135,8 @@ bool isUnsafeOnTerminal(char32_t codePoint) {
       {0xE01F0, 0xE0FFF},     // unassigned, invisible
       {0x110000, 0xFFFFFFFF}  // beyond Unicode
   };
-  const auto range = std::ranges::lower_bound(kUnsafe, codePoint, {}, &Range::last);
+  const auto range = std::lower_bound(std::begin(kUnsafe), std::end(kUnsafe), codePoint,
+                                      [](const Range& r, char32_t c) { return r.last < c; });
   return codePoint >= range->first;
 }
 

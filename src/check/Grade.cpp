@@ -39,10 +39,21 @@ constexpr Message hiddenFails =
 /// A submission with its driver, on its way through the cases of a task.
 class Marking {
  public:
-  Marking(const Shared& shared, const Task& task, const std::string& driver, const std::string& path)
-      : shared_(shared), task_(task), driverLines_(static_cast<int>(std::ranges::count(driver, '\n'))) {
-    grade_.path = path;
-    assemble(driver, path);
+  Marking(const Task& task, const std::string& path) : task_(task) { grade_.path = path; }
+
+  /// The text of the driver is put before that of the submission, both as UTF-8.
+  void assemble(const std::string& driver, std::string_view bytes, engine::Options options) {
+    driverLines_ = static_cast<int>(std::count(driver.begin(), driver.end(), '\n'));
+    if (driver.empty()) {
+      assembled_ = engine::assemble(bytes, options);
+      return;
+    }
+    options.encoding = engine::Encoding::Utf8;
+    assembled_ = engine::assemble(driver + fileTextAsUtf8(bytes), options);
+  }
+  void refuse(engine::Text fault) {
+    grade_.fault = std::move(fault);
+    grade_.status = Status::File;
   }
 
   Grade make() {
@@ -63,21 +74,6 @@ class Marking {
   }
 
  private:
-  /// The text of the driver is put before that of the submission, both as UTF-8.
-  void assemble(const std::string& driver, const std::string& path) {
-    FileFailure failure;
-    const std::optional<std::string> bytes = readSource(shared_, path, failure);
-    if (!bytes) {
-      grade_.fault = fileFault(path, failure, true).text;
-      grade_.status = Status::File;
-      return;
-    }
-    const Options& o = shared_.options;
-    const bool isAlone = driver.empty();
-    assembled_ = engine::assemble(
-        isAlone ? *bytes : driver + fileTextAsUtf8(*bytes),
-        {.pipeline = o.pipeline, .encoding = isAlone ? o.encoding : engine::Encoding::Utf8, .name = path});
-  }
   void finish(Mark& mark) {
     mark.passed = !grade_.fault && mark.reasons.empty();
     mark.points = mark.passed ? mark.of : 0;
@@ -122,11 +118,12 @@ class Marking {
     const auto isIt = [&](const auto& x, int line) { return x.name == name && line > driverLines_; };
     const auto labels = assembled_->labels();
     const auto programs = assembled_->programs();
-    return std::ranges::any_of(labels, [&](const auto& l) { return isIt(l, l.line); }) ||
-           std::ranges::any_of(programs, [&](const auto& p) { return isIt(p, p.startLine); });
+    return std::any_of(labels.begin(), labels.end(), [&](const auto& l) { return isIt(l, l.line); }) ||
+           std::any_of(programs.begin(), programs.end(), [&](const auto& p) { return isIt(p, p.startLine); });
   }
   int warnings() const {
-    return static_cast<int>(std::ranges::count_if(assembled_->findings(), [&](const engine::Finding& f) {
+    const auto findings = assembled_->findings();
+    return static_cast<int>(std::count_if(findings.begin(), findings.end(), [&](const engine::Finding& f) {
       return f.severity == Severity::Warning && f.counted && (f.line == 0 || f.line > driverLines_);
     }));
   }
@@ -190,17 +187,25 @@ class Marking {
           s.words[static_cast<std::size_t>(i)]);
   }
 
-  const Shared& shared_;
   const Task& task_;
-  int driverLines_;  ///< lines before those of the submission
+  int driverLines_ = 0;  ///< lines before those of the submission
   std::optional<engine::Assembled> assembled_;
   Grade grade_;
 };
 
 }  // namespace
 
-Grade gradeFile(const Shared& shared, const Task& task, const std::string& driver, const std::string& path) {
-  return Marking(shared, task, driver, path).make();
+Grade gradeBytes(const Task& task, const std::string& driver, std::string_view bytes,
+                 const engine::Options& options) {
+  Marking marking(task, options.name);
+  marking.assemble(driver, bytes, options);
+  return marking.make();
+}
+
+Grade gradeOfFault(const Task& task, const std::string& path, engine::Text fault) {
+  Marking marking(task, path);
+  marking.refuse(std::move(fault));
+  return marking.make();
 }
 
 RowList rowsOfGrade() {

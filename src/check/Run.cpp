@@ -60,7 +60,8 @@ Stop Runner::finish() {
     if (stop != Stop::Steps) return stop;
     // the next call would pass over a breakpoint here
     const std::vector<int> breakpoints = machine_.breakpoints();
-    if (std::ranges::find(breakpoints, machine_.registers().pr) != breakpoints.end()) return Stop::Breakpoint;
+    if (std::find(breakpoints.begin(), breakpoints.end(), machine_.registers().pr) != breakpoints.end())
+      return Stop::Breakpoint;
     if (!plan_.givesUp || !plan_.givesUp()) continue;
     givenUp_ = true;
     return Stop::NobodyThere;

@@ -121,7 +121,7 @@ bool isLabel(std::string_view word) {
 class SourceHints {
  public:
   explicit SourceHints(const engine::Assembled& assembled)
-      : knowsExit_(family(assembled.options().pipeline).knowsEXIT) {
+      : known_(family(assembled.options().pipeline).knowsEXIT ? Mnemonics::WithEXIT : Mnemonics::Common) {
     for (const std::string& line : assembled.sourceLines()) {
       const std::u32string text = codePoints(line);
       lines_.push_back(LineReader(text).read());
@@ -146,7 +146,7 @@ class SourceHints {
   }
 
  private:
-  Op op(const std::string& word) const { return findOp(std::string_view(word), knowsExit_); }
+  Op op(const std::string& word) const { return findOp(std::string_view(word), known_); }
   /// What follows an opcode without operands is a comment.
   bool takesOperands(const std::u32string& word) const {
     const std::string upper = raised(word);
@@ -157,7 +157,7 @@ class SourceHints {
   }
   template <class IsRight>
   void look(const Word& word, IsRight isRight) {
-    const auto wide = std::ranges::find_if(word.text, isFullWidthAlnum);
+    const auto wide = std::find_if(word.text.begin(), word.text.end(), isFullWidthAlnum);
     if (wide != word.text.end()) {
       const std::string code = fmt::format("U+{:04X}", static_cast<unsigned>(*wide));
       add(word, remark(fullWidth, line_, textOf(word.text), textOf({*wide}), code));
@@ -171,7 +171,7 @@ class SourceHints {
     hints_.push_back(std::move(remark));
   }
 
-  bool knowsExit_;
+  Mnemonics known_;
   std::vector<Fields> lines_;
   std::set<std::string> labels_;
   int line_ = 0;

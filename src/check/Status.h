@@ -22,7 +22,7 @@ inline constexpr std::array kWorstFirst{Status::Usage, Status::File,    Status::
                                         Status::Limit, Status::Differs, Status::Clean};
 
 constexpr Status worse(Status a, Status b) {
-  return *std::ranges::find_if(kWorstFirst, [&](Status s) { return s == a || s == b; });
+  return *std::find_if(kWorstFirst.begin(), kWorstFirst.end(), [&](Status s) { return s == a || s == b; });
 }
 
 }  // namespace zelvaro::check

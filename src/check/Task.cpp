@@ -125,7 +125,7 @@ class Reader {
   }
   void end() const {
     for (const auto& [key, node] : table_)
-      if (std::ranges::find(asked_, key.str()) == asked_.end())
+      if (std::find(asked_.begin(), asked_.end(), key.str()) == asked_.end())
         throw Fault{remark(unknownKey, 0, name_, lineOf(node), std::string(key.str()))};
   }
   [[noreturn]] void refuse(std::string_view key, const toml::node& node, const Message<0>& wanted) const {

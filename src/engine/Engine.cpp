@@ -65,7 +65,7 @@ struct NoSink : DiagSink {
 };
 
 std::string utf8OfUtf16(std::string_view bytes) {
-  const Utf16Units units(bytes, true);
+  const Utf16Units units(bytes, ByteOrder::Little);
   std::u16string wide(units.size(), u'\0');
   for (std::size_t i = 0; i < wide.size(); ++i) wide[i] = units[i];
   return toUtf8(wide);

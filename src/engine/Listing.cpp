@@ -36,8 +36,8 @@ struct Ignored : DiagSink {
   void take(const Diagnostic&) override {}
 };
 
-std::vector<std::string> utf16Lines(std::string_view bytes, bool littleEndian) {
-  const Utf16Units units(bytes, littleEndian);
+std::vector<std::string> utf16Lines(std::string_view bytes, ByteOrder order) {
+  const Utf16Units units(bytes, order);
   std::vector<std::string> out;
   std::u16string line;
   for (std::size_t i = 1; i < units.size(); ++i) {  // unit 0 is the mark
@@ -97,7 +97,8 @@ std::vector<std::string> Assembled::sourceLines() const {
   if (source_->encoding == Encoding::Auto) return {};
   if (source_->f.loader != Loader::Detecting)
     return narrowLines(*source_->bytes, sh, source_->f.loader == Loader::Fixed);
-  if (source_->encoding == Encoding::Utf16) return utf16Lines(*source_->bytes, code.CodePage == 1200);
+  if (source_->encoding == Encoding::Utf16)
+    return utf16Lines(*source_->bytes, code.CodePage == 1200 ? ByteOrder::Little : ByteOrder::Big);
   return wideLines(*source_->bytes, code, sh);
 }
 

@@ -38,7 +38,7 @@ class TextArena {
 
   void newBlock(std::size_t atLeast) {
     const std::size_t size = std::max(atLeast, kBlock);
-    blocks_.push_back(std::make_unique_for_overwrite<Char[]>(size));
+    blocks_.emplace_back(new Char[size]);  // without a value: most of it is written once
     next_ = blocks_.back().get();
     left_ = size;
   }

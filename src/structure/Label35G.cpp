@@ -73,7 +73,7 @@ void checkLetters(Assembly& a, Lines lines) {
   for (const auto& line : lines) {
     if (line.LabelStr.empty()) continue;
     const std::size_t first = std::min(sizeOfMozi(line.LabelStr.front()), line.LabelStr.size());
-    if (std::ranges::all_of(line.LabelStr.substr(first), isLabelMozi<Char>)) continue;
+    if (std::all_of(line.LabelStr.begin() + first, line.LabelStr.end(), isLabelMozi<Char>)) continue;
     a.cs.report(otherCharacter, line.Line, plain(line.LabelStr));
     AnalystZenKSpace20NW(a.cs, line.Line, line.LabelStr);
     return;

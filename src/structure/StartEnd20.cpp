@@ -226,8 +226,9 @@ void checkRet(Assembly& a) {
   int ordinalNr = 0;
   for (const auto& prg : store.vecPrg) {
     ++ordinalNr;
-    const bool ret = std::ranges::any_of(
-        store.linesWithEnd(prg), [](const auto& line) { return holdsAfterBlank(line.SrcWork, "RET"); });
+    const auto lines = store.linesWithEnd(prg);
+    const bool ret = std::any_of(lines.begin(), lines.end(),
+                                 [](const auto& line) { return holdsAfterBlank(line.SrcWork, "RET"); });
     if (ret) continue;
     a.sh.report(noRet, prg.StartLine, ordinalNr, ordinal(ordinalNr));
     return;

@@ -36,8 +36,9 @@ std::basic_string_view<Char> takeWord(std::basic_string_view<Char>& rest) {
 /// CopyOprndComStrToBuffer cuts the copy that the operands are taken from.
 template <class Lines>
 void warnOfCutText(Assembly& a, Lines lines) {
-  const auto at = std::ranges::find_if(
-      lines, [&a](const auto& line) { return line.OprndComStr.size() > a.family.oprndLength; });
+  const auto at = std::find_if(lines.begin(), lines.end(), [&a](const auto& line) {
+    return line.OprndComStr.size() > a.family.oprndLength;
+  });
   if (at != lines.end()) a.b.report(textIsCut, at->Line, at->OprndComStr.size());
 }
 

@@ -84,7 +84,7 @@ bool AnalystZenKakuMoziStr(TMsgBase& owner, int line, ViewOf<Char> word) {
 
 template <class Char>
 int DetNonLabelMoziPos(ViewOf<Char> word) {
-  const auto at = std::ranges::find_if_not(word, isLabelMozi<Char>);
+  const auto at = std::find_if_not(word.begin(), word.end(), isLabelMozi<Char>);
   return at == word.end() ? -1 : static_cast<int>(at - word.begin());
 }
 

@@ -23,7 +23,7 @@ constexpr Message blankAfterSign{
 /// Whether the first sign is before the first apostrophe, and some sign is directly before a blank.
 template <class Char>
 bool isFaulty(std::basic_string_view<Char> text) {
-  const auto sign = std::ranges::find_if(text, isSignOrHash<Char>);
+  const auto sign = std::find_if(text.begin(), text.end(), isSignOrHash<Char>);
   if (sign == text.end() || static_cast<std::size_t>(sign - text.begin()) > text.find(Char('\'')))
     return false;
   return std::adjacent_find(sign, text.end(),

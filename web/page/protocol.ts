@@ -212,7 +212,7 @@ export interface MemoryRow {
 export interface Go {
   /**
    * "run" to the end, or the next stop. "to": until PR is at `address`, or at the first address of `line`. "step":
-   * `steps` instructions (1). "over": one, a CALL with all that it calls. "out": until the subroutine has returned.
+   * `steps` instructions (1). "over": one, a CALL with all that it calls, an IN or another macro as a whole. "out": until the subroutine has returned.
    * "back": `steps` back (1). "goTo": to the state after `steps` steps. "backToChange": to the state after the last
    * step before the present state that changed the word at `address` (or to step 0).
    */
@@ -331,8 +331,6 @@ export interface Calls {
   encode: [{ text: string; encoding: "utf-8" | "cp932" }, { bytes: Uint8Array; lacking: Lacking[] }];
   /** Marks a source by a task (TOML) and the text of its driver. */
   grade: [{ task: string; driver?: string; source: Source }, Grade];
-  /** What a code means, with an example, as `zelvaro-check --explain`; empty texts for an unknown one. */
-  explain: [{ code: string; pipeline?: Pipeline }, Text];
 }
 export type Call = keyof Calls;
 export type Ask<C extends Call> = Calls[C][0];
