@@ -1,7 +1,7 @@
 // Makes pictures of the page: at two widths, in both languages and themes, into a folder; with "docs" as the second
 // argument also those of the guides.  `web/pictures.sh` runs it.
 import { copyFile, mkdir } from "node:fs/promises";
-import { Learner } from "./learner.js";
+import { Learner } from "./tests/learner.js";
 
 const [folder = "build/web/pictures", docs] = process.argv.slice(2);
 await mkdir(folder, { recursive: true });
