@@ -6,12 +6,20 @@ set(packaging ${CMAKE_SOURCE_DIR}/packaging)
 set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-install(TARGETS zelvaro)
+install(TARGETS zelvaro zelvaro-check)
 install(PROGRAMS ${packaging}/zelvaro-start TYPE BIN)
-install(FILES docs/GUIDE.en.md docs/GUIDE.ja.md docs/EDITORS.en.md docs/EDITORS.ja.md ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/GUIDE.en.md docs/GUIDE.ja.md docs/CHECK.en.md docs/CHECK.ja.md
+        docs/EDITORS.en.md docs/EDITORS.ja.md ${packaging}/copyright
+        DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${packaging}/zelvaro-check.bash RENAME zelvaro-check
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES docs/zelvaro-check.schema.json docs/zelvaro-check-grades.schema.json
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
 install(FILES ${packaging}/zelvaro.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/zelvaro.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(DIRECTORY workspace/src DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
+# The page, if ./web.sh or web/test.sh has built it.
+install(FILES ${CMAKE_SOURCE_DIR}/build/web/zelvaro.html DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro OPTIONAL)
+install(DIRECTORY workspace/src workspace/tasks DESTINATION ${CMAKE_INSTALL_DATADIR}/zelvaro)
 
 # vim and nano of Debian look for their files there.
 install(DIRECTORY editors/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
@@ -38,6 +46,7 @@ zelvaro_compressed(${packaging}/changelog changelog ${CMAKE_INSTALL_DOCDIR})
 foreach(language "" ja/)
   set(folder ${CMAKE_INSTALL_MANDIR}/${language}man1)
   zelvaro_compressed(${CMAKE_SOURCE_DIR}/docs/man/${language}zelvaro.1 zelvaro.1 ${folder})
+  zelvaro_compressed(${CMAKE_SOURCE_DIR}/docs/man/${language}zelvaro-check.1 zelvaro-check.1 ${folder})
   # the page of zelvaro describes the starter too
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/compressed/${folder})
   file(CREATE_LINK zelvaro.1.gz ${CMAKE_BINARY_DIR}/compressed/${folder}/zelvaro-start.1.gz SYMBOLIC)

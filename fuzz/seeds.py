@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes first inputs for the fuzz targets, made of the samples, the dialogues and the tests, and their dictionary.
 
-  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image and FOLDER/ini, and
-                            FOLDER/casl.dict
+  fuzz/seeds.py FOLDER      an input a file in FOLDER/load, FOLDER/session, FOLDER/image, FOLDER/ini and
+                            FOLDER/task, and FOLDER/casl.dict
 """
 import collections
 import hashlib
@@ -16,7 +16,7 @@ TYPED = b"\x1e1\n12\n3\n\n11\n"  # a separator, and the lines that are typed aft
 ENCODINGS = (("", "utf-8"), ("", "utf-8-sig"), ("", "cp932"), ("\ufeff", "utf-16-le"), ("\ufeff", "utf-16-be"))
 KEPT_WORDS = r"""
 \x0a \x09 \x0d\x0a ; ,  '  '' =  =5 =#00FF ='A' ='A''B' #FFFF -32768 65535 65536 'A;B'
-true =1 =JPN =std::chrono \xef\xbb\xbf \xff\xfe \xfe\xff \x82\xa0 \xe3\x80\x80 \xf0\xa0\xae\xb7
+[rules] [[case]] before= after= output= hidden= points= true =1 =JPN =std::chrono \xef\xbb\xbf \xff\xfe \xfe\xff \x82\xa0 \xe3\x80\x80 \xf0\xa0\xae\xb7
 """
 
 
@@ -46,6 +46,12 @@ def images():
         yield b"".join((int(n, 0) & 0xFFFF).to_bytes(2, "big") for n in numbers)
 
 
+def tasks():
+    yield from (path.read_bytes() for path in sorted((ROOT / "workspace" / "tasks").rglob("*.toml")))
+    yield from texts("tests/check/check.cases", r"^\w+\.toml := (.*)$")
+    yield from texts("tests/check/check.cases", r"^printf '([^']*)' >x; z --grade")
+
+
 def dictionary():
     """What a source and a settings file are made of, a line a word, as libFuzzer reads it."""
     found = collections.Counter(w for s in sources() for w in re.findall(rb"\b(?:[A-Z]{2,5}|GR\d)\b", s))
@@ -69,6 +75,8 @@ def main(folder):
         write("image", bytes([number % FAMILIES]) + bytes(18) + words)
     for data in settings():
         write("ini", data)
+    for data in tasks():
+        write("task", data)
     (folder / "casl.dict").write_text(dictionary())
 
 

@@ -22,4 +22,4 @@ run_target() {
   grep -E 'number_of_executed_units|slowest_unit' "$build/$1.log" | sed "s/^/$1 /"
 }
 export -f run_target
-printf '%s\n' load session image ini | xargs -P "$(nproc)" -I{} bash -c 'run_target {}'
+printf '%s\n' load session image ini task | xargs -P "$(nproc)" -I{} bash -c 'run_target {}'

@@ -27,7 +27,7 @@ need() {
 need_to_build() {
   need g++ cmake ninja-build libfmt-dev libboost-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev
 }
-need_to_test() { need_to_build && need libgtest-dev libgmock-dev python3-jsonschema vim vim-tiny nano; }
+need_to_test() { need_to_build && need libgtest-dev libgmock-dev python3-jsonschema vim vim-tiny nano less; }
 # What the tests of editors/ need besides: the packages of npm, as the lock file has them.
 need_to_test_editors() {
   need python3

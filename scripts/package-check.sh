@@ -13,7 +13,7 @@ fail() {
   exit 1
 }
 
-for page in docs/man/zelvaro.1 docs/man/ja/zelvaro.1; do
+for page in docs/man/*.1 docs/man/ja/*.1; do
   mandoc -Tlint -W warning "$page" || fail "$page: mandoc finds faults"
   warnings=$(groff -man -ww -Kutf8 -Tutf8 -z "$page" 2>&1)
   [ -z "$warnings" ] || fail "$warnings"
@@ -29,12 +29,29 @@ cmake --install build/release --prefix "$scratch/prefix" >/dev/null
 for part in bin/zelvaro bin/zelvaro-start share/man/man1/zelvaro-start.1.gz share/man/ja/man1/zelvaro-start.1.gz \
   share/doc/zelvaro/copyright share/doc/zelvaro/changelog.gz share/applications/zelvaro.desktop \
   share/icons/hicolor/scalable/apps/zelvaro.svg share/zelvaro/src/pn100.txt \
-  share/vim/vimfiles/syntax/casl2.vim share/nano/casl2.nanorc share/zelvaro/vscode/package.json; do
+  share/vim/vimfiles/syntax/casl2.vim share/nano/casl2.nanorc share/zelvaro/vscode/package.json \
+  bin/zelvaro-check share/man/man1/zelvaro-check.1.gz share/man/ja/man1/zelvaro-check.1.gz share/zelvaro/tasks/sum/task.toml \
+  share/zelvaro/zelvaro-check.schema.json share/zelvaro/zelvaro-check-grades.schema.json \
+  share/bash-completion/completions/zelvaro-check share/doc/zelvaro/CHECK.en.md share/doc/zelvaro/CHECK.ja.md; do
   [ -e "$scratch/root/usr/$part" ] || fail "the package lacks $part"
   [ -e "$scratch/prefix/$part" ] || fail "the installation lacks $part"
 done
 
 scripts/check-hardening.sh "$scratch/root/usr/bin/zelvaro"
+
+# Each option of zelvaro-check is in its manual pages and in its completion, and its folder to begin with can be used.
+check=$scratch/root/usr/bin/zelvaro-check
+for option in $("$check" --help | grep -o '^  --[a-z-]*'); do
+  for text in docs/man/zelvaro-check.1 docs/man/ja/zelvaro-check.1 packaging/zelvaro-check.bash; do
+    grep -q -e "$option" <(tr -d '\\' <"$text") || fail "$text lacks $option"
+  done
+done
+completed=$(PATH=$scratch/root/usr/bin:$PATH bash -c '. packaging/zelvaro-check.bash
+  COMP_WORDS=(zelvaro-check --explain label-l) COMP_CWORD=2; _zelvaro_check; echo "${COMPREPLY[@]}"')
+[ "$completed" = label-length ] || fail "label-l is completed to $completed"
+"$check" --init "$scratch/course" >/dev/null
+"$check" --grade "$scratch/course/tasks/mult/task.toml" "$scratch/course/tasks/mult/right.txt" >/dev/null ||
+  fail "the installed task does not mark its right submission"
 [ -z "$(find "$scratch/root" -name '*.a' -o -name '*.h')" ] || fail "the package contains the engine's archive or headers"
 
 # A program outside of the tree is built against the installed engine.
@@ -53,9 +70,18 @@ for name in $(grep -oh '^    src/[a-z0-9/]*\|`src/example/[a-z0-9/]*' "$doc"/GUI
   sample=$scratch/root/usr/share/zelvaro/$name
   [ -d "$sample" ] || [ -e "$sample.txt" ] || fail "no sample $name"
 done
-for path in $(grep -oh '/usr/share/[A-Za-z0-9/.]*' docs/man/zelvaro.1 docs/man/ja/zelvaro.1 "$doc"/*.md); do
+for path in $(grep -oh '/usr/share/[A-Za-z0-9/.-]*' docs/man/*.1 docs/man/ja/*.1 "$doc"/*.md); do
   [ -e "$scratch/root$path" ] || fail "no $path in the package"
 done
+
+# The page is in it, and the starter hands it to the browser.
+page=$scratch/root/usr/share/zelvaro/zelvaro.html
+if [ -e build/web/zelvaro.html ]; then
+  mkdir "$scratch/opener"
+  printf '#!/bin/sh\necho "opens $1"\n' >"$scratch/opener/xdg-open"
+  chmod +x "$scratch/opener/xdg-open"
+  [ "$(PATH=$scratch/opener:$PATH "$scratch/root/usr/bin/zelvaro-start" --web)" = "opens $page" ] || fail "--web does not open the page"
+fi
 
 # The starter copies the samples once, and starts the program in the learner's folder.
 starts() {

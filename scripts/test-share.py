@@ -12,7 +12,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-MOST = 47  # the aim is 33: to be lowered with each folder of tests that shrinks
+MOST = 34
 CODE = ("src/", "web/core/", "web/page/")
 TESTS = ("tests/", "web/tests/", "fuzz/")
 LEFT_OUT = ("fuzz/corpus/",)

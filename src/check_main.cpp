@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "check/Checker.h"
+#include "platform/Memory.h"
 #include "platform/PosixPlatform.h"
 
 int main(int argc, char** argv) {
   using namespace zelvaro;
   holdStandardDescriptors();
+  allocateForManyMachines();
   try {
     PosixPlatform platform;
     check::Screen screen(false);

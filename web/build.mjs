@@ -10,6 +10,16 @@ const here = path.dirname(fileURLToPath(import.meta.url));
 const [core = path.join(here, "../build/web/core.wasm"), out = path.join(here, "../build/web/zelvaro.html")] =
   process.argv.slice(2);
 
+const licenses = new Map();
+/** Keeps the licenses of the packages that a bundle contains. */
+async function keepLicenses(inputs) {
+  for (const input of Object.keys(inputs)) {
+    const [, name] = /node_modules\/((?:@[^/]+\/)?[^/]+)\//.exec(input) ?? [];
+    if (name === undefined || licenses.has(name)) continue;
+    licenses.set(name, await readFile(path.join(here, "node_modules", name, "LICENSE"), "utf8"));
+  }
+}
+
 /** The bundle of an entry as one script. */
 async function bundled(entry) {
   const result = await esbuild.build({
@@ -21,9 +31,11 @@ async function bundled(entry) {
     charset: "utf8",
     legalComments: "none",
     write: false,
+    metafile: true,
     logLevel: "warning",
     loader: { ".txt": "text", ".toml": "text", ".svg": "text" },
   });
+  await keepLicenses(result.metafile.inputs);
   return result.outputFiles[0].text;
 }
 
@@ -50,12 +62,19 @@ const policy = [
   "base-uri 'none'",
   "form-action 'none'",
 ].join("; ");
+/** Each license with the packages that it is of. */
+function licenseText() {
+  const texts = new Map();
+  for (const [name, text] of [...licenses].sort()) texts.set(text, [...(texts.get(text) ?? []), name]);
+  return [...texts].map(([text, names]) => `${names.join(", ")}\n\n${text}`).join("\n");
+}
 const data = (id, text) => `<script type="text/plain" id="${id}">${text}</script>\n`;
 const parts = {
   "<!--policy-->": `<meta http-equiv="Content-Security-Policy" content="${policy}">`,
   "<!--style-->": `<style>${style}</style>`,
   // the data is before the script, which reads it when it starts
   "<!--script-->":
+    data("zelvaro-licenses", safe(licenseText())) +
     data("zelvaro-worker", worker) + data("zelvaro-core", wasm.toString("base64")) + `<script>${script}</script>`,
 };
 

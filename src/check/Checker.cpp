@@ -188,7 +188,9 @@ bool readLines(const std::string& path, std::optional<std::vector<std::string>>&
                Screen& screen) {
   if (path.empty()) return true;
   FileFailure failure;
-  const auto bytes = shared.platform.readFile(path, &failure, kMostBytes);
+  // no lines at all, though it is no regular file
+  const bool isNull = path == "/dev/null";
+  const auto bytes = isNull ? std::string() : shared.platform.readFile(path, &failure, kMostBytes);
   if (bytes) {
     lines = linesOf(*bytes);
   } else {

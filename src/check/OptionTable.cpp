@@ -13,15 +13,18 @@ struct Choice {
   Value value;
 };
 
-constexpr std::array kLanguages{Choice{"en", Language::English}, Choice{"ja", Language::Japanese}};
-constexpr std::array kEncodings{
-    Choice{"auto", engine::Encoding::Auto}, Choice{"utf-8", engine::Encoding::Utf8},
-    Choice{"cp932", engine::Encoding::Cp932}, Choice{"utf-16", engine::Encoding::Utf16}};
-constexpr std::array kFormats{Choice{"text", Format::Text}, Choice{"gnu", Format::Gnu},
-                              Choice{"json", Format::Json}, Choice{"sarif", Format::Sarif},
-                              Choice{"csv", Format::Csv},   Choice{"junit", Format::Junit}};
-constexpr std::array kColors{Choice{"auto", ColorChoice::Auto}, Choice{"always", ColorChoice::Always},
-                             Choice{"never", ColorChoice::Never}};
+constexpr std::array kLanguages{Choice<Language>{"en", Language::English},
+                                Choice<Language>{"ja", Language::Japanese}};
+constexpr std::array kEncodings{Choice<engine::Encoding>{"auto", engine::Encoding::Auto},
+                                Choice<engine::Encoding>{"utf-8", engine::Encoding::Utf8},
+                                Choice<engine::Encoding>{"cp932", engine::Encoding::Cp932},
+                                Choice<engine::Encoding>{"utf-16", engine::Encoding::Utf16}};
+constexpr std::array kFormats{Choice<Format>{"text", Format::Text}, Choice<Format>{"gnu", Format::Gnu},
+                              Choice<Format>{"json", Format::Json}, Choice<Format>{"sarif", Format::Sarif},
+                              Choice<Format>{"csv", Format::Csv},   Choice<Format>{"junit", Format::Junit}};
+constexpr std::array kColors{Choice<ColorChoice>{"auto", ColorChoice::Auto},
+                             Choice<ColorChoice>{"always", ColorChoice::Always},
+                             Choice<ColorChoice>{"never", ColorChoice::Never}};
 
 /// Sets a member to the value of that name.
 template <auto Member, auto& Choices>

@@ -33,7 +33,6 @@ constexpr Message intoData = notice(
      .en = "The data of this line was executed as an instruction, after the one of line {from}. Is a RET or "
            "a JUMP missing there?"});
 
-constexpr int kEmptySp = 0xFFFF;
 constexpr std::size_t kAddresses = 0x10000;
 using Addresses = std::bitset<kAddresses>;
 

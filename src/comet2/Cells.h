@@ -10,16 +10,20 @@
 #include <new>
 #include <utility>
 
+#include "platform/Memory.h"
+
 namespace zelvaro {
 
 /// Allocates `size` values of 0, which the system provides page by page at the first access.
 template <class T>
 class ZeroedArray {
  public:
-  explicit ZeroedArray(std::size_t size) : data_(static_cast<T*>(std::calloc(size, sizeof(T)))) {
+  explicit ZeroedArray(std::size_t size) : data_(static_cast<T*>(allocateZeroed(size * sizeof(T)))) {
     if (data_ == nullptr) throw std::bad_alloc();
   }
   T* get() const { return data_.get(); }
+  /// Gives up the array of `size` values, which are all 0 again.
+  void recycle(std::size_t size) noexcept { recycleZeroed(data_.release(), size * sizeof(T)); }
 
  private:
   struct Free {
@@ -45,6 +49,7 @@ class Cells {
     std::swap(cells_, copy.cells_);
     return *this;
   }
+  ~Cells() { recycle(); }
 
   std::size_t size() const { return size_; }
   /// The cells from this index on have never been used: they hold the initial value.
@@ -77,6 +82,11 @@ class Cells {
   void touch(std::size_t at) {
     if (initial_ != 0) std::fill(cells_.get() + touched_, cells_.get() + at + 1, initial_);
     touched_ = at + 1;
+  }
+  void recycle() noexcept {
+    if (!recyclesZeroed()) return;
+    std::fill_n(cells_.get(), touched_, 0);
+    cells_.recycle(size_);
   }
 
   std::size_t size_;

@@ -100,6 +100,13 @@ constexpr auto kCodes = [] {
 
 }  // namespace
 
+Decoded::~Decoded() {
+  if (entries_.get() == nullptr || !recyclesZeroed()) return;
+  forget(nullptr);
+  entries_.recycle(kEntries);
+  readers_.recycle(kEntries);
+}
+
 void Decoded::set(int adr, unsigned bit) {
   std::uint8_t& readers = readers_.get()[adr];
   readers = static_cast<std::uint8_t>(readers | bit);

@@ -48,6 +48,8 @@ class Decoded {
   /// An image for a run that is watched: without `fuses`, each handler executes one instruction.
   Decoded(const std::int32_t* memory, int limit, bool fuses)
       : memory_(memory), limit_(limit), fuses_(fuses) {}
+  Decoded(Decoded&&) = default;
+  ~Decoded();
 
   /// Drops everything decoded, as after changes of the memory that stored() has not been told.  The run stops
   /// at the addresses whose flag is set in `breakpoints`, one for each address, or null.

@@ -14,11 +14,13 @@ std::array<std::int32_t*, 9> fieldsOf(Tcomet2& m) {
 
 Pages::Pages(Cells& cells, const Pages* before) : pages_((cells.size() + kPage - 1) / kPage) {
   static constexpr Page kZeros{};
+  const std::size_t used = cells.touched();  // those after it are 0, and a look at them would cost a page each
   const std::int32_t* const data = cells.data();
   for (std::size_t i = 0; i < pages_.size(); ++i) {
+    const bool hasBefore = before != nullptr && before->pages_[i] != nullptr;
+    if (i * kPage >= used && !hasBefore) continue;
     const std::int32_t* const from = data + i * kPage;
     const std::int32_t* const to = data + std::min((i + 1) * kPage, cells.size());
-    const bool hasBefore = before != nullptr && before->pages_[i] != nullptr;
     if (std::equal(from, to, hasBefore ? before->pages_[i]->begin() : kZeros.begin())) {
       if (hasBefore) pages_[i] = before->pages_[i];
       continue;

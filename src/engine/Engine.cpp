@@ -102,9 +102,24 @@ int secondLineOf(const Diagnostic& d) {
   return 0;
 }
 
-/// Notices of the loaders are issued with the first line, which they are not about.
+bool showsLine(const MessageRow& row) {
+  const auto names = [](std::string_view text) { return text.find("{line}") != std::string_view::npos; };
+  switch (row.head) {
+    case Head::None:
+    case Head::Prefix:
+    case Head::Bare:
+    case Head::Open:
+    case Head::Own:
+      return names(row.words.en) || names(row.ownHead.en);
+    default:
+      return true;
+  }
+}
+
+/// Notices of the loaders, and messages about the whole file, are issued with the first line.
 bool isOfLine(const Diagnostic& d) {
-  return d.line != Diagnostic::kNoLine && d.row->severity != Severity::Notice;
+  if (d.line == Diagnostic::kNoLine || d.row->severity == Severity::Notice) return false;
+  return d.line > 0 || showsLine(*d.row);
 }
 
 }  // namespace

@@ -97,8 +97,7 @@ std::vector<std::string> Assembled::sourceLines() const {
   if (source_->encoding == Encoding::Auto) return {};
   if (source_->f.loader != Loader::Detecting)
     return narrowLines(*source_->bytes, sh, source_->f.loader == Loader::Fixed);
-  if (source_->encoding == Encoding::Utf16)
-    return utf16Lines(*source_->bytes, code.CodePage == 1200 ? ByteOrder::Little : ByteOrder::Big);
+  if (source_->encoding == Encoding::Utf16) return utf16Lines(*source_->bytes, code.byteOrder());
   return wideLines(*source_->bytes, code, sh);
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Platform.h"
+
 namespace zelvaro {
 
 /// The byte sink.  On a terminal it is written line by line, and characters that could control the terminal
@@ -25,6 +27,8 @@ class ConsoleOutput {
   bool isTerminal() const { return terminal_; }
   /// Whether a write has failed: text is missing at the other end.
   bool hasFailed() const { return failed_; }
+  /// Of the terminal; the usual size where the terminal does not know its own.
+  ConsoleSize size() const;
   /// Whether a write or a poll has found that the other end of the pipe is closed or that the terminal has
   /// hung up: nobody will see what is printed from here on.
   bool readerIsGone() const { return readerIsGone_; }

@@ -1,4 +1,5 @@
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -45,6 +46,12 @@ void ConsoleOutput::print(std::string_view utf8) {
 void ConsoleOutput::flush() {
   if (!std::exchange(begun_, {}).empty()) append(kReplacementUtf8);
   writeOut();
+}
+
+ConsoleSize ConsoleOutput::size() const {
+  winsize known{};
+  if (::ioctl(fd_, TIOCGWINSZ, &known) != 0 || known.ws_row == 0 || known.ws_col == 0) return {};
+  return {known.ws_row, known.ws_col};
 }
 
 void ConsoleOutput::look() {

@@ -1,4 +1,4 @@
-// Opening a file in an editor, opening a document with the desktop, deleting a file.
+// Opening a file in an editor or a pager, opening a document with the desktop, deleting a file.
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -36,8 +36,7 @@ EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::strin
     return {EditResult::Status::Refused, {}, *refusal};
   std::vector<std::string> command = posix::editorCommand(editor.commandLine);
   if (command.empty()) {
-    const bool terminal = input_.isTerminal() && output_.isTerminal();
-    const auto own = terminal ? posix::ownEditor() : std::nullopt;
+    const auto own = consoleSize() ? posix::ownEditor() : std::nullopt;
     if (!own) return {EditResult::Status::NoEditor, {}, {}};
     command.push_back(*own);
   }
@@ -46,6 +45,15 @@ EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::strin
   const int error = posix::runAndWait(command, input_.isTerminal() ? input_.descriptor() : -1);
   if (error == 0) return {};
   return {EditResult::Status::NotStarted, command.front(), posix::failureOf(error)};
+}
+
+/// The variables are for a pager that starts no command, opens no second file and leaves no record of its use.
+bool PosixPlatform::pageFile(const std::string& path, const std::string& keys) {
+  if (!consoleSize() || !posix::isInstalled("less")) return false;
+  flush();
+  return posix::runAndWait(
+             {"less", "-Ps" + posix::asPagerPrompt(keys), posix::asArgument(path)}, input_.descriptor(),
+             {"LESSSECURE=1", "LESSHISTFILE=-", "LESSCHARSET=utf-8", "LESSOPEN=", "LESS="}) == 0;
 }
 
 bool PosixPlatform::openOnDesktop(const std::string& path) {

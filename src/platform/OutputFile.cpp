@@ -2,8 +2,10 @@
 // that is opened first and stays open, so nobody can redirect the output by moving folders or links in the
 // meantime.
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -27,10 +29,21 @@ Descriptor openFolder(int in, const std::string& path) {
       [&] { return ::openat(in, path.empty() ? "." : path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC); }));
 }
 
-/// Splits `path`, which is relative to an open folder or to the working folder (AT_FDCWD).
-Place placeOf(int in, const std::string& path) {
-  const std::size_t slash = path.rfind('/') + 1;  // 0 where there is none
-  return {openFolder(in, path.substr(0, slash)), path.substr(slash)};
+/// The length of the part of a path that names the folder, its last slash included.
+std::size_t folderLength(const std::string& path) {
+  return path.rfind('/') + 1;  // 0 where there is none
+}
+
+/// Opens a folder below an open one in a single step of the system, whatever links are exchanged meanwhile.
+/// Fails if a part of the path leads out, even if a later one leads back, if a part is absolute, or if the
+/// kernel is older than this call.
+Descriptor openBeneath(const Descriptor& root, const std::string& path) {
+  open_how how{};
+  how.flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+  how.resolve = RESOLVE_BENEATH | RESOLVE_NO_MAGICLINKS;
+  const char* name = path.empty() ? "." : path.c_str();
+  return Descriptor(static_cast<int>(
+      uninterrupted([&] { return ::syscall(SYS_openat2, root.get(), name, &how, sizeof how); })));
 }
 
 bool isSame(const struct stat& a, const struct stat& b) {
@@ -59,26 +72,34 @@ std::optional<std::string> linkAt(const Place& place) {
   return std::string(link, static_cast<std::size_t>(n));
 }
 
-/// The place where a file of that name is written.  Where a file is replaced, symbolic links are followed as
-/// long as they stay in its folder.
+/// The place where a file of that name is written.  Where a file is replaced, symbolic links are followed if
+/// they stay in its folder.  What openBeneath() cannot decide is opened and then compared with the folder.
 std::optional<Place> findTarget(const std::string& path, FileWriting writing, FileFailure& failure) {
   constexpr int kMostLinks = 40;
-  Place place = placeOf(AT_FDCWD, path);
+  const std::size_t length = folderLength(path);
+  Place place{openFolder(AT_FDCWD, path.substr(0, length)), path.substr(length)};
   int links = 0;
+  bool isBeneath = true;
   Descriptor root;
+  std::string way;  // from the root to the folder of the place
   while (place.folder.isOpen() && writing.replaces) {
     const auto link = linkAt(place);
     if (!link) break;
     if (links++ == 0) root = openFolder(place.folder.get(), ".");
-    if (links > kMostLinks) {
-      failure = failureOf(ELOOP);
+    if (!root.isOpen() || links > kMostLinks) {
+      failure = failureOf(root.isOpen() ? ELOOP : errno);
       return std::nullopt;
     }
-    place = placeOf(place.folder.get(), *link);
+    if (link->starts_with('/')) way.clear();
+    way += link->substr(0, folderLength(*link));
+    Descriptor folder = openBeneath(root, way);
+    isBeneath = folder.isOpen();
+    if (!isBeneath) folder = openFolder(root.get(), way);
+    place = {std::move(folder), link->substr(folderLength(*link))};
   }
   if (!place.folder.isOpen()) {
     failure = failureOf(errno);
-  } else if (links > 0 && !isWithin(place.folder, root)) {
+  } else if (!isBeneath && !isWithin(place.folder, root)) {
     failure = {FileFailure::Kind::LeadsOutside, "The link leads out of the folder"};
   } else {
     return place;

@@ -61,6 +61,12 @@ struct EditorCommand {
   std::string commandLine;
 };
 
+/// Of a terminal, in characters.
+struct ConsoleSize {
+  int rows = 24;
+  int columns = 80;
+};
+
 /// What came of an attempt to open a file in an editor.
 struct EditResult {
   enum class Status : std::uint8_t {
@@ -94,6 +100,9 @@ class Platform {
   /// Whether nobody follows the console any more: the reader of the output is gone, or a terminal has hung
   /// up.  Cheap: the system is polled at most four times a second.
   virtual bool consoleIsGone() { return false; }
+
+  /// The size of the terminal; nothing if input or output is not a terminal.
+  virtual std::optional<ConsoleSize> consoleSize() { return std::nullopt; }
 
   // --- files: `path` is a native path, UTF-8, already without quotes.  Only regular files are read and
   //     written; no call blocks on a pipe or a device.  On a failure the cause is stored in `failure` if the
@@ -134,6 +143,10 @@ class Platform {
   /// form that no program takes for an option or a command.  `path` must be a regular file or not exist.  The
   /// terminal's settings are restored afterwards, however the editor has ended.
   virtual EditResult editFile(const EditorCommand& editor, const std::string& path) = 0;
+  /// Shows a UTF-8 text in a pager and waits for its end.  The pager can neither change the file nor start a
+  /// command; `keys` is the ASCII text of its last row.  False if input or output is not a terminal, or no pager
+  /// could be started.
+  virtual bool pageFile(const std::string& /*path*/, const std::string& /*keys*/) { return false; }
   /// Opens a document with the desktop, detached from the console, and does not wait.  False if there is no
   /// desktop.
   virtual bool openOnDesktop(const std::string& path) = 0;

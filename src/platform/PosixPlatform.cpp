@@ -64,6 +64,11 @@ bool PosixPlatform::consoleIsGone() {
   return output_.readerIsGone();
 }
 
+std::optional<ConsoleSize> PosixPlatform::consoleSize() {
+  if (!input_.isTerminal() || !output_.isTerminal()) return std::nullopt;
+  return output_.size();
+}
+
 bool PosixPlatform::canRead(const std::string& path, FileFailure* failure) {
   return posix::canRead(path, failure);
 }

@@ -33,6 +33,7 @@ class PosixPlatform : public Platform {
   std::optional<std::string> readLine() override;
   bool inputHasEnded() override { return input_.hasEnded(); }
   bool consoleIsGone() override;
+  std::optional<ConsoleSize> consoleSize() override;
 
   bool canRead(const std::string& path, FileFailure* failure) override;
   std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
@@ -45,6 +46,7 @@ class PosixPlatform : public Platform {
   std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
   bool deleteFile(const std::string& path, FileFailure* failure) override;
   EditResult editFile(const EditorCommand& editor, const std::string& path) override;
+  bool pageFile(const std::string& path, const std::string& keys) override;
   bool openOnDesktop(const std::string& path) override;
   void bringConsoleToFront() override {}
 

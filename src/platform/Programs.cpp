@@ -103,12 +103,33 @@ class KeptTerminal {
   bool known_;
 };
 
-int spawn(pid_t& pid, const std::vector<std::string>& arguments, const SpawnSetting& setting) {
-  std::vector<char*> argv;
-  argv.reserve(arguments.size() + 1);
-  for (const std::string& a : arguments) argv.push_back(const_cast<char*>(a.c_str()));
-  argv.push_back(nullptr);
-  return ::posix_spawnp(&pid, argv[0], &setting.actions, &setting.attributes, argv.data(), environ);
+/// The texts as an array for the system, with a null pointer at its end.
+std::vector<char*> asArray(const std::vector<std::string>& texts) {
+  std::vector<char*> array;
+  array.reserve(texts.size() + 1);
+  for (const std::string& text : texts) array.push_back(const_cast<char*>(text.c_str()));
+  array.push_back(nullptr);
+  return array;
+}
+
+/// This program's environment with other values for some variables.
+std::vector<std::string> environmentWith(std::vector<std::string> variables) {
+  const auto nameOf = [](std::string_view variable) { return variable.substr(0, variable.find('=') + 1); };
+  const std::vector<std::string> own = variables;
+  for (char** at = environ; *at != nullptr; ++at) {
+    const bool replaced =
+        std::ranges::any_of(own, [&](const std::string& v) { return nameOf(v) == nameOf(*at); });
+    if (!replaced) variables.emplace_back(*at);
+  }
+  return variables;
+}
+
+int spawn(pid_t& pid, const std::vector<std::string>& arguments, const SpawnSetting& setting,
+          const std::vector<std::string>& variables = {}) {
+  const std::vector<char*> argv = asArray(arguments);
+  const std::vector<std::string> environment = environmentWith(variables);
+  return ::posix_spawnp(&pid, argv[0], &setting.actions, &setting.attributes, argv.data(),
+                        asArray(environment).data());
 }
 
 bool isProgramFile(const std::string& path) {
@@ -160,6 +181,15 @@ std::string asArgument(const std::string& path) {
   return path.starts_with('/') || path.starts_with("./") ? path : "./" + path;
 }
 
+std::string asPagerPrompt(const std::string& text) {
+  std::string prompt;
+  for (const char c : text) {
+    if (std::string_view("?:.%\\").find(c) != std::string_view::npos) prompt += '\\';
+    prompt += c;
+  }
+  return prompt;
+}
+
 bool isInstalled(const std::string& program) {
   const char* variable = std::getenv("PATH");
   std::string_view folders = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
@@ -182,7 +212,8 @@ std::optional<std::string> ownEditor() {
   return std::nullopt;
 }
 
-int runAndWait(const std::vector<std::string>& arguments, int terminal) {
+int runAndWait(const std::vector<std::string>& arguments, int terminal,
+               const std::vector<std::string>& variables) {
   const IgnoredKeys keys;
   const KeptTerminal kept(terminal);
   SpawnSetting setting;
@@ -191,7 +222,7 @@ int runAndWait(const std::vector<std::string>& arguments, int terminal) {
   // piped input belongs to this program's own dialogue
   if (terminal < 0) setting.redirectToNothing(STDIN_FILENO);
   pid_t pid = 0;
-  const int error = spawn(pid, arguments, setting);
+  const int error = spawn(pid, arguments, setting, variables);
   if (error != 0) return error;
   int status = 0;
   uninterrupted([&] { return ::waitpid(pid, &status, 0); });

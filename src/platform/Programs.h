@@ -27,6 +27,9 @@ std::vector<std::string> editorCommand(std::string_view setting);
 /// option, a command ("+..."), a pipe or an address.
 std::string asArgument(const std::string& path);
 
+/// A text as the value of the prompt option of less, in which some characters have a meaning.
+std::string asPagerPrompt(const std::string& text);
+
 /// Whether a program of that name (without a folder) lies in the search path.
 bool isInstalled(const std::string& program);
 
@@ -35,8 +38,10 @@ std::optional<std::string> ownEditor();
 
 /// Starts a program and waits for its end; meanwhile only that program receives Ctrl+C.  With a `terminal` (a
 /// descriptor) it reads this program's standard input, and the terminal's settings are restored afterwards;
-/// with none (-1) its input is empty.  Returns 0, or the errno of the failed start.
-int runAndWait(const std::vector<std::string>& arguments, int terminal);
+/// with none (-1) its input is empty.  `variables` ("NAME=value") replace those of this program's environment.
+/// Returns 0, or the errno of the failed start.
+int runAndWait(const std::vector<std::string>& arguments, int terminal,
+               const std::vector<std::string>& variables = {});
 
 /// Starts a program in the background, detached from the console, and stores its process id.  Returns 0 or an
 /// errno.

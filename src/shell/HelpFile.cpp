@@ -14,9 +14,22 @@ constexpr Words kGuide{"GUIDE.ja.md", "GUIDE.en.md"};
 constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
                                                         "/usr/local/share/doc/zelvaro/"};
 
+/// The keys of the pager, in its last row.  Pagers in use print no other characters than these there.
+constexpr std::string_view kPagerKeys = "Space: next page  b: page before  q: end";
+
+constexpr Message onDesktop = notice(
+    "guide-on-desktop", args("path"),
+    {.ja = "手引き '{path}' をデスクトップで開きます。\n", .en = "The desktop opens the guide '{path}'. \n"});
 constexpr Message noHelp = notice("help-missing", args("help", "guide"),
                                   {.ja = "ヘルプファイル {help} も手引き {guide} も見つかりませんでした。\n",
                                    .en = "Neither the help file {help} nor the guide {guide} was found.\n"});
+
+/// Shows a guide where it cannot be changed by mistake: on the desktop, in a pager or page by page.
+void showGuide(TSession& s, const std::string& path) {
+  if (!s.platform.consoleSize()) return editFile(s, s.editorData.Command, path);
+  if (s.platform.openOnDesktop(path)) return s.channel.say(onDesktop, path);
+  if (!s.platform.pageFile(path, std::string(kPagerKeys))) printFile(s, path);
+}
 
 }  // namespace
 
@@ -26,13 +39,13 @@ void openHelpFile(TSession& s) {
   const std::string_view guide = kGuide.in(s.wording.language);
   for (const std::string_view folder : kGuideFolders) {
     const std::string path = std::string(folder) + std::string(guide);
-    if (s.platform.canRead(path)) return editFile(s, s.editorData.Command, path);
+    if (s.platform.canRead(path)) return showGuide(s, path);
   }
   s.channel.say(noHelp, help, guide);
 }
 
 RowList rowsOfHelpFile() {
-  return rows(noHelp);
+  return rows(onDesktop, noHelp);
 }
 
 }  // namespace zelvaro

@@ -8,13 +8,14 @@ RowList rowsOfGoOnMenu();
 RowList rowsOfHelpFile();
 RowList rowsOfMainMenu();
 RowList rowsOfModeSelector();
+RowList rowsOfPages();
 RowList rowsOfSettings();
 RowList rowsOfUserCommands();
 
 RowList shellRows() {
   RowList all;
   for (const auto& rowsOfFile : {rowsOfFight, rowsOfGame, rowsOfGoOnMenu, rowsOfHelpFile, rowsOfMainMenu,
-                                 rowsOfModeSelector, rowsOfSettings, rowsOfUserCommands})
+                                 rowsOfModeSelector, rowsOfPages, rowsOfSettings, rowsOfUserCommands})
     for (const MessageRow* row : rowsOfFile()) all.push_back(row);
   return all;
 }

@@ -6,6 +6,7 @@
 #include "MoziCode/Characters.h"
 #include "MoziCode/Cp932.h"
 #include "diag/FailureWords.h"
+#include "shell/Pages.h"
 
 namespace zelvaro {
 namespace {
@@ -53,8 +54,8 @@ bool isYes(const std::string& answer) {
   return std::find(kYes.begin(), kYes.end(), trim(std::string_view(answer))) != kYes.end();
 }
 
-void printText(Platform& platform, std::string_view bytes) {
-  platform.print(withLineFeeds(fileTextAsUtf8(bytes)));
+void printText(TSession& s, std::string_view bytes) {
+  showText(s, withLineFeeds(fileTextAsUtf8(bytes)));
 }
 
 }  // namespace
@@ -82,21 +83,24 @@ void deleteAfterQuestion(TSession& s, const std::string& path) {
   }
 }
 
+void printFile(TSession& s, const std::string& path) {
+  FileFailure failure;
+  if (const auto bytes = s.platform.readFile(path, &failure)) return printText(s, *bytes);
+  s.channel.say(notShown, path, failureWords(failure));
+}
+
 void editFile(TSession& s, const EditorCommand& editor, const std::string& path) {
   const EditResult result = s.platform.editFile(editor, path);
-  FileFailure failure = result.failure;
   switch (result.status) {
     case EditResult::Status::Edited:
       return;
     case EditResult::Status::NotStarted:
-      return s.channel.say(editorNotStarted, result.editor, failureWords(failure));
+      return s.channel.say(editorNotStarted, result.editor, failureWords(result.failure));
     case EditResult::Status::NoEditor:
-      if (const auto bytes = s.platform.readFile(path, &failure)) return printText(s.platform, *bytes);
-      break;
+      return printFile(s, path);
     case EditResult::Status::Refused:
-      break;
+      return s.channel.say(notShown, path, failureWords(result.failure));
   }
-  s.channel.say(notShown, path, failureWords(failure));
 }
 
 void showFile(TSession& s, const EditorCommand& editor, const std::string& path) {
@@ -111,7 +115,7 @@ void openDocument(TSession& s, const std::string& path) {
   const auto bytes = s.platform.readFile(path, &failure);
   if (!bytes) return s.channel.say(notOpened, path, failureWords(failure));
   if (s.platform.openOnDesktop(path)) return;
-  if (bytes->find('\0') == std::string::npos) return printText(s.platform, *bytes);
+  if (bytes->find('\0') == std::string::npos) return printText(s, *bytes);
   const auto folder = s.platform.workingDirectory();
   s.channel.say(liesAt, path.starts_with('/') || !folder ? path : *folder + "/" + path);
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <algorithm>
+#include <new>
 #include <span>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "MoziCode/Characters.h"
@@ -39,13 +39,19 @@ class LineStore {
     ++lineCount_;
   }
   /// Called by a loader that has read `done` of `total` bytes: a full table grows to the size that the whole
-  /// file will need at this rate, so it is rarely copied.  Memory that remains unused is never accessed.
+  /// file will need at this rate, so it is rarely copied.  Memory that remains unused is never accessed.  The
+  /// rest of the file may be comments, so one step multiplies the size by 16 at most; where there is no memory
+  /// for a step, the table grows as it needs.
   void foresee(std::size_t done, std::size_t total) {
-    constexpr std::size_t kFirst = 256;
-    if (records_.size() < records_.capacity() || records_.size() < kFirst) return;
-    records_.reserve(records_.size() + records_.size() / 8 + records_.size() * (total - done) / done);
-    preferLargePages(records_.data() + records_.size(),
-                     (records_.capacity() - records_.size()) * sizeof(Src));
+    constexpr std::size_t kFirst = 256, kMostGrowth = 16;
+    const std::size_t size = records_.size();
+    if (size < records_.capacity() || size < kFirst) return;
+    try {
+      records_.reserve(std::min(size + size / 8 + size * (total - done) / done, size * kMostGrowth));
+    } catch (const std::bad_alloc&) {
+      return;
+    }
+    preferLargePages(records_.data() + size, (records_.capacity() - size) * sizeof(Src));
   }
   void clear() {
     records_.clear();
@@ -89,13 +95,13 @@ class LineStore {
   }
   /// The program of that name other than `own` (-1: any program), or -1.
   int findPrg(View name, int own) const {
-    const auto at = PrgIndex.find(name);
-    return at == PrgIndex.end() || at->second == own ? -1 : at->second;
+    const int at = PrgIndex.find(name);
+    return at == own ? -1 : at;
   }
 
   TextArena<Char> arena;
   std::vector<Prg> vecPrg;
-  std::unordered_map<View, int> PrgIndex;  ///< program name to program, filled once the names are unique
+  NameTable<Char> PrgIndex;  ///< program name to program, filled once the names are unique
   std::vector<OprndAtDC<Char>> vecOprndAtDC;
   std::vector<AdrConst<Char>> vecAdrConst;
   std::vector<int> Unsettled;  ///< records whose operand text a further walk of TrimZenOprndCom changes

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "MoziCode/Utf.h"
 #include "platform/Platform.h"
 #include "source/Assembly.h"
 
@@ -16,6 +17,9 @@ struct MoziCodeData {
   std::string BomText;   ///< "EFBBBF", "FFFE", "FEFF" or empty
   int CodePage = 0;      ///< 1200, 1201, 65001 or 932; keeps its last value if nothing sets it
   std::string CodeName;  ///< the name that is reported to the user
+
+  /// Of a source in UTF-16.
+  ByteOrder byteOrder() const { return CodePage == 1200 ? ByteOrder::Little : ByteOrder::Big; }
 };
 
 /// A source file, read once for the detection and the loader; nothing if it cannot be opened.

@@ -69,7 +69,7 @@ bool OpenFileUTF16toVecW(Assembly& a, const MoziCodeData& code, const std::strin
   if (!bytes) return notOpened(a, name);
   LineStore<char16_t>& store = a.b.vecSrcW;
   store.clear();
-  const Utf16Units units(bytes->bytes, code.CodePage == 1200 ? ByteOrder::Little : ByteOrder::Big);
+  const Utf16Units units(bytes->bytes, code.byteOrder());
   std::size_t start = 1;  // unit 0 is the mark
   for (std::size_t i = start; i + 1 < units.size(); ++i) {
     if (units[i] != u'\r' || units[i + 1] != u'\n') continue;

@@ -4,7 +4,8 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
+
+#include "source/NameTable.h"
 
 namespace zelvaro {
 
@@ -89,13 +90,10 @@ struct PrgData {
   int AbAdrAfterCode = 0;  ///< absolute address after the last line, before the literals; nothing shows it
   int AbAdrAtEnd = 0;      ///< absolute address of the last word
   /// Label to the record of the first line, START included and END excluded, that carries it.
-  std::unordered_map<View, int> Labels;
+  NameTable<Char> Labels;
 
   /// The record of the line with that label, or -1.
-  int findLabel(View label) const {
-    const auto at = label.empty() ? Labels.end() : Labels.find(label);
-    return at == Labels.end() ? -1 : at->second;
-  }
+  int findLabel(View label) const { return Labels.find(label); }
 };
 
 using SrcDataW = SrcData<char16_t>;

@@ -1,7 +1,6 @@
 // Duplicate labels of a program, and its label table.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
-#include "structure/Words.h"
 
 namespace zelvaro {
 namespace {
@@ -33,10 +32,10 @@ template <class Char>
 void CkLabelDouble(Assembly& a, int prg) {
   auto& store = a.store<Char>();
   auto& program = a.program<Char>(prg);
-  FirstPair pair;
   program.Labels.clear();
   for (int record = program.RecStart; record < program.RecEnd; ++record)
-    if (!store[record].LabelStr.empty()) pair.enter(program.Labels, store[record].LabelStr, record);
+    if (!store[record].LabelStr.empty()) program.Labels.add(store[record].LabelStr, record);
+  const EqualNames pair = program.Labels.settle();
   if (!pair.found()) return;
   const auto& line = store[pair.first];
   a.cs.report(labelTwice, line.Line, store[pair.second].Line + 1, plain(line.LabelStr));

@@ -1,7 +1,6 @@
 // Two programs of one name, and the table of program names.
 #include "diag/Quote.h"
 #include "structure/Structure.h"
-#include "structure/Words.h"
 
 namespace zelvaro {
 namespace {
@@ -28,11 +27,10 @@ constexpr Message nameTwice =
 template <class Char>
 void CkPrgNameDouble(Assembly& a) {
   auto& store = a.store<Char>();
-  FirstPair pair;
   store.PrgIndex.clear();
-  store.PrgIndex.reserve(store.vecPrg.size());
   int prg = 0;
-  for (const auto& program : store.vecPrg) pair.enter(store.PrgIndex, program.PrgName, prg++);
+  for (const auto& program : store.vecPrg) store.PrgIndex.add(program.PrgName, prg++);
+  const EqualNames pair = store.PrgIndex.settle();
   if (!pair.found()) return;
   store.PrgIndex.clear();
   const auto& first = a.program<Char>(pair.first);

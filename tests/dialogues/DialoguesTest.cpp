@@ -181,10 +181,10 @@ void play(const std::string& path, const Script& script, CodesIssued& issued) {
 }
 
 /// Rows of the shell that need surroundings which no script has: files and folders that refuse, a lack of memory,
-/// programs that do not start.
+/// programs that do not start, a terminal, a desktop.
 constexpr char kOfOtherTests[] =
-    "memory-lacking self-folder-not-recorded self-folder-unknown settings-not-opened settings-left-alone "
-    "settings-not-parsed settings-set-aside settings-not-written settings-too-large settings-not-set-aside "
+    "memory-lacking self-folder-not-recorded self-folder-unknown guide-on-desktop page-prompt settings-not-opened "
+    "settings-left-alone settings-not-parsed settings-set-aside settings-not-written settings-too-large settings-not-set-aside "
     "folder-not-listed file-not-there deleted not-deleted not-shown editor-not-started document-not-opened "
     "document-place";
 

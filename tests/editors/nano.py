@@ -7,7 +7,7 @@ import time
 
 CTRL_C, CTRL_S, CTRL_V, CTRL_X, ALT_B = b"\x03", b"\x13", b"\x16", b"\x18", b"\x1bb"
 # What is shown, and the key that is then typed.
-DIALOGUE = (("Read 7 lines", ALT_B), (".casl:3:", CTRL_V), (".casl:4:", CTRL_V), (".casl:5:", CTRL_C),
+DIALOGUE = (("Read 7 lines", ALT_B), (".casl:3:", CTRL_V), ("NOWHERE", CTRL_V), ("LOST", CTRL_C),
             ("Write Out", b"X"), ("Modified", CTRL_S), ("Wrote 7 lines", CTRL_X))
 
 child, terminal = pty.fork()

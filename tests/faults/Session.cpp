@@ -28,13 +28,16 @@ struct Plan : Outcome {
   int in = -1, out = -1;
 } plan;
 
+/// In place of a descriptor: a call that signals never interrupt.
+constexpr int kUninterrupted = -2;
+
 /// Makes a call, or what the fault leaves of it: `half` does a part of its work.
 template <class Whole, class Half>
 auto strike(Whole whole, Half half, decltype(whole()) failed, int fd = -1) {
   if (!plan.active || (fd >= 0 && (fd == plan.in || fd == plan.out))) return whole();
   const int number = ++plan.calls - plan.fault.at;
   const auto kind = number < 0 || number >= plan.fault.inRow ? Fault::None : plan.fault.kind;
-  if (kind == Fault::None) return whole();
+  if (kind == Fault::None || (fd == kUninterrupted && plan.fault.error == EINTR)) return whole();
   if (kind == Fault::FallsShort || kind == Fault::KillsHalfway) failed = half();
   if (kind == Fault::KillsAfter) whole();
   if (kind >= Fault::KillsBefore) ::raise(SIGKILL);
@@ -58,6 +61,11 @@ class SteadyPlatform : public PosixPlatform {
   std::tm localTime() override { return {}; }
   int randomNumber() override { return 0; }
   bool userInterfaceIsJapanese() override { return false; }
+  std::optional<std::string> readLine() override {
+    auto line = PosixPlatform::readLine();
+    plan.promptsAtTheEnd += line ? 0 : 1;
+    return line;
+  }
 };
 
 int session() {
@@ -73,17 +81,21 @@ int session() {
   }
 }
 
-Outcome played(const Files& before, std::string_view typed, const Fault& fault, bool inChild) {
+}  // namespace
+
+Outcome play(const Files& before, std::string_view typed, const Fault& fault) {
+  const bool inChild = fault.kind >= Fault::KillsBefore;
   // a folder in memory where there is one: a disk is waited for at each file that is replaced
   const fs::path quick = ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : fs::temp_directory_path();
   const TemporaryFolder folder(quick), console(quick);
   const fs::path oldFolder = fs::current_path();
+  fs::current_path(folder.path());
   for (const auto& [name, bytes] : before) {
-    const std::string path = folder.path(name.substr(0, name.find_first_of("/@")));
+    const std::string stem = name.substr(0, name.find_first_of("/@"));
     if (name.ends_with('/')) {
-      fs::create_directory(path);
+      fs::create_directory(stem);
     } else if (name.ends_with('@')) {
-      fs::create_symlink(bytes, path);
+      fs::create_symlink(bytes, stem);
     } else {
       folder.write(name, bytes);
     }
@@ -92,7 +104,6 @@ Outcome played(const Files& before, std::string_view typed, const Fault& fault, 
   plan.fault = fault;
   plan.in = ::open(console.write("typed", std::string(typed)).c_str(), O_RDONLY | O_CLOEXEC);
   plan.out = ::open(console.path("shown").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
-  fs::current_path(folder.path());
   const pid_t pid = inChild ? ::fork() : 0;
   if (pid == 0) {
     ::alarm(inChild ? 60 : 0);
@@ -101,8 +112,7 @@ Outcome played(const Files& before, std::string_view typed, const Fault& fault, 
     plan.active = false;
     if (inChild) ::_exit(plan.status);
   } else {
-    while (::waitpid(pid, &plan.status, 0) < 0 && errno == EINTR) {
-    }
+    ::waitpid(pid, &plan.status, 0);
   }
   fs::current_path(oldFolder);
   ::close(plan.in);
@@ -110,9 +120,9 @@ Outcome played(const Files& before, std::string_view typed, const Fault& fault, 
   Outcome outcome = plan;
   outcome.console = console.read("shown");
   for (const auto& e : fs::directory_iterator(folder.path())) {
-    const std::string name = e.path().filename().string();
+    const std::string name = e.path().filename();
     if (e.is_symlink()) {
-      outcome.files[name + "@"] = fs::read_symlink(e.path()).string();
+      outcome.files[name + "@"] = fs::read_symlink(e.path());
     } else if (e.is_directory()) {
       outcome.files[name + "/"];
     } else {
@@ -122,17 +132,9 @@ Outcome played(const Files& before, std::string_view typed, const Fault& fault, 
   return outcome;
 }
 
-}  // namespace
-
-Outcome play(const Files& before, std::string_view typed, const Fault& fault) {
-  return played(before, typed, fault, false);
-}
-Outcome playInChild(const Files& before, std::string_view typed, const Fault& fault) {
-  return played(before, typed, fault, true);
-}
-
 }  // namespace zelvaro::test
 
+using zelvaro::test::kUninterrupted;
 using zelvaro::test::lacksMemory;
 using zelvaro::test::plan;
 using zelvaro::test::strike;
@@ -157,46 +159,37 @@ using zelvaro::test::strike;
     return strike([&]() -> Result { return __real_##name arguments; },             \
                   [&]() -> Result { return __real_##name half; }, (failed), (fd)); \
   }
-#define STRUCK_WHOLE(Result, name, parameters, arguments, failed) \
-  STRUCK(Result, name, parameters, arguments, arguments, failed, -1)
 using Actions = const posix_spawn_file_actions_t*;
 using Attributes = const posix_spawnattr_t*;
+STRUCK(ssize_t, read, (int fd, void* to, size_t n), (fd, to, n), (fd, to, std::min<size_t>(n, 3)), -1, fd)
 STRUCK(ssize_t, write, (int fd, const void* from, size_t n), (fd, from, n), (fd, from, (n + 1) / 2), -1, fd)
-STRUCK_WHOLE(int, open, (const char* path, int how, mode_t mode), (path, how, mode), -1)
-STRUCK_WHOLE(int, openat, (int in, const char* path, int how, mode_t mode), (in, path, how, mode), -1)
-STRUCK_WHOLE(int, fchmod, (int fd, mode_t mode), (fd, mode), -1)
-STRUCK_WHOLE(int, fsync, (int fd), (fd), -1)
-STRUCK_WHOLE(int, renameat, (int in, const char* a, int to, const char* b), (in, a, to, b), -1)
+#define STRUCK_WHOLE(Result, name, parameters, arguments, failed, fd) \
+  STRUCK(Result, name, parameters, arguments, arguments, failed, fd)
+STRUCK_WHOLE(int, open, (const char* path, int how, mode_t mode), (path, how, mode), -1, -1)
+STRUCK_WHOLE(int, openat, (int in, const char* path, int how, mode_t mode), (in, path, how, mode), -1, -1)
+STRUCK_WHOLE(int, fchmod, (int fd, mode_t mode), (fd, mode), -1, -1)
+STRUCK_WHOLE(int, fsync, (int fd), (fd), -1, -1)
+STRUCK_WHOLE(int, renameat, (int in, const char* a, int to, const char* b), (in, a, to, b), -1, -1)
 STRUCK_WHOLE(int, renameat2, (int in, const char* a, int to, const char* b, unsigned how),
-             (in, a, to, b, how), -1)
-STRUCK_WHOLE(char*, getcwd, (char* to, size_t size), (to, size), nullptr)
+             (in, a, to, b, how), -1, -1)
+STRUCK_WHOLE(char*, getcwd, (char* to, size_t size), (to, size), nullptr, kUninterrupted)
 STRUCK_WHOLE(void*, mmap, (void* at, size_t size, int rights, int how, int fd, off_t from),
-             (at, size, rights, how, fd, from), MAP_FAILED)
+             (at, size, rights, how, fd, from), MAP_FAILED, kUninterrupted)
 STRUCK_WHOLE(int, posix_spawnp,
              (pid_t * pid, const char* file, Actions actions, Attributes attributes, char* const* arguments,
               char* const* variables),
-             (pid, file, actions, attributes, arguments, variables), plan.fault.error)
+             (pid, file, actions, attributes, arguments, variables), plan.fault.error, kUninterrupted)
 
 extern "C" {
-ssize_t __real_read(int fd, void* to, size_t size);
-ssize_t __wrap_read(int fd, void* to, size_t size);
 int __real_close(int fd);
 int __wrap_close(int fd);
 void* __real_calloc(size_t count, size_t size);
 void* __wrap_calloc(size_t count, size_t size);
 
-ssize_t __wrap_read(int fd, void* to, size_t size) {
-  const ssize_t n = strike([&] { return __real_read(fd, to, size); },
-                           [&] { return __real_read(fd, to, std::min<size_t>(size, 3)); }, -1, fd);
-  if (fd == plan.in && n <= 0) ++plan.readsAtTheEnd;
-  return n;
-}
-// A close that fails has closed the file all the same.
 int __wrap_close(int fd) {
-  int closed = -1;
-  const auto whole = [&] { return closed = __real_close(fd); };
-  const int result = strike(whole, whole, -1, fd);
-  return closed < 0 && result < 0 ? (__real_close(fd), result) : result;
+  const int closed = __real_close(fd);  // a close that fails has closed the file all the same
+  const auto result = [&] { return closed; };
+  return strike(result, result, -1, fd);
 }
 void* __wrap_calloc(size_t count, size_t size) {
   return lacksMemory() ? nullptr : __real_calloc(count, size);

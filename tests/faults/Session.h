@@ -28,14 +28,12 @@ struct Outcome {
   int status = 0;  ///< 1 where memory has run out; as for waitpid from a process of its own
   std::string console;
   Files files;  ///< all that the working folder holds
-  int calls = 0, readsAtTheEnd = 0;
+  int calls = 0, promptsAtTheEnd = 0;
   long allocations = 0;
 };
 
 /// Plays a dialogue in a folder that holds these files.  The clocks stand still, so that two plays give the
-/// same reports.
+/// same reports.  With a fault that kills it is a process of its own, and nothing is counted.
 Outcome play(const Files& before, std::string_view typed, const Fault& fault = {});
-/// The same in a process of its own, which a fault may kill.  Nothing is counted.
-Outcome playInChild(const Files& before, std::string_view typed, const Fault& fault);
 
 }  // namespace zelvaro::test

@@ -11,11 +11,6 @@
 
 namespace zelvaro::test {
 
-struct ProgramLimits {
-  std::size_t addressSpaceKiB = 0;  ///< 0: as much as there is
-  bool outputIsClosed = false;      ///< descriptors 1 and 2 are closed when the program starts
-};
-
 /// What is left of a process.
 struct Ended {
   int status = 0;  ///< as waitpid has it
@@ -24,8 +19,9 @@ struct Ended {
   std::size_t peakMiB = 0;  ///< most memory that it ever had resident
 };
 
-/// Starts the program in `folder`, types `typed`, and waits for its end, two minutes at most.
-Ended runProgram(const std::string& folder, std::string_view typed, const ProgramLimits& limits = {});
+/// Starts the program in `folder`, types `typed`, and waits for its end, two minutes at most.  `preparation` is
+/// what a shell does before it turns into the program, as "ulimit -v 6000".
+Ended runProgram(const std::string& folder, const std::string& typed, const std::string& preparation = ":");
 
 /// The program with somebody who watches it: on a pseudo-terminal, or through two pipes.
 class WatchedProgram {
@@ -42,8 +38,8 @@ class WatchedProgram {
   bool shows(std::string_view text);
   /// The watcher goes away: the terminal hangs up, or the pipes have no other end any more.
   void leave();
-  /// Waits for the end, `seconds` at most, and returns its status as waitpid has it; -1 if it has not come.
-  int wait(int seconds = 20);
+  /// Waits for the end, 20 seconds at most, and returns its status as waitpid has it; -1 if it has not come.
+  int wait();
   /// All bytes that the screen has got so far.
   const std::string& screen() const { return screen_; }
 

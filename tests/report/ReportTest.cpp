@@ -47,11 +47,11 @@ TEST_F(ReportTest, StackRowsEndAfterFourZerosInARow) {
   const auto rows = [this] { return linesBetween("The Stack Pointer", "//--"); };
   line(u"", 0x8100);
   EXPECT_EQ(rows().size(), 5u);
-  m.StackArea[1] = 65;
+  m.StackArea[1] = '~';
   m.StackArea[5] = 66;   // after three zeros
   m.StackArea[10] = 67;  // after four: not seen
   EXPECT_EQ(rows().size(), 11u);
-  EXPECT_EQ(rows().at(9), "#FFFE:65534:      : 'A':#0041:   65:   +65: 0000 0000 0100 0001:");
+  EXPECT_EQ(rows().at(9), "#FFFE:65534:      : '~':#007E:  126:  +126: 0000 0000 0111 1110:");
   m.StackArea.fill(1);
   EXPECT_EQ(rows().size(), 501u);
   EXPECT_EQ(rows().front().substr(0, 12), "#FE0B:65035:");
@@ -103,7 +103,7 @@ TEST(LabelColumn, ShowsWhatTheWalkFinds) {
     line.LabelStr = label;
     line.AbAdr = adr;
   }
-  const LabelColumn<char> column{std::span<const SrcDataA>(lines)}, sorted{lines, true};
+  const LabelColumn<char> column{std::span<const SrcDataA>(lines)}, sorted{lines, LabelOrder::OfAddresses};
   const std::vector<std::string> expected{"A B2 ", "", "", "ABC DEFG ", "", "LAST ", ""};
   for (int adr = -1; adr < 7; ++adr) {
     std::string shown;

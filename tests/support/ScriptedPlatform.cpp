@@ -10,13 +10,12 @@ class MemoryFile : public OutputFile {
   MemoryFile(ScriptedPlatform& platform, std::string path) : platform_(platform), path_(std::move(path)) {}
   void write(std::string_view bytes) override { bytes_ += bytes; }
   bool commit() override {
-    if (platform_.unwritable.count(path_) != 0) return false;
+    if (!failure().reason.empty()) return false;
     platform_.files[path_] = bytes_;
     return true;
   }
   FileFailure failure() const override {
-    const bool fails = platform_.unwritable.count(path_) != 0;
-    return {FileFailure::Kind::System, fails ? "No space left on device" : ""};
+    return {Kind::System, platform_.unwritable.count(path_) != 0 ? "No space left on device" : ""};
   }
 
  private:
@@ -25,8 +24,10 @@ class MemoryFile : public OutputFile {
   std::string bytes_;
 };
 
-void tell(FileFailure* failure, FileFailure::Kind kind, const char* reason) {
+/// The failure of a call that gives nothing then.
+std::nullopt_t refused(FileFailure* failure, Kind kind, const char* reason) {
   if (failure != nullptr) *failure = {kind, reason};
+  return std::nullopt;
 }
 
 }  // namespace
@@ -38,54 +39,30 @@ std::optional<std::string> ScriptedPlatform::readLine() {
   return line;
 }
 
-bool ScriptedPlatform::canRead(const std::string& path, FileFailure* failure) {
-  return readFile(path, failure, kAnySize).has_value();
-}
-
 std::optional<std::string> ScriptedPlatform::readFile(const std::string& path, FileFailure* failure,
                                                       std::size_t most) {
   const auto at = files.find(path);
-  if (at != files.end() && at->second.size() <= most) return at->second;
-  if (at != files.end()) {
-    tell(failure, Kind::TooLarge, "File too large");
-  } else if (folders.count(path) != 0) {
-    tell(failure, Kind::Folder, "Is a directory");
-  } else {
-    tell(failure, Kind::Missing, "No such file or directory");
-  }
-  return std::nullopt;
+  if (folders.count(path) != 0) return refused(failure, Kind::Folder, "Is a directory");
+  if (at == files.end()) return refused(failure, Kind::Missing, "No such file or directory");
+  if (at->second.size() > most) return refused(failure, Kind::TooLarge, "File too large");
+  return at->second;
 }
 
 std::unique_ptr<OutputFile> ScriptedPlatform::createFile(const std::string& path, FileFailure* failure,
                                                          FileWriting writing) {
   if (!writing.replaces && exists(path)) {
-    tell(failure, Kind::Exists, "File exists");
+    refused(failure, Kind::Exists, "File exists");
   } else if (folders.count(path) != 0) {
-    tell(failure, Kind::Folder, "Is a directory");
+    refused(failure, Kind::Folder, "Is a directory");
   } else {
     return std::make_unique<MemoryFile>(*this, path);
   }
   return nullptr;
 }
 
-std::optional<std::string> ScriptedPlatform::folderListing(const std::string& path, FileFailure*) {
-  actions.push_back("list " + path);
-  return "";
-}
-
 bool ScriptedPlatform::deleteFile(const std::string& path, FileFailure*) {
   actions.push_back("delete " + path);
   return files.erase(path) != 0;
-}
-
-EditResult ScriptedPlatform::editFile(const EditorCommand& editor, const std::string& path) {
-  actions.push_back("edit [" + editor.commandLine + "] " + path);
-  return {};
-}
-
-bool ScriptedPlatform::openOnDesktop(const std::string& path) {
-  actions.push_back("open " + path);
-  return true;
 }
 
 }  // namespace zelvaro::test

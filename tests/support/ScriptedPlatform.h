@@ -20,7 +20,6 @@ class ScriptedPlatform : public Platform {
   std::set<std::string> unwritable;  ///< names that createFile and commit refuse
   std::vector<std::string> actions;  ///< what was asked of the outside world, a line each
   bool japanese = false;
-  bool gone = false;              ///< nobody follows the console
   int random = 0;                 ///< the next random number
   std::int64_t ticks = 0;         ///< what every clock shows, in microseconds
   std::int64_t ticksPerCall = 0;  ///< by how much each look at a clock moves it on
@@ -30,17 +29,22 @@ class ScriptedPlatform : public Platform {
   void flush() override {}
   std::optional<std::string> readLine() override;
   bool inputHasEnded() override { return typed.empty(); }
-  bool consoleIsGone() override { return gone; }
-  bool canRead(const std::string& path, FileFailure* failure) override;
+  bool canRead(const std::string& path, FileFailure* failure) override {
+    return readFile(path, failure, kAnySize).has_value();
+  }
   std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
                                       std::size_t most) override;
   std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure,
                                          FileWriting writing) override;
   bool exists(const std::string& path) override { return files.count(path) + folders.count(path) != 0; }
-  std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
+  std::optional<std::string> folderListing(const std::string& path, FileFailure*) override {
+    return actions.emplace_back("list " + path), "";
+  }
   bool deleteFile(const std::string& path, FileFailure* failure) override;
-  EditResult editFile(const EditorCommand& editor, const std::string& path) override;
-  bool openOnDesktop(const std::string& path) override;
+  EditResult editFile(const EditorCommand& editor, const std::string& path) override {
+    return actions.emplace_back("edit [" + editor.commandLine + "] " + path), EditResult{};
+  }
+  bool openOnDesktop(const std::string& path) override { return actions.emplace_back("open " + path), true; }
   void bringConsoleToFront() override {}
   std::optional<std::string> workingDirectory(FileFailure*) override { return "/work"; }
   bool userInterfaceIsJapanese() override { return japanese; }

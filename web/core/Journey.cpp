@@ -68,6 +68,17 @@ bool Journey::isTemporary(int address) const {
   return std::find(temporary_.begin(), temporary_.end(), address) != temporary_.end();
 }
 
+/// Whether the learner has set a breakpoint there.
+bool Journey::isLearners(int address) const {
+  const std::vector<int> set = m_.breakpoints();
+  return std::binary_search(set.begin(), set.end(), address) && !isTemporary(address);
+}
+
+bool Journey::endAtBreakpoint() {
+  isAtBreakpoint_ = true;
+  return false;
+}
+
 /// Runs; takes off what was executed. A breakpoint at the end of the steps counts, as the next call would pass over it.
 bool Journey::runsIntoBreakpoint(std::int64_t& steps) {
   const engine::Halt halt = steps == 1 ? m_.step() : m_.run(steps);  // step() knows its changes
@@ -80,8 +91,7 @@ bool Journey::runsIntoBreakpoint(std::int64_t& steps) {
 
 bool Journey::forth(std::int64_t steps) {
   if (!runsIntoBreakpoint(steps)) return m_.stop() == Stop::Steps;
-  isAtBreakpoint_ = !isTemporary(m_.registers().pr);
-  return false;
+  return isTemporary(m_.registers().pr) ? false : endAtBreakpoint();
 }
 
 /// IN, OUT, RPUSH and RPOP are several instructions of one line.
@@ -113,15 +123,17 @@ bool Journey::toDepth(std::int64_t steps) {
     for (int address = 0; address <= 0xFFFF; ++address)
       if (hasCode(m_.word(address), Op::RET)) setTemporary(address);
   for (int hits = 0; steps > 0 && hits < kMostHits; ++hits) {
-    if (!runsIntoBreakpoint(steps)) {
-      if (m_.stop() != Stop::Steps) return false;
-      continue;
+    const engine::Registers r = m_.registers();
+    if (hasCode(m_.word(r.pr), Op::RET)) {
+      const bool isLast = r.os == depth_ + 1;
+      --steps;
+      if (m_.step().stop != Stop::Steps || isLast) return false;
+      if (isLearners(m_.registers().pr)) return endAtBreakpoint();
+    } else if (runsIntoBreakpoint(steps)) {
+      if (!isTemporary(m_.registers().pr)) return endAtBreakpoint();
+    } else if (m_.stop() != Stop::Steps) {
+      return false;
     }
-    isAtBreakpoint_ = !isTemporary(m_.registers().pr);
-    if (isAtBreakpoint_) return false;
-    const bool isLast = m_.registers().os == depth_ + 1;
-    if (m_.step().stop != Stop::Steps || isLast) return false;
-    --steps;
   }
   return true;
 }

@@ -33,6 +33,8 @@ class Journey {
   bool backToChange(std::int64_t steps);
   void setTemporary(int address);
   bool isTemporary(int address) const;
+  bool isLearners(int address) const;
+  bool endAtBreakpoint();
   bool runsIntoBreakpoint(std::int64_t& steps);
   bool isInMacro() const;
 

@@ -71,6 +71,11 @@ test("steps go over a CALL, out of it, to a line, and back over what was written
   assert.deepEqual(deep.stack.map((r) => [r.depth, r.callLine]), [[2, 11], [1, 3]]);
   await core.go("goTo", { steps: 3 });
   assert.equal(await lineAfter("out"), 4, "the outer one, with the inner ones");
+  for (const steps of [8, 12, 16]) {
+    await core.go("goTo", { steps });
+    const { os } = await core.call("state", null);
+    assert.equal((await core.go("out")).os, os - 1, `out of call ${os}`);
+  }
   await core.go("goTo", { steps: 2 });
   assert.equal(await lineAfter("over"), 4, "a CALL as a whole");
   const stored = await core.go("step");
