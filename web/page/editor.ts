@@ -41,6 +41,17 @@ function newLine(view: EditorView): boolean {
   return true;
 }
 
+/// Typing over several selected lines.  Left to the browser, it would put style attributes into the text for a moment,
+/// which the page's policy refuses.
+function replaceLines(event: InputEvent, view: EditorView): boolean {
+  const { state } = view;
+  const { from, to } = state.selection.main;
+  const isOneLine = to <= state.doc.lineAt(from).to;
+  if (event.inputType !== "insertText" || event.data === null || event.isComposing || isOneLine) return false;
+  view.dispatch(state.replaceSelection(event.data), { userEvent: "input.type", scrollIntoView: true });
+  return true;
+}
+
 export class Editor {
   readonly view: EditorView;
   /// The text has changed, by the learner or by the page.
@@ -145,6 +156,7 @@ export class Editor {
         if (update.docChanged) this.changed.emit();
       }),
       EditorView.domEventHandlers({
+        beforeinput: replaceLines,
         compositionend: () => {
           // The change of the text that ends a composition comes with or after this event.
           setTimeout(() => this.composed.emit(), 0);

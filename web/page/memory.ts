@@ -18,6 +18,8 @@ export class Memory {
   private readonly viewport: HTMLElement;
   private readonly rows = el("div", { class: "memory-rows", role: "rowgroup" });
   private readonly place = el("input", { type: "text", size: 8, autocomplete: "off", spellcheck: "false" });
+  /// The words that the last step has changed, which may be far from the visible rows.
+  private readonly changes = el("p", { class: "memory-changes" });
   private readonly follow = el("input", { type: "checkbox", checked: true });
   private selected = -1;
   private busy = false;
@@ -37,9 +39,12 @@ export class Memory {
     this.viewport.addEventListener("scroll", () => void this.refresh());
     const title = labelled(el("h2", { id: "memory-title" }), "memory");
     this.node = el("section", { class: "pane memory-pane", id: "memory", "aria-labelledby": "memory-title", tabindex: -1 });
-    this.node.append(el("div", { class: "pane-head" }, title, this.controls()), this.viewport);
+    this.node.append(el("div", { class: "pane-head" }, title, this.controls()), this.changes, this.viewport);
     new ResizeObserver(() => void this.refresh()).observe(this.viewport);
-    runner.changed.on(() => void this.refresh(this.follow.checked));
+    runner.changed.on(() => {
+      this.showChanges();
+      void this.refresh(this.follow.checked);
+    });
     languageChanged.on(() => void this.refresh());
   }
 
@@ -72,6 +77,18 @@ export class Memory {
     if (this.runner.state?.steps === 0) announce(t("neverChanged", { address: hex(address) }));
   }
 
+  private showChanges(): void {
+    const { state, loaded } = this.runner;
+    const words = (state?.changes ?? []).filter((change) => change.place === "Memory");
+    this.changes.hidden = words.length === 0;
+    this.changes.replaceChildren();
+    for (const { index, before, after } of words.slice(0, 8)) {
+      const label = loaded?.labels.find((one) => one.address === index)?.name ?? "";
+      const text = `* ${label} ${hex(index)}: ${hex(before)} → ${hex(after)}`;
+      this.changes.append(el("button", { type: "button", class: "link", onclick: () => void this.goTo(index) }, text));
+    }
+  }
+
   private async goToPlace(): Promise<number> {
     const place = this.place.value.trim();
     const address = place ? await this.engine.call("addressOf", { place }) : -1;
@@ -81,11 +98,15 @@ export class Memory {
       return -1;
     }
     this.place.removeAttribute("aria-invalid");
+    await this.goTo(address);
+    return address;
+  }
+
+  private async goTo(address: number): Promise<void> {
     this.follow.checked = false;
     this.selected = address;
     this.viewport.scrollTop = Math.max(0, address - 2) * kRowHeight;
     await this.refresh();
-    return address;
   }
 
   /// Asks for the visible rows; with `toPr` the row of PR is made visible before.

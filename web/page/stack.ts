@@ -33,7 +33,7 @@ export class Stack {
 
   private item(row: StackRow, changed: boolean): HTMLElement {
     const node = el("li", { class: changed ? "is-changed" : "" });
-    node.append(el("span", { class: "soft" }, hex(row.address)), ` ${hex(row.word)} ${row.word}${changed ? " *" : ""}`);
+    node.append(el("span", { class: "soft" }, hex(row.address)), ` ${hex(row.word)}${row.depth ? "" : ` ${row.word}`}${changed ? " *" : ""}`);
     if (row.depth) node.append(el("span", { class: "call" }, ` CALL, ${t("lineNumber", { line: row.callLine })}`));
     return node;
   }

@@ -2,7 +2,6 @@
 // The words of faults, stops and reports are the core's and are not here.
 const table = {
   title: { en: "Zelvaro", ja: "Zelvaro" },
-  tagline: { en: "Learn assembler programming", ja: "アセンブラを学ぶ" },
   skip: { en: "Skip to the editor", ja: "エディタへ移動" },
 
   // --- head ---
@@ -33,10 +32,6 @@ const table = {
   // --- editor ---
   editor: { en: "Program", ja: "プログラム" },
   encodingRead: { en: "read as {encoding}", ja: "{encoding} として読み込み" },
-  wideTitle: {
-    en: "Full-width character: the language knows only half-width ones here",
-    ja: "全角文字です。ここでは半角文字だけが使えます",
-  },
   cmControl: { en: "Control character", ja: "制御文字" },
   cmCompletions: { en: "Completions", ja: "補完候補" },
   runsNext: { en: "runs next", ja: "次に実行" },
@@ -45,22 +40,17 @@ const table = {
     ja: "u() 符号なし、s() 符号つき、EA 実効アドレス、m は EA の語または GR[x]、F はサインとゼロを設定",
   },
   form: { en: "Forms", ja: "書き方" },
-  effect: { en: "Effect", ja: "はたらき" },
   flags: { en: "Flags", ja: "フラグ" },
   register: { en: "register", ja: "レジスタ" },
   label: { en: "label", ja: "ラベル" },
   breakpointSet: { en: "Breakpoint on line {line}", ja: "{line} 行目にブレークポイント" },
   breakpointCleared: { en: "No breakpoint on line {line} any more", ja: "{line} 行目のブレークポイントを解除" },
-  breakpointGutter: { en: "Breakpoints", ja: "ブレークポイント" },
   breakpointNowhere: { en: "Line {line} has no instruction", ja: "{line} 行目には命令がありません" },
 
   // --- faults ---
   faults: { en: "Faults", ja: "誤り" },
   noFaults: { en: "No faults found.", ja: "誤りは見つかりませんでした。" },
   checking: { en: "Checking…", ja: "調べています…" },
-  errors: { en: "errors: {n}", ja: "エラー: {n}" },
-  warnings: { en: "warnings: {n}", ja: "警告: {n}" },
-  notes: { en: "notes: {n}", ja: "注意: {n}" },
   faultTally: {
     en: "{errors} errors, {warnings} warnings, {notes} notes",
     ja: "エラー {errors}、警告 {warnings}、注意 {notes}",
@@ -104,7 +94,6 @@ const table = {
   hottest: { en: "Executed most", ja: "よく実行された行" },
   times: { en: "{n} times", ja: "{n} 回" },
   heat: { en: "Show execution counts", ja: "実行回数を表示" },
-  heatGutter: { en: "Execution counts", ja: "実行回数" },
   engineFailed: { en: "The engine has stopped: {reason}", ja: "エンジンが停止しました: {reason}" },
 
   // --- machine ---
@@ -123,7 +112,6 @@ const table = {
   memoryLabel: { en: "Label", ja: "ラベル" },
   count: { en: "Count", ja: "回数" },
   statement: { en: "Statement", ja: "文" },
-  changed: { en: "changed", ja: "変化" },
   flagOverflow: { en: "Overflow", ja: "オーバフロー" },
   flagSign: { en: "Sign", ja: "サイン" },
   flagZero: { en: "Zero", ja: "ゼロ" },
@@ -131,7 +119,6 @@ const table = {
   stackEmpty: { en: "The stack is empty.", ja: "スタックは空です。" },
   goToAddress: { en: "Go to address or label", ja: "番地・ラベルへ移動" },
   followPr: { en: "Follow PR", ja: "PR を追う" },
-  lastChange: { en: "Run back to the last change of {address}", ja: "{address} が最後に変わったところまで戻る" },
   lastChangeButton: { en: "Last change", ja: "最後の変化へ" },
   lastChangeTitle: {
     en: "Run back to the last change of the word in the field",
@@ -166,7 +153,6 @@ const table = {
     en: "The browser does not keep the text. Save it before you close the page.",
     ja: "ブラウザがテキストを保存できません。閉じる前にファイルに保存してください。",
   },
-  dropHere: { en: "Drop the file to open it", ja: "ここにドロップして開く" },
   replaceTitle: { en: "Replace the text?", ja: "テキストを置き換えますか" },
   replaceText: {
     en: "The text in the editor has changes that are not saved to a file. {name} takes its place.",
@@ -223,7 +209,6 @@ const table = {
   keyPanes: { en: "Next part of the page", ja: "次の部分へ移動" },
   keyPanesBack: { en: "Part of the page before", ja: "前の部分へ移動" },
   keyHelp: { en: "This page", ja: "このページ" },
-  sideways: { en: "scrolls sideways", ja: "横にスクロールできます" },
 } as const satisfies Record<string, { en: string; ja: string }>;
 
 export type TextKey = keyof typeof table;

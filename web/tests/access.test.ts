@@ -3,16 +3,16 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { createRequire } from "node:module";
 import { test } from "node:test";
-import type { Learner as Person } from "./learner.js";
+import { ROOT } from "./browser.js";
 import { Learner } from "./learner.js";
 
 interface Violation {
   id: string;
   nodes: { target: unknown[]; failureSummary?: string }[];
 }
-const axe = await readFile(createRequire(`${process.cwd()}/web/package.json`).resolve("axe-core/axe.min.js"), "utf8");
+const axe = await readFile(createRequire(`${ROOT}/web/package.json`).resolve("axe-core/axe.min.js"), "utf8");
 
-async function findsNothing(learner: Person, view: string): Promise<void> {
+async function findsNothing(learner: Learner, view: string): Promise<void> {
   if (!(await learner.page.evaluate(() => "axe" in window))) await learner.page.evaluate(axe);
   const violations = await learner.page.evaluate(async () => {
     const run = (window as unknown as { axe: { run: () => Promise<{ violations: Violation[] }> } }).axe.run;

@@ -2,9 +2,10 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { test } from "node:test";
+import { ROOT } from "./browser.js";
 import { Learner } from "./learner.js";
 
-const folder = process.env["ZELVARO_SAMPLES"] ?? "workspace/src/example/encodings";
+const folder = `${ROOT}/workspace/src/example/encodings`;
 
 async function open(learner: Learner, name: string, bytes: Buffer): Promise<void> {
   const [chooser] = await Promise.all([learner.page.waitForEvent("filechooser"), learner.menu("File", "Open a file…")]);

@@ -41,8 +41,8 @@ test("steps go forth and back, and mark the line and what it changed", async () 
   await learner.press("stepBack");
   assert.equal(await learner.register("GR1"), "#0003");
   await learner.press("step", 2);
-  const row = learner.page.locator(".memory-row.is-changed");
-  await learner.shows(row, /\* #001A 26SUM#00077\+7/);
+  await learner.page.getByRole("button", { name: "* SUM #001A: #0000 → #0007" }).click();
+  await learner.shows(learner.page.locator(".memory-row.is-changed"), /\* #001A +26SUM#00077\+7/);
   await learner.leave();
 });
 

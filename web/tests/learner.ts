@@ -1,12 +1,19 @@
 // What a learner does with the page, for the tests.
 import assert from "node:assert/strict";
+import { after } from "node:test";
 import type { Locator, Page } from "playwright-core";
 import { openPage, type OpenOptions, type Opened } from "./browser.js";
+
+// A test that fails leaves its browser open.
+const open = new Set<Opened>();
+after(() => Promise.all([...open].map((one) => one.close())));
 
 export class Learner {
   readonly page: Page;
   constructor(readonly opened: Opened) {
     this.page = opened.page;
+    open.add(opened);
+    this.page.setDefaultTimeout(6000);
   }
 
   /// Opens the page; it has checked its first text when this returns.
@@ -18,6 +25,7 @@ export class Learner {
   /// Closes the page, which must have asked nothing of a network and reported no error.
   async leave(): Promise<void> {
     const { requests, errors } = this.opened;
+    open.delete(this.opened);
     await this.opened.close();
     assert.deepEqual(errors, []);
     assert.deepEqual(requests, []);

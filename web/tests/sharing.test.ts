@@ -10,7 +10,8 @@ function fragment(value: string): string {
 const program = "; shared 共有\nMAIN START\n RET\n END\n";
 
 test("a link is made and opened: not run, and the kept text is asked for", async () => {
-  const learner = await Learner.come({ clipboard: true });
+  const learner = await Learner.come();
+  await learner.page.context().grantPermissions(["clipboard-read", "clipboard-write"]);
   await learner.write(program);
   await learner.menu("File", "Copy a link to this text");
   await learner.shows(learner.page.locator(".notice"), "The link is copied");
