@@ -16,8 +16,9 @@ constexpr int kTries = 2000;  ///< one each 10 ms: 20 seconds
   constexpr unsigned kLongestSeconds = 120;
   constexpr int kNoProgram = 127;
   ::alarm(kLongestSeconds);
-  const std::string script = "cd \"$0\" && unset LC_ALL DISPLAY WAYLAND_DISPLAY && export LANG=C.UTF-8 TERM=xterm && " + preparation +
-                             " && exec \"${ZELVARO_PROGRAM:-" ZELVARO_PROGRAM "}\"";
+  const std::string script =
+      "cd \"$0\" && unset LC_ALL DISPLAY WAYLAND_DISPLAY && export LANG=C.UTF-8 TERM=xterm && " +
+      preparation + " && exec \"${ZELVARO_PROGRAM:-" ZELVARO_PROGRAM "}\"";
   ::execl("/bin/sh", "sh", "-c", script.c_str(), folder.c_str(), static_cast<char*>(nullptr));
   ::_exit(kNoProgram);
 }
