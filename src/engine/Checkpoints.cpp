@@ -14,7 +14,8 @@ std::array<std::int32_t*, 9> fieldsOf(Tcomet2& m) {
 
 Pages::Pages(Cells& cells, const Pages* before) : pages_((cells.size() + kPage - 1) / kPage) {
   static constexpr Page kZeros{};
-  const std::size_t used = cells.touched();  // those after it are 0, and a look at them would cost a page each
+  const std::size_t used =
+      cells.touched();  // those after it are 0, and a look at them would cost a page each
   const std::int32_t* const data = cells.data();
   for (std::size_t i = 0; i < pages_.size(); ++i) {
     const bool hasBefore = before != nullptr && before->pages_[i] != nullptr;
