@@ -1,5 +1,7 @@
 #include "check/Init.h"
 
+#include <fmt/format.h>
+
 #include <array>
 #include <sstream>
 
@@ -24,7 +26,7 @@ constexpr std::array<std::string_view, 2> kParts{"src", "tasks"};
 std::string shareFolder(Platform& platform) {
   const std::string own = folderOfProgram();
   for (const char* place : {"/../share/zelvaro", "/../../workspace"})
-    if (const std::string folder = own + place; platform.exists(folder + "/src")) return folder;
+    if (std::string folder = own + place; platform.exists(folder + "/src")) return folder;
   return {};
 }
 
@@ -40,12 +42,10 @@ class Copy {
     if (!names) return refuse(fileFault(from, failure, true));
     std::istringstream lines(*names);
     for (std::string name; std::getline(lines, name);) {
-      if (name.ends_with('/')) {
-        name.pop_back();
-        folder(from + '/' + name, to + '/' + name);
-      } else {
-        file(from + '/' + name, to + '/' + name);
-      }
+      const bool isFolder = name.ends_with('/');
+      if (isFolder) name.pop_back();
+      const std::string source = fmt::format("{}/{}", from, name), target = fmt::format("{}/{}", to, name);
+      isFolder ? folder(source, target) : file(source, target);
     }
   }
 

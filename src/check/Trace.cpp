@@ -30,7 +30,7 @@ std::string placeName(const Change& c, const Statements& statements) {
     case Change::Place::Memory:
       break;
   }
-  const std::string label = statements.labelAt(c.index);
+  const std::string& label = statements.labelAt(c.index);
   return label.empty() ? fmt::format("#{:04X}", c.index) : fmt::format("{} #{:04X}", label, c.index);
 }
 

@@ -1,5 +1,6 @@
 #include "engine/Machine.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "engine/MachineState.h"
@@ -119,8 +120,8 @@ std::uint16_t Machine::word(int address) const {
 }
 
 std::vector<std::uint16_t> Machine::memory(int from, int count) const {
-  std::vector<std::uint16_t> out;
-  for (int i = 0; i < count; ++i) out.push_back(word(from + i));
+  std::vector<std::uint16_t> out(static_cast<std::size_t>(std::max(count, 0)));
+  for (int i = 0; i < count; ++i) out[static_cast<std::size_t>(i)] = word(from + i);
   return out;
 }
 
