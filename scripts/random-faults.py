@@ -166,6 +166,8 @@ class Collector:
     def runs(self, cursor):
         """Whether a function is for the running program: the faults of a constant expression do not compile."""
         start = cursor.extent.start
+        if not start.file:  # a function that a macro's text makes
+            return False
         file = os.path.relpath(start.file.name, self.tree / "src")
         text = self.lines.files.get(file, [])[start.line - 1:]
         return not re.search(r"\b(constexpr|consteval)\b", "\n".join(text).split("{")[0])
