@@ -9,10 +9,10 @@
 
 namespace zelvaro::check {
 
-/// Where the text of an example stands in its source.
+/// Where the text of an example is in its source.
 enum class Frame : std::uint8_t { Line, Data, Whole };
 
-/// A faulty text that draws a message, and a mended one that does not.
+/// A faulty text that gets a message, and a mended one that does not.
 struct Example {
   std::string_view code;
   FamilyId pipeline;

@@ -43,9 +43,8 @@ struct TaskRules {
 struct Task {
   static constexpr std::int64_t kUsualSteps = 1'000'000;
   std::string title;
-  int points = 0;  ///< of the cases and the rules together
-  std::string
-      driver;  ///< path of a source placed in front of each submission, relative to the task; may be empty
+  int points = 0;      ///< of the cases and the rules together
+  std::string driver;  ///< path of a source put before each submission, relative to the task; may be empty
   TaskRules rules;
   std::vector<TaskCase> cases;
 };

@@ -51,7 +51,7 @@ class Decoded {
   Decoded(Decoded&&) = default;
   ~Decoded();
 
-  /// Drops everything decoded, as after changes of the memory that stored() has not been told.  The run stops
+  /// Drops everything decoded, as after changes of the memory without a call of stored().  The run stops
   /// at the addresses whose flag is set in `breakpoints`, one for each address, or null.
   void forget(const std::vector<bool>* breakpoints);
 

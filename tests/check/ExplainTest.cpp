@@ -15,7 +15,7 @@ namespace {
 
 using Codes = std::set<std::string, std::less<>>;
 
-/// All codes that a source draws: of its checks, of its run, of hints.
+/// All codes that a source gets: of its checks, of its run, of hints.
 Codes drawn(FamilyId pipeline, Frame frame, std::string_view text) {
   constexpr std::int64_t kSteps = 100'000;
   Codes out;

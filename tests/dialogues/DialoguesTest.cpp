@@ -8,7 +8,7 @@
 //   ^                 what is shown before anything is typed;  $ what follows the end of the input
 //   ? N               the file as it was at the end of that answer
 //   > a => x => + y   the same as lines of their own
-//     text            a line that comes after the line found last; "..." stands for any text
+//     text            a line that comes after the line found last; "..." is any text
 //   + text            the line directly after the line found last
 //   ! text            a line that comes nowhere in the answer
 //   define N          the lines that follow take the place of a line <N>

@@ -162,7 +162,7 @@ TEST(MemoryFaults, ALackEndsARunOrTheProgramButNothingElse) {
                                             HasSubstr("Cannot allocate memory")));
           ++backAtTheMenu;
         }
-        // without its settings the program speaks English, and so do its reports
+        // without its settings the program and its reports are in English
         if (struck.console.find(kIni) == std::string::npos) expectWhole(files, struck.files, faultless.files);
       }
       EXPECT_TRUE(backAtTheMenu > 0 || lasts);

@@ -23,7 +23,7 @@ struct Fault {
   int output = -2;     ///< a descriptor for the console instead of the file that is collected
 };
 
-/// What a session leaves behind.
+/// What a session leaves in its folder.
 struct Outcome {
   int status = 0;  ///< 1 where memory has run out; as for waitpid from a process of its own
   std::string console;

@@ -14,7 +14,7 @@ namespace zelvaro::test {
 class ScriptedPlatform : public Platform {
  public:
   std::string console;            ///< all that has been printed, UTF-8
-  std::deque<std::string> typed;  ///< lines to come; behind the last one the input has ended
+  std::deque<std::string> typed;  ///< lines to come; after the last one the input has ended
   std::map<std::string, std::string> files;
   std::set<std::string> folders;
   std::set<std::string> unwritable;  ///< names that createFile and commit refuse

@@ -8,7 +8,7 @@
 namespace zelvaro::test {
 namespace {
 
-/// A grammar: "%o" stands for any text of row o, and so do "_" for blanks and "$" for the end of a line; "@" is
+/// A grammar: "%o" is any text of row o, and so do "_" for blanks and "$" for the end of a line; "@" is
 /// the number of the statement.
 const std::map<char, std::vector<std::string>> kRows{
     {'_', {" ", "\t", "   ", " \t "}},

@@ -24,7 +24,7 @@ export class Runner {
   private steps = FIRST_STEPS;
   private startedAt = 0;
   private startedWith = 0;
-  private told = 0; // when the last progress was sent
+  private reportedAt = 0; // when the last progress was sent
   private owed = 0; // steps of slow motion that are due, with a fraction
   private lastSlice = 0;
   private timer: ReturnType<typeof setTimeout> | undefined;
@@ -44,7 +44,7 @@ export class Runner {
     return new Promise((resolve, reject) => {
       this.resolve = resolve;
       this.reject = reject;
-      this.startedAt = this.told = this.lastSlice = performance.now();
+      this.startedAt = this.reportedAt = this.lastSlice = performance.now();
       this.startedWith = -1;
       this.owed = 1; // the first step is not waited for
       this.speed = stepsPerSecond;
@@ -118,8 +118,8 @@ export class Runner {
 
   private tell(): void {
     const now = performance.now();
-    if (now - this.told < (this.speed > 0 ? SLOW_PROGRESS : PROGRESS)) return;
-    this.told = now;
+    if (now - this.reportedAt < (this.speed > 0 ? SLOW_PROGRESS : PROGRESS)) return;
+    this.reportedAt = now;
     const state = this.machine.state();
     if (this.startedWith < 0) {
       this.startedWith = state.steps;

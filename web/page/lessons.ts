@@ -8,7 +8,7 @@ export interface Lesson {
   text: Record<keyof Text, string[]>;
   /// To be put in the editor.
   program: string;
-  /// The task, as TOML, and a source placed in front of the program when it is marked.
+  /// The task, as TOML, and a source put before the program when it is marked.
   task: string;
   driver?: string;
   /// A program that passes.
