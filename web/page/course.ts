@@ -30,6 +30,7 @@ export class Course {
     private readonly engine: Engine,
     private readonly editor: Editor,
     private readonly text: TextDocument,
+    private readonly share: (lesson: Lesson) => void,
   ) {
     const close = el("button", { type: "button", class: "small", onclick: () => this.close() });
     labelled(close, "close");
@@ -38,9 +39,7 @@ export class Course {
     languageChanged.on(() => this.show());
   }
 
-  open(id: string): boolean {
-    const lesson = allLessons.find((one) => one.id === id);
-    if (!lesson) return false;
+  open(lesson: Lesson): void {
     this.lesson = lesson;
     this.grade = null;
     this.answerShown = false;
@@ -48,7 +47,6 @@ export class Course {
     document.body.classList.add("has-lesson");
     this.show();
     this.body.scrollTop = 0;
-    return true;
   }
 
   private close(): void {
@@ -65,14 +63,15 @@ export class Course {
     setText(this.title, head + words(lesson.title));
     const load = el("button", { type: "button", onclick: () => void this.text.replace(this.fileName(lesson), lesson.program) }, t("loadProgram"));
     const check = el("button", { type: "button", class: "primary", id: "check-button", onclick: () => void this.check() }, t("check"));
-    const row = el("div", { class: "lesson-buttons" }, load, check);
+    const share = el("button", { type: "button", onclick: () => this.share(lesson) }, t("shareTask"));
+    const row = el("div", { class: "lesson-buttons" }, load, check, share);
     this.body.replaceChildren(...lesson.text[language()].map(paragraph), row);
     if (this.grade) this.body.append(this.result(this.grade));
     this.body.append(this.answer(lesson), this.way(lesson));
   }
 
   private fileName(lesson: Lesson): string {
-    return lessons.includes(lesson) ? `lesson${lesson.id}.txt` : `${lesson.id}.txt`;
+    return lessons.includes(lesson) ? `lesson${lesson.id}.txt` : `${lesson.id.replace(/\.toml$/i, "")}.txt`;
   }
 
   private answer(lesson: Lesson): HTMLElement {
@@ -82,12 +81,13 @@ export class Course {
     return details;
   }
 
-  /// The buttons to the lesson before and after.
+  /// The buttons to the lesson before and after; a teacher's own task is not among them.
   private way(lesson: Lesson): HTMLElement {
     const at = allLessons.indexOf(lesson);
     const row = el("div", { class: "lesson-way" });
+    if (at < 0) return row;
     for (const [key, other] of [["previous", allLessons[at - 1]], ["next", allLessons[at + 1]]] as const) {
-      if (other) row.append(el("button", { type: "button", onclick: () => this.open(other.id) }, t(key)));
+      if (other) row.append(el("button", { type: "button", onclick: () => this.open(other) }, t(key)));
     }
     const isDone = settings().lessonsDone?.includes(lesson.id);
     if (isDone) row.append(el("span", { class: "done" }, `✓ ${t("done")}`));
@@ -101,7 +101,7 @@ export class Course {
     const ask = { task: lesson.task, source, ...(lesson.driver === undefined ? {} : { driver: lesson.driver }) };
     this.grade = await this.engine.call("grade", ask);
     const passed = this.grade.fault === null && this.grade.points === this.grade.of;
-    if (passed) keepSettings({ lessonsDone: [...new Set([...(settings().lessonsDone ?? []), lesson.id])] });
+    if (passed && allLessons.includes(lesson)) keepSettings({ lessonsDone: [...new Set([...(settings().lessonsDone ?? []), lesson.id])] });
     this.show();
     document.getElementById("check-button")?.focus();
     announce(passed ? t("allPassed") : t("points", { points: this.grade.points, of: this.grade.of }));

@@ -1,4 +1,4 @@
-// Files: open by button and by drop, save in two encodings, the reports.
+// Files: open by button and by drop, a task with its driver, save in two encodings, the reports.
 import { showDialog } from "./dialogs.js";
 import type { TextDocument } from "./document.js";
 import { download, el } from "./dom.js";
@@ -8,6 +8,7 @@ import { language, t, words } from "./language.js";
 import { showNotice } from "./notice.js";
 import { MOST_BYTES, type Lacking, type ReportDate } from "./protocol.js";
 import type { Runner } from "./run.js";
+import type { TaskFile } from "./tasks.js";
 
 const kNamed = 100;
 
@@ -17,41 +18,54 @@ export class Files {
     private readonly editor: Editor,
     private readonly text: TextDocument,
     private readonly runner: Runner,
+    private readonly openTask: (task: TaskFile) => void,
   ) {
     this.acceptDrops();
   }
 
-  /// Asks for a file.
+  /// Asks for a file, or for a task and its driver.
   choose(): void {
-    const input = el("input", { type: "file", accept: ".txt,.asl,.asm,.cas,.casl,text/plain" });
-    input.addEventListener("change", () => {
-      const file = input.files?.[0];
-      if (file) void this.open(file);
-    });
+    const input = el("input", { type: "file", multiple: true, accept: ".txt,.asl,.asm,.cas,.casl,.toml,text/plain" });
+    input.addEventListener("change", () => void this.open([...(input.files ?? [])]));
     input.click();
   }
 
-  async open(file: File): Promise<void> {
+  /// Opens the first file in the editor; of a task (.toml) and one more file, the other one is the task's driver.
+  async open(files: File[]): Promise<void> {
+    const task = files.find(({ name }) => /\.toml$/i.test(name));
+    const first = await this.read(task ?? files[0]);
+    if (!first) return;
+    if (!task) {
+      if (await this.text.replace(first.name, first.text, first.encodingName)) {
+        showNotice(t("fileOpened", { name: first.name, encoding: first.encodingName || "UTF-8" }));
+      }
+      return;
+    }
+    const other = files.find((file) => file !== task);
+    const driver = await this.read(other);
+    if (other && !driver) return;
+    this.openTask({ name: first.name, toml: first.text, ...(driver ? { driver: driver.text } : {}) });
+  }
+
+  /// The text of a file in the encoding that the core finds, or null after a notice.
+  private async read(file?: File): Promise<{ name: string; text: string; encodingName: string } | null> {
+    if (!file) return null;
     const { name } = file;
     if (file.size > MOST_BYTES) {
-      return showNotice(t("fileTooLarge", { name, limit: MOST_BYTES / 1024 / 1024 }), true);
+      showNotice(t("fileTooLarge", { name, limit: MOST_BYTES / 1024 / 1024 }), true);
+      return null;
     }
     let bytes: Uint8Array;
     try {
       bytes = new Uint8Array(await file.arrayBuffer());
     } catch {
-      return showNotice(t("fileUnreadable", { name }), true);
+      showNotice(t("fileUnreadable", { name }), true);
+      return null;
     }
-    await this.openBytes(name, bytes);
-  }
-
-  /// Opens the bytes of a file in the encoding that the core finds.
-  async openBytes(name: string, bytes: Uint8Array): Promise<void> {
     const { text, encodingName, refusal } = await this.engine.call("decode", { bytes, name });
-    if (refusal) return showNotice(`${t("fileNotText", { name })} ${words(refusal)}`.trim(), true);
-    if (await this.text.replace(name, text, encodingName)) {
-      showNotice(t("fileOpened", { name, encoding: encodingName || "UTF-8" }));
-    }
+    if (!refusal) return { name, text, encodingName };
+    showNotice(`${t("fileNotText", { name })} ${words(refusal)}`.trim(), true);
+    return null;
   }
 
   async save(encoding: "utf-8" | "cp932"): Promise<void> {
@@ -102,8 +116,7 @@ export class Files {
       event.preventDefault();
       event.stopPropagation();
       show(false);
-      const file = event.dataTransfer?.files[0];
-      if (file) void this.open(file);
+      void this.open([...(event.dataTransfer?.files ?? [])]);
     };
     document.addEventListener("dragover", (event) => {
       if (!isFile(event)) return;

@@ -3,7 +3,7 @@ import type { TextDocument } from "./document.js";
 import { el, setText } from "./dom.js";
 import type { Files } from "./files.js";
 import { labelled, language, languageChanged, setLanguage, t, words } from "./language.js";
-import { lessons } from "./lessons.js";
+import { lessons, type Lesson } from "./lessons.js";
 import { Menu, type MenuItem } from "./menu.js";
 import { samples } from "./samples.js";
 import { keepSettings, settings } from "./settings.js";
@@ -16,7 +16,7 @@ export interface HeadActions {
   text: TextDocument;
   files: Files;
   openSample: (name: string, text: string) => void;
-  openLesson: (id: string) => void;
+  openLesson: (lesson: Lesson) => void;
   share: () => void;
   showHeat: (shown: boolean) => void;
 }
@@ -45,7 +45,7 @@ function sampleMenu(actions: HeadActions): Menu {
 function learnMenu(actions: HeadActions): Menu {
   const items = [...lessons, ...tasks].map((lesson, i): MenuItem => {
     const number = i < lessons.length ? `${i + 1}. ` : "";
-    const item: MenuItem = { title: () => number + words(lesson.title), run: () => actions.openLesson(lesson.id) };
+    const item: MenuItem = { title: () => number + words(lesson.title), run: () => actions.openLesson(lesson) };
     if (i === 0) item.group = "lessons";
     if (i === lessons.length) item.group = "tasks";
     return item;

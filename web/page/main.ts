@@ -14,6 +14,7 @@ import { Files } from "./files.js";
 import { Follower } from "./follow.js";
 import { head } from "./head.js";
 import { browserLanguage, labelled, setLanguage, t } from "./language.js";
+import type { Lesson } from "./lessons.js";
 import { announce, liveRegion } from "./live.js";
 import { breakpointLines, toggleBreakpoint } from "./marks.js";
 import { Memory } from "./memory.js";
@@ -25,6 +26,7 @@ import { settings } from "./settings.js";
 import { fragmentOf, readFragment } from "./share.js";
 import { listenForKeys, showShortcuts, type Action } from "./shortcuts.js";
 import { Stack } from "./stack.js";
+import { lessonOfTask } from "./tasks.js";
 import { applyTheme } from "./theme.js";
 
 class Page {
@@ -36,9 +38,9 @@ class Page {
   private readonly name = (): string => this.text.name;
   private readonly runner = new Runner(this.engine, this.editor, this.name, () => breakpointLines(this.editor.view.state));
   private readonly checker = new Checker(this.engine, this.editor, this.name);
-  private readonly files = new Files(this.engine, this.editor, this.text, this.runner);
+  private readonly files = new Files(this.engine, this.editor, this.text, this.runner, (task) => this.openLesson(lessonOfTask(task)));
   private readonly faults = new Faults(this.checker, this.editor);
-  private readonly course = new Course(this.engine, this.editor, this.text);
+  private readonly course = new Course(this.engine, this.editor, this.text, (lesson) => void this.shareLesson(lesson));
 
   async begin(): Promise<void> {
     this.layOut();
@@ -69,8 +71,8 @@ class Page {
       text: this.text,
       files: this.files,
       openSample: (name, text) => void this.text.replace(name, text),
-      openLesson: (id) => void this.openLesson(id),
-      share: () => void this.share(),
+      openLesson: (lesson) => this.openLesson(lesson),
+      share: () => void this.shareText(),
       showHeat: (shown) => this.editor.showHeatColumn(shown),
     });
     document.body.append(labelled(skip, "skip"), header, noticeBar, el("main", {}, work, machine), liveRegion);
@@ -116,13 +118,24 @@ class Page {
     if (isSet && hasMachine && !lines.includes(line)) showNotice(t("breakpointNowhere", { line }));
   }
 
-  private openLesson(id: string): void {
-    if (this.course.open(id)) document.getElementById("lesson")?.focus();
+  private openLesson(lesson: Lesson): void {
+    this.course.open(lesson);
+    document.getElementById("lesson")?.focus();
   }
 
-  /// Copies a link to the text, and shows it where the browser does not let the page copy.
-  private async share(): Promise<void> {
-    const fragment = await fragmentOf(this.text.name, this.editor.text);
+  private async shareText(): Promise<void> {
+    await this.share(await fragmentOf("text", { name: this.text.name, text: this.editor.text }));
+  }
+
+  /// A link to a lesson of the page has its number only; one to a teacher's own task has the whole task.
+  private async shareLesson(lesson: Lesson): Promise<void> {
+    const { id: name, task: toml, driver } = lesson;
+    const file = driver === undefined ? { name, toml } : { name, toml, driver };
+    await this.share(allLessons.includes(lesson) ? `#lesson=${name}` : await fragmentOf("task", file));
+  }
+
+  /// Copies a link, and shows it where the browser does not let the page copy.
+  private async share(fragment: string | null): Promise<void> {
     if (!fragment) return showNotice(t("linkTooLarge"), true);
     const link = location.href.replace(/#.*$/s, "") + fragment;
     const field = el("textarea", { readonly: true, rows: 5, class: "link-field" }, link);
@@ -145,7 +158,10 @@ class Page {
     if (shared.kind === "tooLarge") return showNotice(t("linkTooLarge"), true);
     if (shared.kind === "text") {
       if (await this.text.replace(shared.name, shared.text)) showNotice(`${t("linkFrom")}: ${shared.name}`);
-    } else if (allLessons.some((one) => one.id === shared.id)) this.openLesson(shared.id);
+      return;
+    }
+    const lesson = shared.kind === "task" ? lessonOfTask(shared.file) : allLessons.find(({ id }) => id === shared.id);
+    if (lesson) this.openLesson(lesson);
     else showNotice(t("linkBroken"), true);
   }
 }

@@ -1,5 +1,6 @@
-// A text in the fragment of a link: compressed, and sent to nobody.  Opening a link never runs it.
+// A text or a task in the fragment of a link: compressed, and sent to nobody.  Opening a link never runs it.
 import type { Lesson } from "./lessons.js";
+import type { TaskFile } from "./tasks.js";
 
 /// A link of more characters, or one whose text has more bytes, is refused.
 const kMostCharacters = 2_000_000;
@@ -7,6 +8,7 @@ const kMostBytes = 1_000_000;
 
 export type Shared =
   | { kind: "text"; name: string; text: string }
+  | { kind: "task"; file: TaskFile }
   | { kind: "lesson"; id: Lesson["id"] }
   | { kind: "tooLarge" }
   | { kind: "broken" }
@@ -51,17 +53,17 @@ function through(bytes: Uint8Array, change: TransformStream<BufferSource, Uint8A
   return new Blob([bytes as BlobPart]).stream().pipeThrough(change as ReadableWritablePair<Uint8Array, BufferSource>);
 }
 
-/// The fragment for a text, "#text=..."; null if it is too large for a link.
-export async function fragmentOf(name: string, text: string): Promise<string | null> {
-  const bytes = new TextEncoder().encode(JSON.stringify({ name, text }));
+/// The fragment for a text or a task, "#text=..." or "#task=..."; null if it is too large for a link.
+export async function fragmentOf(kind: "text" | "task", value: { name: string; text: string } | TaskFile): Promise<string | null> {
+  const bytes = new TextEncoder().encode(JSON.stringify(value));
   if (bytes.length > kMostBytes) return null;
   const packed = await collect(through(bytes, new CompressionStream("deflate-raw")), kMostCharacters);
-  return packed && "#text=" + toBase64Url(packed);
+  return packed && `#${kind}=` + toBase64Url(packed);
 }
 
 /// What a fragment carries.
 export async function readFragment(fragment: string): Promise<Shared> {
-  const match = /^#(text|lesson)=(.*)$/s.exec(fragment);
+  const match = /^#(text|task|lesson)=(.*)$/s.exec(fragment);
   if (!match) return { kind: "none" };
   const value = match[2] ?? "";
   if (match[1] === "lesson") return { kind: "lesson", id: value };
@@ -69,10 +71,12 @@ export async function readFragment(fragment: string): Promise<Shared> {
   try {
     const bytes = await collect(through(fromBase64Url(value), new DecompressionStream("deflate-raw")), kMostBytes);
     if (!bytes) return { kind: "tooLarge" };
-    const read = JSON.parse(new TextDecoder("utf-8", { fatal: true }).decode(bytes)) as { name?: unknown; text?: unknown };
-    if (typeof read.text !== "string") return { kind: "broken" };
+    const read = JSON.parse(new TextDecoder("utf-8", { fatal: true }).decode(bytes)) as Record<string, unknown>;
     const name = typeof read.name === "string" ? read.name.slice(0, 100) : "link.txt";
-    return { kind: "text", name, text: read.text };
+    if (match[1] === "text") return typeof read.text === "string" ? { kind: "text", name, text: read.text } : { kind: "broken" };
+    const { toml, driver } = read;
+    if (typeof toml !== "string") return { kind: "broken" };
+    return { kind: "task", file: typeof driver === "string" ? { name, toml, driver } : { name, toml } };
   } catch {
     return { kind: "broken" };
   }

@@ -165,12 +165,12 @@ const table = {
 
   // --- sharing ---
   linkCopied: { en: "The link is copied.", ja: "リンクをコピーしました。" },
-  linkTitle: { en: "Link to this text", ja: "このテキストのリンク" },
+  linkTitle: { en: "Link", ja: "リンク" },
   linkMore: {
     en: "The text is in the link itself. Nothing is sent anywhere.",
     ja: "テキストはリンクの中に入っています。どこにも送信されません。",
   },
-  linkBroken: { en: "The link is damaged; it has no text.", ja: "リンクが壊れていて、テキストを取り出せません。" },
+  linkBroken: { en: "The link is damaged; nothing can be read from it.", ja: "リンクが壊れていて、中身を取り出せません。" },
   linkTooLarge: { en: "The link carries too much and is not opened.", ja: "リンクが大きすぎるので開きません。" },
   linkFrom: { en: "From a link", ja: "リンクのテキスト" },
 
@@ -178,6 +178,7 @@ const table = {
   lessons: { en: "Lessons", ja: "レッスン" },
   tasks: { en: "Tasks", ja: "課題" },
   task: { en: "Task", ja: "課題" },
+  shareTask: { en: "Copy a link", ja: "リンクをコピー" },
   answer: { en: "An answer", ja: "解答例" },
   lessonOf: { en: "Lesson {n} of {of}", ja: "レッスン {n} / {of}" },
   loadProgram: { en: "Put the program in the editor", ja: "プログラムをエディタに入れる" },
