@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zelvaro {
@@ -38,7 +39,8 @@ class TextArena {
 
   void newBlock(std::size_t atLeast) {
     const std::size_t size = std::max(atLeast, kBlock);
-    blocks_.emplace_back(new Char[size]);  // without a value: most of it is written once
+    std::unique_ptr<Char[]> block(new Char[size]);  // without a value: most of it is written once
+    blocks_.push_back(std::move(block));
     next_ = blocks_.back().get();
     left_ = size;
   }
