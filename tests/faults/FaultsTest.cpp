@@ -12,6 +12,7 @@
 #include <iterator>
 
 #include "diag/MsgBase.h"
+#include "engine/Engine.h"
 #include "faults/Session.h"
 #include "platform/Descriptors.h"
 
@@ -169,6 +170,37 @@ TEST(MemoryFaults, ALackEndsARunOrTheProgramButNothingElse) {
     }
     EXPECT_EQ(openDescriptors(), descriptors);
     EXPECT_EQ(play(files, typed).console, faultless.console) << "nothing is left over";
+  }
+}
+
+TEST(MemoryFaults, OfTheEngineAreAnOutcomeOrAnException) {
+  const std::string source = "P START\n LD GR1,='A'\n IN T,N\n LAD GR9\nT DS 9\nN DC 'x',5\n END\n";
+  for (const FamilyId pipeline : {FamilyId::WP, FamilyId::AP, FamilyId::NH}) {
+    const engine::Options options{.pipeline = pipeline};
+    std::size_t findings = 0;
+    const auto whole = [&] { findings = engine::assemble(source, options).findings().size(); };
+    const long allocations = callWithout({}, whole);
+    ASSERT_GT(allocations, 20);
+    ASSERT_GT(findings, 0u);
+    int outcomes = 0, exceptions = 0;
+    for (const bool lasts : {false, true}) {
+      for (long at = 1; at <= allocations; ++at) {
+        const auto struck = [&] {
+          const engine::Assembled a = engine::assemble(source, options);
+          outcomes += a.outcome() == engine::Outcome::NoMemory;
+          const std::size_t found = a.findings().size();
+          EXPECT_LE(found, findings);
+          EXPECT_TRUE(found == findings || a.outcome() == engine::Outcome::NoMemory) << at;
+        };
+        try {
+          callWithout({.allocation = at, .lasts = lasts}, struck);
+        } catch (const std::bad_alloc&) {
+          ++exceptions;
+        }
+      }
+    }
+    EXPECT_GT(outcomes, allocations);
+    EXPECT_GT(exceptions, 0);
   }
 }
 

@@ -132,6 +132,20 @@ Outcome play(const Files& before, std::string_view typed, const Fault& fault) {
   return outcome;
 }
 
+long callWithout(const Fault& memory, const std::function<void()>& call) {
+  plan = {};
+  plan.fault = memory;
+  plan.active = true;
+  try {
+    call();
+  } catch (...) {
+    plan.active = false;
+    throw;
+  }
+  plan.active = false;
+  return plan.allocations;
+}
+
 }  // namespace zelvaro::test
 
 using zelvaro::test::kUninterrupted;

@@ -1,6 +1,7 @@
 // One use of the program on the real file system, in which one thing may go wrong.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -35,5 +36,8 @@ struct Outcome {
 /// Plays a dialogue in a folder that holds these files.  The clocks stand still, so that two plays give the
 /// same reports.  With a fault that kills it is a process of its own, and nothing is counted.
 Outcome play(const Files& before, std::string_view typed, const Fault& fault = {});
+
+/// Calls the function while an allocation fails; returns how many it asked for.
+long callWithout(const Fault& memory, const std::function<void()>& call);
 
 }  // namespace zelvaro::test
