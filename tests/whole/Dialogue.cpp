@@ -8,7 +8,7 @@ namespace zelvaro::test {
 const Files& samples() {
   static const Files all = [] {
     Files out;
-    const std::filesystem::path root = std::string(ZELVARO_ROOT) + "/workspace";
+    const std::filesystem::path root = std::filesystem::path(ZELVARO_ROOT) / "workspace";
     for (const auto& e : std::filesystem::recursive_directory_iterator(root / "src")) {
       if (!e.is_regular_file()) continue;
       std::ifstream in(e.path(), std::ios::binary);
