@@ -60,12 +60,23 @@ TEST(Records, OfALineAfterAStage) {
       {WP, "operand20m15NWPCS", " LD GR1,= \t'A''B',GR2",
        "GR1,='A''B',GR2||LD|GR1,= \t'A''B',GR2|GR1,= \t'A''B',GR2|GR1,|='A''B',|GR2|"},
       {WP, "operand20m15NWPCS", " LD GR1,'A B'", "GR1,'A B'||LD|GR1,'A B'|GR1,'A B'|GR1,|'A|B'|"},
+      {WP, "operand20m15NWPCS", " LD GR1,='AB", "GR1,='AB||LD|GR1,='AB|GR1,='AB|GR1,|='AB||"},
       {WP, "operand20m15NWPCS", " LD GR1,='ABC'X,GR2",
        "GR1,='ABC'X,GR2||LD|GR1,='ABC'X,GR2|GR1,='ABC'X,GR2|GR1,|'X,|GR2|"},
   };
   for (const Case& c : cases) {
     Assembled a("M START\n" + std::string(c.line) + "\n RET\n END\n", c.family, c.stage);
     EXPECT_EQ(a.record(1), c.record) << c.stage << c.line;
+  }
+}
+
+TEST(Records, WordsOfStatementsWithoutAnAddress) {
+  const Assembled a("M START\n NOP\n POP GR3\n RET\n END\n");
+  const std::uint16_t words[] = {0x0000, 0x7130, 0x8100};
+  int record = 1;
+  for (const std::uint16_t word : words) {
+    const SrcDataW& line = a.b.vecSrcW[record++];
+    EXPECT_TRUE(line.word_kazu == 1 && line.Word1 == word && line.Word2 == 0) << line.Line;
   }
 }
 

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "TemporaryFolder.h"
 #include "platform/PosixPlatform.h"
@@ -170,6 +173,19 @@ TEST_F(FilesTest, RightsAreRespectedAndKept) {
   ::chmod(folder.path().c_str(), 0700);
   ASSERT_TRUE(!root || ::seteuid(0) == 0);
   EXPECT_EQ(folder.entries(), 2u);
+}
+
+TEST_F(FilesTest, TheMemoryOfALargeSourceGoesBackToTheSystem) {
+  const auto pages = [] {
+    long count = 0;
+    std::ifstream("/proc/self/statm") >> count;
+    return count;
+  };
+  const std::string large = folder.write("large", std::string(std::size_t{8} << 20, ';'));
+  ASSERT_TRUE(platform.loadFile(large));
+  const long before = pages();
+  for (int i = 0; i < 8; ++i) ASSERT_TRUE(platform.loadFile(large));
+  EXPECT_LT((pages() - before) * ::sysconf(_SC_PAGESIZE), 16 << 20);
 }
 
 TEST(Environment, LanguageByTheFirstVariableWithAValue) {
