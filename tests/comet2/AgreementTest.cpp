@@ -132,6 +132,17 @@ TEST(Agreement, InIntoCodeThatHasRun) {
   }
 }
 
+TEST(Agreement, AJumpThatOneHandlerDoesWithTheComparisonIsChanged) {
+  // 0 LAD GR1,0; 2 CPA GR1,32; 4 JMI 16; 6 LD GR2,33; 8 ST GR2,4; 10 JUMP 2; 16 RET: the JMI becomes a JZE
+  Tcomet2 m;
+  std::size_t adr = 0;
+  for (const int word : {0x1210, 0, 0x4010, 32, 0x6100, 16, 0x1020, 33, 0x1120, 4, 0x6400, 2})
+    m.Memory[adr++] = word;
+  m.Memory[16] = 0x8100;
+  m.Memory[33] = 0x6300;
+  EXPECT_EQ(differs(m, 50), "");
+}
+
 enum class Kind { Direct, Indexed, Register, Plain };
 struct Part {
   Op op;
