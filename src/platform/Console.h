@@ -38,6 +38,8 @@ class ConsoleOutput {
   void giveUp() { failed_ = readerIsGone_ = true; }
 
  private:
+  static constexpr std::size_t kBuffer = std::size_t{64} * 1024;
+
   void append(std::string_view bytes);
   void appendHarmless(std::string_view utf8);
   void writeOut();

@@ -12,7 +12,7 @@
 #include <csignal>
 #include <new>
 
-#include "platform/PosixPlatform.h"
+#include "platform/posix/PosixPlatform.h"
 #include "platform/TemporaryFolder.h"
 #include "shell/Game.h"
 

@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 
 #include "TemporaryFolder.h"
-#include "platform/PosixPlatform.h"
+#include "platform/posix/PosixPlatform.h"
 
 namespace zelvaro {
 namespace {

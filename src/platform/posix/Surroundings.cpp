@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 namespace zelvaro {
 

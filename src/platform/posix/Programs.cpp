@@ -1,4 +1,4 @@
-#include "platform/Programs.h"
+#include "platform/posix/Programs.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -11,7 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 extern char** environ;
 

@@ -4,9 +4,9 @@
 
 #include <cstdlib>
 
-#include "platform/Files.h"
-#include "platform/PosixPlatform.h"
-#include "platform/Programs.h"
+#include "platform/posix/Files.h"
+#include "platform/posix/PosixPlatform.h"
+#include "platform/posix/Programs.h"
 
 namespace zelvaro {
 namespace {

@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 namespace zelvaro::posix {
 namespace {

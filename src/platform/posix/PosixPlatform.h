@@ -7,17 +7,9 @@
 #include <vector>
 
 #include "platform/Console.h"
-#include "platform/Platform.h"
+#include "platform/SystemPlatform.h"
 
 namespace zelvaro {
-
-/// Opens /dev/null on those of the descriptors 0, 1 and 2 that are closed: otherwise a settings file or a
-/// report could get such a number, and the console's output would be written to it.  Call it before any file
-/// is opened.
-void holdStandardDescriptors();
-
-/// Writes a text to the standard error without taking any memory; false where that fails.
-bool writeToStandardError(std::string_view utf8);
 
 class PosixPlatform : public Platform {
  public:
