@@ -30,7 +30,8 @@ if(ZELVARO_HARDENING AND NOT ZELVARO_SANITIZE AND NOT EMSCRIPTEN)
   set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
   add_compile_options($<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>)
   if(WIN32)
-    add_link_options(-Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+    # its protector of the stack and its checked calls are in a library of the compiler
+    add_link_options(-fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
   else()
     # not CMake's own position independence: that makes -fPIC of the libraries, which is slower
     add_compile_options(-fPIE)

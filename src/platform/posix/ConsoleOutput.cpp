@@ -12,6 +12,10 @@ ConsoleOutput::ConsoleOutput(int fd) : fd_(fd), terminal_(isatty(fd) == 1) {
   buffer_.reserve(kBuffer);
 }
 
+void ConsoleOutput::printControl(std::string_view bytes) {
+  append(bytes);
+}
+
 ConsoleSize ConsoleOutput::size() const {
   winsize known{};
   if (::ioctl(fd_, TIOCGWINSZ, &known) != 0 || known.ws_row == 0 || known.ws_col == 0) return {};

@@ -103,7 +103,7 @@ std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure)
   std::string path(256, '\0');
   while (::getcwd(path.data(), path.size()) == nullptr) {
     if (errno != ERANGE) {
-      posix::tell(failure, posix::failureOf(errno));
+      tell(failure, failureOf(errno));
       return std::nullopt;
     }
     path.resize(path.size() * 2);
