@@ -37,7 +37,7 @@ INI = "[Mode]\nLangStr={}\nFightFunc={}\nTimeFuncStr=QPC\nTimeFuncInt=0\n"
 # Enter, the name, "go on" or a line for IN, more lines for it, the end.
 TYPED = "\n1\nt\n1\nAB\n\n-12\n\n\n123\n\n123\n".encode()
 CHECKS = (["--run", "--hints", "--listing"], ["--run", "--format", "json"], ["--format", "gnu"])
-NATIVE_SECONDS, WINE_SECONDS = 3, 60
+NATIVE_SECONDS, WINE_SECONDS = 1, 60
 MASKS = [(re.compile(pattern.encode(), re.M), b"T") for pattern in (
     r"^.*(msec|micro second|milli second| sec).*$",
     r"[A-Z][a-z]+day [A-Z][a-z]+ \d+, \d+\(R\d+\) +\d+:\d+:\d+s",
@@ -107,7 +107,7 @@ def dialogue_plays():
             for directive in directives:
                 word, _, rest = directive.partition(" ")
                 names, _, text = rest.partition(": ")
-                if word == "file":
+                if word == "file" and not names.endswith(".chm"):  # would be opened on the desktop
                     files.update({name.strip(): unescaped(text) for name in names.split("|")})
                 elif word == "language":
                     files.setdefault("zelvaro.ini", INI.format("JPN", "WP").encode())
