@@ -13,7 +13,7 @@ fail() {
   echo "$*"
   exit 1
 }
-export WINEPREFIX=${WINEPREFIX:-$PWD/build/windows/wine} WINEDEBUG=${WINEDEBUG:--all} LC_ALL=C.UTF-8
+export WINEPREFIX=${WINEPREFIX:-$PWD/build/wine} WINEDEBUG=${WINEDEBUG:--all} LC_ALL=C.UTF-8
 export WINEDLLOVERRIDES="mscoree,mshtml="  # these would ask on a desktop for parts that nothing here needs
 course="$scratch/my course"
 python3 -m zipfile -e "$zip" "$course"
