@@ -1,5 +1,5 @@
 # What the two programs have on Windows only: the version resource and the manifest, compiled by windres, and a file
-# that is the same whenever it is linked.
+# that is the same whenever it is linked (strip would write the time into it).
 enable_language(RC)
 
 function(zelvaro_windows_program program english japanese)
@@ -9,7 +9,7 @@ function(zelvaro_windows_program program english japanese)
   set_source_files_properties(${folder}/program.rc PROPERTIES OBJECT_DEPENDS ${folder}/program.manifest)
   target_sources(${program} PRIVATE ${folder}/program.rc)
   target_include_directories(${program} PRIVATE $<$<COMPILE_LANGUAGE:RC>:${folder}>)
-  target_link_options(${program} PRIVATE -Wl,--no-insert-timestamp)
+  target_link_options(${program} PRIVATE -s -Wl,--no-insert-timestamp)
 endfunction()
 
 zelvaro_windows_program(zelvaro

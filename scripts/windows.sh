@@ -17,9 +17,7 @@ root=build/windows/zip/zelvaro-$version-windows
 rm -rf build/windows/zip "$zip"
 mkdir -p "$root"/{docs,licenses}
 
-for program in zelvaro zelvaro-check; do
-  x86_64-w64-mingw32-strip -o "$root/$program.exe" "build/windows/$program.exe"
-done
+cp build/windows/zelvaro{,-check}.exe "$root"
 
 # crlf TEXT...: the texts to standard output with the line ends of Windows
 crlf() { sed 's/\r*$/\r/' "$@"; }
