@@ -24,6 +24,10 @@ bool isTerminal(int descriptor) {
   return ::isatty(descriptor) == 1;
 }
 
+bool terminalHasColors() {
+  return environmentVariable("TERM").value_or("dumb") != "dumb";
+}
+
 int terminalWidth(int descriptor) {
   constexpr int kUsual = 80;
   winsize size{};

@@ -43,6 +43,11 @@ bool isTerminal(int descriptor) {
   return windows::isConsole(windows::handleOf(descriptor));
 }
 
+/// The variable is set where a terminal of another system is the console.
+bool terminalHasColors() {
+  return environmentVariable("TERM") != "dumb";
+}
+
 int terminalWidth(int descriptor) {
   return ConsoleOutput(descriptor).size().columns;
 }
