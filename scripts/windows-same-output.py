@@ -206,7 +206,11 @@ def main():
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     a = parser.parse_args()
     wine = shutil.which("wine64") or "/usr/lib/wine/wine64"
-    env = {**os.environ, "WINEDEBUG": "-all", "LC_ALL": "C.UTF-8"}
+    prefix = os.environ.get("WINEPREFIX", ROOT / "build/wine")
+    Path(prefix).mkdir(parents=True, exist_ok=True)
+    # As scripts/wine.sh has it, which would be another process for each of thousands of plays.
+    env = {**os.environ, "WINEPREFIX": str(prefix), "WINEARCH": "win64", "WINEDEBUG": "-all",
+           "WINEDLLOVERRIDES": "mscoree,mshtml=", "LC_ALL": "C.UTF-8"}
     parts = {"samples": sample_plays, "dialogues": dialogue_plays, "check": check_plays,
              "mutants": lambda: mutant_plays(a.mutants)}
     started, counts, shown = time.monotonic(), Counter(), 0
