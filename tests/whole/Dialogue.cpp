@@ -13,7 +13,7 @@ const Files& samples() {
       if (!e.is_regular_file()) continue;
       std::ifstream in(e.path(), std::ios::binary);
       out[e.path().lexically_relative(root).generic_string()] = {std::istreambuf_iterator<char>(in),
-                                                         std::istreambuf_iterator<char>()};
+                                                                 std::istreambuf_iterator<char>()};
     }
     return out;
   }();
