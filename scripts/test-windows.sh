@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Builds the programs for Windows and runs under wine: the tests of findings, dialogues and the engine, those of the platform
-# for Windows, and the checker's cases and the samples, which start the built programs.
+# for Windows, and the checker's cases, the samples and a dialogue on a console, which start the built programs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh
 need_to_test
 need_windows
+need python3
 
 cmake --preset windows
 cmake --build --preset windows --target zelvaro zelvaro-check test_findings test_dialogues test_engine test_windows
@@ -26,3 +27,4 @@ for program in zelvaro zelvaro-check; do
 done
 ZELVARO_CHECK=$PWD/build/windows/zelvaro-check build/release/tests/test_check
 tests/samples/samples.sh build/windows/zelvaro workspace/src
+TERM=xterm python3 tests/windows/console.py "$PWD/build/windows/zelvaro"
