@@ -6,7 +6,9 @@ option(ZELVARO_HARDENING "build with the hardening options of the compiler and t
 if(ZELVARO_HARDENING AND NOT ZELVARO_SANITIZE AND NOT EMSCRIPTEN)
   include(CheckCXXCompilerFlag)
   set(options -fstack-protector-strong -fstack-clash-protection)
-  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|amd64|AMD64|i.86")
+  if(WIN32)
+    set(options -fstack-protector-strong)  # its compilers probe large stack frames anyway
+  elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|amd64|AMD64|i.86")
     list(APPEND options -fcf-protection)
   elseif(CMAKE_SYSTEM_PROCESSOR MATCHES "aarch64|arm64")
     list(APPEND options -mbranch-protection=standard)
@@ -27,7 +29,12 @@ if(ZELVARO_HARDENING AND NOT ZELVARO_SANITIZE AND NOT EMSCRIPTEN)
   # The checked calls need an optimising build. A distribution may have chosen a level of its own before.
   set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
   add_compile_options($<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>)
-  # not CMake's own position independence: that makes -fPIC of the libraries, which is slower
-  add_compile_options(-fPIE)
-  add_link_options(-pie -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+  if(WIN32)
+    # its protector of the stack and its checked calls are in a library of the compiler
+    add_link_options(-fstack-protector-strong -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+  else()
+    # not CMake's own position independence: that makes -fPIC of the libraries, which is slower
+    add_compile_options(-fPIE)
+    add_link_options(-pie -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+  endif()
 endif()

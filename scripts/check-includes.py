@@ -7,7 +7,8 @@
 The table is the lines zelvaro_folder(NAME LOWER...) that CMake builds the libraries from. A folder may include
 itself and the folders that its line names, and its line may name only folders of earlier lines, so that no circle
 is possible. A line zelvaro_file(FOLDER/FILE ...) names a file that may be included without its folder. A file of src/ itself, such as main.cpp, may include every folder. Headers of the operating system are
-included in src/platform/ alone; every other header in <> has to be one of the standard library or of THIRD_PARTY.
+included in src/platform/posix/ and src/platform/windows/ alone, and nothing outside of such a folder includes its
+headers; every other header in <> has to be one of the standard library or of THIRD_PARTY.
 """
 
 import argparse
@@ -18,7 +19,7 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-SYSTEM_FOLDER = "platform"
+SYSTEM_FOLDERS = ("platform/posix", "platform/windows")
 THIRD_PARTY = ("fmt/", "boost/", "CLI/", "nlohmann/", "toml++/", "emscripten/")
 # Headers of C++20 have no extension and no folder. These of the C library have one as well, and are portable.
 PORTABLE_C = {"assert.h", "ctype.h", "errno.h", "float.h", "inttypes.h", "limits.h", "math.h", "stddef.h", "stdint.h",
@@ -53,17 +54,20 @@ def is_system_header(header):
 def check_file(path, src, table, faults):
     below = path.relative_to(src)
     folder = below.parts[0] if len(below.parts) > 1 else None
+    place = below.parent.as_posix()
     text = path.read_text()
     for m in INCLUDE.finditer(text):
         line = text.count("\n", 0, m.start()) + 1
         where = f"src/{below}:{line}"
         own, header = m.groups()
         if header is not None:
-            if folder != SYSTEM_FOLDER and is_system_header(header):
-                faults.append(f"{where}: <{header}> belongs into src/{SYSTEM_FOLDER}/")
+            if place not in SYSTEM_FOLDERS and is_system_header(header):
+                faults.append(f"{where}: <{header}> belongs into a folder of one system below src/platform/")
         elif not (src / own).is_file():
             # with one way to write an include, none escapes this check
             faults.append(f'{where}: "{own}" is no file below src/')
+        elif own.startswith(SYSTEM_FOLDERS) and not own.startswith(f"{place}/"):
+            faults.append(f'{where}: "{own}" is for the files of its own folder')
         else:
             target = own.split("/")[0]
             allowed = table.get(folder, ())
@@ -108,6 +112,8 @@ def self_test():
         "an include by a relative path": including("diag", f'#include "../{header_of("diag")}"'),
         "a system header outside platform": including("shell", "#include <unistd.h>"),
         "a system header of a folder": including("source", "#include <sys/stat.h>"),
+        "a system header in what the systems share": including("platform", "#include <unistd.h>"),
+        "one system's header outside": including("shell", '#include "platform/posix/Files.h"'),
         "signals outside platform": including(".", "#include <csignal>"),
         "a circle between folders": lambda t: change_table(t, r"zelvaro_folder\(diag\b", "zelvaro_folder(diag source"),
         "a folder with two lines": lambda t: change_table(t, r"(zelvaro_folder\(diag\b[^\n]*\n)", r"\1\1"),

@@ -35,6 +35,8 @@ need_to_test_editors() {
   [ editors/npm/node_modules/.package-lock.json -nt editors/npm/package-lock.json ] || (cd editors/npm && npm ci)
 }
 need_clang() { need clang; }
+# The programs for Windows: the cross compiler, and wine, under which their tests run.
+need_windows() { need_to_build && need g++-mingw-w64-x86-64-posix googletest wine wine64; }
 # What the page of web/ is built with: emscripten for the core, npm's packages as the lock file has them.
 need_to_build_web() {
   need cmake ninja-build emscripten libfmt-dev libtomlplusplus-dev

@@ -3,15 +3,15 @@
 #include <new>
 #include <string_view>
 
-#include "platform/PosixPlatform.h"
+#include "platform/SystemPlatform.h"
 #include "shell/Game.h"
 #include "shell/Session.h"
 
 namespace {
 
 void play() {
-  zelvaro::PosixPlatform platform;
-  zelvaro::TSession session(platform);
+  const auto platform = zelvaro::systemPlatform();
+  zelvaro::TSession session(*platform);
   zelvaro::TGame game(session);
   game.SetCurrentDirChH();
   game.Start();

@@ -143,7 +143,7 @@ void writeReports(const Shared& shared, FileResult& result) {
   FileFailure failure;
   const auto write = [&](std::string_view name, const std::string& bytes) {
     const std::string path = folder + "/" + std::string(name);
-    auto file = shared.platform.createFile(path, &failure);
+    auto file = shared.platform.createFile(path, &failure, {.isText = true});
     if (file) file->write(bytes);
     if (file && file->commit()) return;
     result.fault = fileFault(path, file ? file->failure() : failure, false);

@@ -40,8 +40,7 @@ constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 /// Whether colours are on: asked for, or by itself on a terminal that has them.
 bool isColored(ColorChoice choice) {
   if (choice != ColorChoice::Auto) return choice == ColorChoice::Always;
-  return isTerminal(2) && !environmentVariable("NO_COLOR") &&
-         environmentVariable("TERM").value_or("dumb") != "dumb";
+  return isTerminal(2) && !environmentVariable("NO_COLOR") && terminalHasColors();
 }
 
 void complain(Screen& screen, const std::string& words) {

@@ -22,11 +22,12 @@ constexpr Message noSamples =
 /// Below a folder of shared data, or of the source tree.
 constexpr std::array<std::string_view, 2> kParts{"src", "tasks"};
 
-/// The folder that has the parts: of the installation that the program belongs to, or of the source tree.
+/// The folder that has the parts: of the installation that the program belongs to, of the source tree, or the
+/// program's own folder, as in the zip for Windows.
 std::string shareFolder(Platform& platform) {
   const std::string own = folderOfProgram();
-  for (const char* place : {"/../share/zelvaro", "/../../workspace"})
-    if (std::string folder = own + place; platform.exists(folder + "/src")) return folder;
+  for (const char* place : {"/../share/zelvaro", "/../../workspace", ""})
+    if (std::string folder = own + place; platform.exists(folder + "/src/pn100.txt")) return folder;
   return {};
 }
 

@@ -123,6 +123,7 @@ std::variant<Options, WrongUse> parseOptions(std::vector<std::string> arguments,
   CLI::App app;
   app.set_help_flag();
   app.allow_extras();
+  app.allow_windows_style_options(false);  // a name may begin with a slash on every system
   for (const OptionRow& row : optionTable()) {
     if (row.argument.empty()) {
       app.add_flag(std::string(row.name));

@@ -22,7 +22,7 @@ class ConsoleOutput {
 
   void print(std::string_view utf8);
   /// The same for a text of this program's own that may control the terminal, as the colour of a word.
-  void printControl(std::string_view bytes) { append(bytes); }
+  void printControl(std::string_view bytes);
   void flush();
   bool isTerminal() const { return terminal_; }
   /// Whether a write has failed: text is missing at the other end.
@@ -38,6 +38,8 @@ class ConsoleOutput {
   void giveUp() { failed_ = readerIsGone_ = true; }
 
  private:
+  static constexpr std::size_t kBuffer = std::size_t{64} * 1024;
+
   void append(std::string_view bytes);
   void appendHarmless(std::string_view utf8);
   void writeOut();

@@ -1,9 +1,4 @@
-#include <poll.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <utility>
 
@@ -13,7 +8,6 @@
 namespace zelvaro {
 namespace {
 
-constexpr std::size_t kBuffer = 64 * 1024;
 constexpr std::string_view kReplacementUtf8 = "\xEF\xBF\xBD";
 
 bool isPlain(unsigned char c) {
@@ -30,10 +24,6 @@ std::string shown(char32_t character) {
 
 }  // namespace
 
-ConsoleOutput::ConsoleOutput(int fd) : fd_(fd), terminal_(isatty(fd) == 1) {
-  buffer_.reserve(kBuffer);
-}
-
 void ConsoleOutput::print(std::string_view utf8) {
   if (!terminal_) {
     append(utf8);
@@ -46,17 +36,6 @@ void ConsoleOutput::print(std::string_view utf8) {
 void ConsoleOutput::flush() {
   if (!std::exchange(begun_, {}).empty()) append(kReplacementUtf8);
   writeOut();
-}
-
-ConsoleSize ConsoleOutput::size() const {
-  winsize known{};
-  if (::ioctl(fd_, TIOCGWINSZ, &known) != 0 || known.ws_row == 0 || known.ws_col == 0) return {};
-  return {known.ws_row, known.ws_col};
-}
-
-void ConsoleOutput::look() {
-  pollfd other{fd_, 0, 0};
-  if (poll(&other, 1, 0) == 1 && (other.revents & (POLLERR | POLLHUP)) != 0) giveUp();
 }
 
 void ConsoleOutput::append(std::string_view bytes) {
@@ -91,23 +70,6 @@ void ConsoleOutput::appendHarmless(std::string_view utf8) {
     }
     utf8.remove_prefix(front.size);
   }
-}
-
-void ConsoleOutput::writeOut() {
-  std::string_view rest = buffer_;
-  while (!rest.empty() && !failed_) {
-    const ssize_t n = ::write(fd_, rest.data(), rest.size());
-    if (n >= 0) {
-      rest.remove_prefix(static_cast<std::size_t>(n));
-    } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
-      pollfd ready{fd_, POLLOUT, 0};
-      if (poll(&ready, 1, -1) < 0 && errno != EINTR) failed_ = true;
-    } else if (errno != EINTR) {
-      readerIsGone_ = errno == EPIPE || (terminal_ && errno == EIO);
-      failed_ = true;
-    }
-  }
-  buffer_.clear();
 }
 
 }  // namespace zelvaro

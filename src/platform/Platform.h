@@ -31,6 +31,8 @@ struct FileFailure {
 struct FileWriting {
   bool synced = false;   ///< flushed to the disk before the rename: for data that cannot be recreated
   bool replaces = true;  ///< false: fails if the name is in use
+  bool isText =
+      false;  ///< lines end as the system's editors expect it: CR LF on Windows, line feed elsewhere
 };
 
 /// A file that is being written.  Its bytes go to a temporary file beside the target, ".<name>.tmp", which

@@ -14,6 +14,8 @@ namespace zelvaro {
 std::optional<std::string> environmentVariable(const char* name);
 /// Whether a standard descriptor, 0 to 2, is a terminal.
 bool isTerminal(int descriptor);
+/// Whether a terminal of this program's user shows colours.
+bool terminalHasColors();
 /// The columns of the terminal at a descriptor; 80 where it does not say.
 int terminalWidth(int descriptor);
 /// All that comes from standard input, or nothing on a failure; more than `most` bytes are one.

@@ -297,7 +297,8 @@ void reportFailure(const ReportFile& file, const FileFailure& failure) {
 template <class Char>
 void DspRegMry(const ReportFile& file, Tcomet2& m, const TBasicData& b) {
   FileFailure failure;
-  const std::unique_ptr<OutputFile> output = file.platform.createFile(std::string(file.name), &failure);
+  const std::unique_ptr<OutputFile> output =
+      file.platform.createFile(std::string(file.name), &failure, {.isText = true});
   if (output == nullptr) return reportFailure(file, failure);
   if (file.family.report == ReportForm::Narrow) m.LastAdr = b.PrgEndAdr;
   RegMryReport<Char> report(file, m, b, b.store<Char>());

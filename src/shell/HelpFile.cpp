@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/Surroundings.h"
 #include "shell/UserCommands.h"
 
 namespace zelvaro {
@@ -13,6 +14,8 @@ constexpr Words kGuide{"GUIDE.ja.md", "GUIDE.en.md"};
 /// Where the guides are: beside the workspace in the source tree, and in an installation.
 constexpr std::array<std::string_view, 4> kGuideFolders{"../docs/", "docs/", "/usr/share/doc/zelvaro/",
                                                         "/usr/local/share/doc/zelvaro/"};
+/// Where the zip for Windows has them, below the folder of the program: pages for the browser.
+constexpr Words kGuidePage{"/docs/GUIDE.ja.html", "/docs/GUIDE.en.html"};
 
 /// The keys of the pager, in its last row.  Pagers in use print no other characters than these there.
 constexpr std::string_view kPagerKeys = "Space: next page  b: page before  q: end";
@@ -41,6 +44,8 @@ void openHelpFile(TSession& s) {
     const std::string path = std::string(folder) + std::string(guide);
     if (s.platform.canRead(path)) return showGuide(s, path);
   }
+  const std::string page = folderOfProgram() + std::string(kGuidePage.in(s.wording.language));
+  if (s.platform.canRead(page)) return showGuide(s, page);
   s.channel.say(noHelp, help, guide);
 }
 

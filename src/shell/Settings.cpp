@@ -161,7 +161,7 @@ void writeTree(TSession& s, const std::string& path, const Tree& tree) {
   text.exceptions(std::ios::badbit);  // otherwise a lack of memory would silently cut the text
   boost::property_tree::write_ini(text, tree);
   FileFailure failure;
-  if (!write(s.platform, path, text.view(), {.synced = true}, failure))
+  if (!write(s.platform, path, text.view(), {.synced = true, .isText = true}, failure))
     report(s, doesNotWrite, path, failureWords(failure));
 }
 

@@ -1,4 +1,5 @@
-// The built program, command line by command line: check.cases, whose head explains the form.
+// The built program, or the one that the variable ZELVARO_CHECK names, command line by command line: check.cases, whose
+// head explains the form.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -54,8 +55,8 @@ class Played {
     for (const auto& [name, text] : files)
       std::ofstream(folder_.path() + "/" + name, std::ios::binary) << text;
     std::ofstream(folder_.path() + "/run.sh")
-        << "export LC_ALL=C.UTF-8 TERM=xterm ROOT='" ZELVARO_ROOT "'\nunset NO_COLOR\nZ='" ZELVARO_CHECK
-           "'\nz() { \"$Z\" \"$@\"; }\n{ "
+        << "export LC_ALL=C.UTF-8 TERM=xterm ROOT='" ZELVARO_ROOT
+           "'\nunset NO_COLOR\nZ=${ZELVARO_CHECK:-'" ZELVARO_CHECK "'}\nz() { \"$Z\" \"$@\"; }\n{ "
         << command << "\n} >.out 2>.err\n";
     const std::string run = "cd '" + folder_.path() + "' && sh run.sh </dev/null";
     status = WEXITSTATUS(std::system(run.c_str()));
@@ -94,6 +95,8 @@ int play(bool atOnce) {
       continue;
     }
     const std::vector<std::string> fields = fieldsOf(line);
+    // under wine the terminal is a console, which sends sequences of its own
+    if (std::getenv("ZELVARO_CHECK") != nullptr && line.find("script -qec") != line.npos) continue;
     if ((line.find("--jobs") != line.npos) != atOnce || fields.size() < 2) continue;
     const Played played(fields[0], files);
     if (std::to_string(played.status) != fields[1])

@@ -12,8 +12,8 @@
 #include <csignal>
 #include <new>
 
-#include "platform/PosixPlatform.h"
 #include "platform/TemporaryFolder.h"
+#include "platform/posix/PosixPlatform.h"
 #include "shell/Game.h"
 
 namespace zelvaro::test {

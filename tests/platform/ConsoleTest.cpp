@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "Descriptors.h"
-#include "platform/PosixPlatform.h"
+#include "platform/posix/PosixPlatform.h"
 
 namespace zelvaro {
 namespace {

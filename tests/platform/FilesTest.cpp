@@ -7,7 +7,7 @@
 #include <fstream>
 
 #include "TemporaryFolder.h"
-#include "platform/PosixPlatform.h"
+#include "platform/posix/PosixPlatform.h"
 
 namespace zelvaro {
 namespace {

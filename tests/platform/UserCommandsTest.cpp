@@ -9,8 +9,8 @@
 
 #include "Descriptors.h"
 #include "TemporaryFolder.h"
-#include "platform/PosixPlatform.h"
-#include "platform/Programs.h"
+#include "platform/posix/PosixPlatform.h"
+#include "platform/posix/Programs.h"
 #include "shell/HelpFile.h"
 #include "shell/UserCommands.h"
 

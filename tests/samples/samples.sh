@@ -49,7 +49,7 @@ done < <(find "$src" -name '*.txt')
 # The copies of a subroutine differ in comments only.
 for routine in PRTDEC PRTINT PRTHEX; do
   versions=$(grep -rl "^$routine *START" "$src" | while read -r file; do
-    sed -n "/^$routine *START/,/^ *END/p" "$file" | sed 's/ *;.*//' | md5sum
+    sed -n "/^$routine *START/,/^ *END/p" "$file" | sed 's/ *;.*//; s/\r$//' | md5sum
   done | sort -u | wc -l)
   expect "versions of $routine" "$versions" 1
 done

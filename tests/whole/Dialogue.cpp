@@ -12,8 +12,8 @@ const Files& samples() {
     for (const auto& e : std::filesystem::recursive_directory_iterator(root / "src")) {
       if (!e.is_regular_file()) continue;
       std::ifstream in(e.path(), std::ios::binary);
-      out[e.path().lexically_relative(root).string()] = {std::istreambuf_iterator<char>(in),
-                                                         std::istreambuf_iterator<char>()};
+      out[e.path().lexically_relative(root).generic_string()] = {std::istreambuf_iterator<char>(in),
+                                                                 std::istreambuf_iterator<char>()};
     }
     return out;
   }();

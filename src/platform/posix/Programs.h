@@ -15,12 +15,7 @@ namespace zelvaro::posix {
 /// reader, or to a file at its size limit, fails with an error instead.
 inline constexpr int kIgnoredSignals[] = {SIGPIPE, SIGXFSZ};
 
-/// Splits a command line: blanks and tabs separate its words, double quotes keep them together and are
-/// removed.  No other character is special.
-std::vector<std::string> splitCommandLine(std::string_view commandLine);
-
-/// The words of an editor setting: a single program name if it names an existing program, with or without
-/// quotes around it, else the words of a command line.
+/// The words of an editor setting; a name without a folder is a program's if it lies in the search path.
 std::vector<std::string> editorCommand(std::string_view setting);
 
 /// A file name as an argument: a relative name is prefixed with "./", so that no program takes it for an

@@ -1,4 +1,4 @@
-#include "platform/PosixPlatform.h"
+#include "platform/posix/PosixPlatform.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -10,8 +10,8 @@
 #include <cstdlib>
 #include <limits>
 
-#include "platform/Files.h"
-#include "platform/Programs.h"
+#include "platform/posix/Files.h"
+#include "platform/posix/Programs.h"
 
 namespace zelvaro {
 namespace {
@@ -35,6 +35,14 @@ void holdStandardDescriptors() {
 
 bool writeToStandardError(std::string_view utf8) {
   return ::write(STDERR_FILENO, utf8.data(), utf8.size()) >= 0;
+}
+
+std::unique_ptr<Platform> systemPlatform() {
+  return std::make_unique<PosixPlatform>();
+}
+
+std::vector<std::string> programArguments(int argc, char** argv) {
+  return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
 PosixPlatform::PosixPlatform(int inputFd, int outputFd)
@@ -95,7 +103,7 @@ std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure)
   std::string path(256, '\0');
   while (::getcwd(path.data(), path.size()) == nullptr) {
     if (errno != ERANGE) {
-      posix::tell(failure, posix::failureOf(errno));
+      tell(failure, failureOf(errno));
       return std::nullopt;
     }
     path.resize(path.size() * 2);

@@ -1,4 +1,4 @@
-#include "platform/Programs.h"
+#include "platform/posix/Programs.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -11,7 +11,8 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "platform/Files.h"
+#include "platform/CommandLine.h"
+#include "platform/posix/Files.h"
 
 extern char** environ;
 
@@ -144,37 +145,10 @@ bool isSet(const char* variable) {
 
 }  // namespace
 
-std::vector<std::string> splitCommandLine(std::string_view commandLine) {
-  std::vector<std::string> words;
-  bool inWord = false;
-  bool quoted = false;
-  for (const char c : commandLine) {
-    if (!quoted && (c == ' ' || c == '\t')) {
-      inWord = false;
-      continue;
-    }
-    if (!inWord) words.emplace_back();
-    inWord = true;
-    if (c == '"') {
-      quoted = !quoted;
-    } else {
-      words.back() += c;
-    }
-  }
-  return words;
-}
-
 std::vector<std::string> editorCommand(std::string_view setting) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = std::min(setting.find_first_not_of(kBlanks), setting.size());
-  std::string_view whole = setting.substr(first, setting.find_last_not_of(kBlanks) + 1 - first);
-  if (whole.size() > 1 && whole.front() == '"' && whole.back() == '"')
-    whole = whole.substr(1, whole.size() - 2);
-  std::string name(whole);
-  const bool hasFolder = name.find('/') != std::string::npos;
-  const bool isProgram = !name.empty() && (hasFolder ? isProgramFile(name) : isInstalled(name));
-  if (isProgram) return {std::move(name)};
-  return splitCommandLine(setting);
+  return zelvaro::editorCommand(setting, [](const std::string& name) {
+    return name.find('/') != std::string::npos ? isProgramFile(name) : isInstalled(name);
+  });
 }
 
 std::string asArgument(const std::string& path) {

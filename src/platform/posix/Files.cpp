@@ -1,4 +1,4 @@
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -11,8 +11,6 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
-#include <system_error>
-#include <utility>
 #include <vector>
 
 #include "platform/Memory.h"
@@ -131,30 +129,10 @@ std::optional<FileBytes> loadLarge(const Descriptor& file, std::size_t size, Fil
 
 }  // namespace
 
-std::string wordsOf(int error) {
-  return std::generic_category().message(error);
-}
-
-FileFailure failureOf(int error) {
-  using Kind = FileFailure::Kind;
-  constexpr std::pair<int, Kind> kKinds[] = {{ENOENT, Kind::Missing},
-                                             {EEXIST, Kind::Exists},
-                                             {ENOMEM, Kind::NoMemory},
-                                             {EISDIR, Kind::Folder},
-                                             {EFBIG, Kind::TooLarge}};
-  for (const auto& [known, kind] : kKinds)
-    if (known == error) return {kind, wordsOf(error)};
-  return {Kind::System, wordsOf(error)};
-}
-
-void tell(FileFailure* failure, FileFailure cause) {
-  if (failure != nullptr) *failure = std::move(cause);
-}
-
 std::optional<FileFailure> refusalOf(mode_t mode) {
   if (S_ISREG(mode)) return std::nullopt;
   if (S_ISDIR(mode)) return failureOf(EISDIR);
-  return FileFailure{FileFailure::Kind::NotRegular, "Not a regular file"};
+  return notRegular();
 }
 
 bool canRead(const std::string& path, FileFailure* failure) {

@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 namespace zelvaro::posix {
 namespace {
@@ -100,7 +100,7 @@ std::optional<Place> findTarget(const std::string& path, FileWriting writing, Fi
   if (!place.folder.isOpen()) {
     failure = failureOf(errno);
   } else if (!isBeneath && !isWithin(place.folder, root)) {
-    failure = {FileFailure::Kind::LeadsOutside, "The link leads out of the folder"};
+    failure = leadsOutside();
   } else {
     return place;
   }

@@ -1,44 +1,27 @@
-// Platform on a POSIX system: the descriptors 0 and 1, the file system, programs, clocks.
+// Platform on Windows: the standard handles, the file system, programs, clocks.
 #pragma once
 
-#include <sys/types.h>
-
 #include <random>
-#include <vector>
 
 #include "platform/Console.h"
-#include "platform/Platform.h"
+#include "platform/SystemPlatform.h"
 
 namespace zelvaro {
 
-/// Opens /dev/null on those of the descriptors 0, 1 and 2 that are closed: otherwise a settings file or a
-/// report could get such a number, and the console's output would be written to it.  Call it before any file
-/// is opened.
-void holdStandardDescriptors();
-
-/// Writes a text to the standard error without taking any memory; false where that fails.
-bool writeToStandardError(std::string_view utf8);
-
-class PosixPlatform : public Platform {
+class WindowsPlatform : public Platform {
  public:
-  /// Ignores the signals of a closed output (SIGPIPE) and of a file size limit (SIGXFSZ) from here on: the
-  /// write fails instead, and the program continues.
-  explicit PosixPlatform(int inputFd = 0, int outputFd = 1);
-  ~PosixPlatform() override;
-  PosixPlatform(const PosixPlatform&) = delete;
-  PosixPlatform& operator=(const PosixPlatform&) = delete;
+  explicit WindowsPlatform(int inputFd = 0, int outputFd = 1);
 
   void print(std::string_view utf8) override { output_.print(utf8); }
   void flush() override { output_.flush(); }
   std::optional<std::string> readLine() override;
   bool inputHasEnded() override { return input_.hasEnded(); }
-  bool consoleIsGone() override;
+  bool consoleIsGone() override { return output_.readerIsGone(); }
   std::optional<ConsoleSize> consoleSize() override;
 
   bool canRead(const std::string& path, FileFailure* failure) override;
   std::optional<std::string> readFile(const std::string& path, FileFailure* failure,
                                       std::size_t most) override;
-  std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) override;
   std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure,
                                          FileWriting writing) override;
   bool exists(const std::string& path) override;
@@ -46,16 +29,15 @@ class PosixPlatform : public Platform {
   std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) override;
   bool deleteFile(const std::string& path, FileFailure* failure) override;
   EditResult editFile(const EditorCommand& editor, const std::string& path) override;
-  bool pageFile(const std::string& path, const std::string& keys) override;
   bool openOnDesktop(const std::string& path) override;
-  void bringConsoleToFront() override {}
+  void bringConsoleToFront() override;
 
   std::optional<std::string> workingDirectory(FileFailure* failure) override;
   bool userInterfaceIsJapanese() override;
   std::int32_t clockMilliseconds() override;
   std::int64_t chronoTicks() override;
   std::int64_t performanceCounter() override;
-  std::int64_t performanceFrequency() override { return 1'000'000'000; }
+  std::int64_t performanceFrequency() override;
   std::tm localTime() override;
   int randomNumber() override;
 
@@ -63,8 +45,6 @@ class PosixPlatform : public Platform {
   ConsoleInput input_;
   ConsoleOutput output_;
   std::mt19937 random_;
-  std::vector<pid_t> started_;  ///< programs that were started and not waited for
-  std::int64_t lastLook_ = 0;   ///< when the console was last polled, in nanoseconds of the monotonic clock
 };
 
 }  // namespace zelvaro

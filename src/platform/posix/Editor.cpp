@@ -4,9 +4,9 @@
 
 #include <cstdlib>
 
-#include "platform/Files.h"
-#include "platform/PosixPlatform.h"
-#include "platform/Programs.h"
+#include "platform/posix/Files.h"
+#include "platform/posix/PosixPlatform.h"
+#include "platform/posix/Programs.h"
 
 namespace zelvaro {
 namespace {
@@ -44,7 +44,7 @@ EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::strin
   flush();
   const int error = posix::runAndWait(command, input_.isTerminal() ? input_.descriptor() : -1);
   if (error == 0) return {};
-  return {EditResult::Status::NotStarted, command.front(), posix::failureOf(error)};
+  return {EditResult::Status::NotStarted, command.front(), failureOf(error)};
 }
 
 /// The variables are for a pager that starts no command, opens no second file and leaves no record of its use.

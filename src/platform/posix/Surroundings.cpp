@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/Files.h"
+#include "platform/posix/Files.h"
 
 namespace zelvaro {
 
@@ -22,6 +22,10 @@ std::optional<std::string> environmentVariable(const char* name) {
 
 bool isTerminal(int descriptor) {
   return ::isatty(descriptor) == 1;
+}
+
+bool terminalHasColors() {
+  return environmentVariable("TERM").value_or("dumb") != "dumb";
 }
 
 int terminalWidth(int descriptor) {
@@ -37,12 +41,12 @@ std::optional<std::string> readStandardInput(std::size_t most, FileFailure* fail
     const auto n = posix::uninterrupted([&] { return ::read(STDIN_FILENO, part.data(), part.size()); });
     if (n == 0) return bytes;
     if (n < 0) {
-      posix::tell(failure, posix::failureOf(errno));
+      tell(failure, failureOf(errno));
       return std::nullopt;
     }
     bytes.append(part.data(), static_cast<std::size_t>(n));
     if (bytes.size() <= most) continue;
-    posix::tell(failure, posix::failureOf(EFBIG));
+    tell(failure, failureOf(EFBIG));
     return std::nullopt;
   }
 }
@@ -51,7 +55,7 @@ bool makeFolders(const std::string& path, FileFailure* failure) {
   std::error_code error;
   std::filesystem::create_directories(path, error);
   if (!error) return true;
-  posix::tell(failure, posix::failureOf(error.value()));
+  tell(failure, failureOf(error.value()));
   return false;
 }
 

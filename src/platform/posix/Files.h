@@ -10,16 +10,10 @@
 #include <string>
 #include <utility>
 
-#include "platform/Platform.h"
+#include "platform/Failures.h"
 
 namespace zelvaro::posix {
 
-/// The operating system's text for an errno.
-std::string wordsOf(int error);
-/// Why a system call on a file has failed, from its errno.
-FileFailure failureOf(int error);
-/// Stores a failure if the caller has passed a place for it.
-void tell(FileFailure* failure, FileFailure cause);
 /// The failure to report for a file of this kind (st_mode) where only a regular file is accepted; nothing for
 /// a regular file.
 std::optional<FileFailure> refusalOf(mode_t mode);

@@ -1,0 +1,80 @@
+"""console.py WINE PROGRAM: the dialogue on a console, which wine makes of a pseudo-terminal.
+
+Ctrl+Z ends one IN at once, text is shown whatever the code page, control characters of OUT are shown harmlessly, Ctrl+C
+ends the program. Exit status 1, with what was shown, where one of these does not hold.
+"""
+
+import os
+import pty
+import re
+import select
+import sys
+import tempfile
+import termios
+import time
+
+SOURCE = """A START
+ IN B,L
+ OUT B,L
+ IN B,L
+ OUT T,N
+ IN B,L
+ RET
+B DS 256
+L DS 1
+T DC #001B,#3042,#009B,#0041
+N DC 4
+ END
+"""
+SEQUENCE = re.compile(rb"\x1b\[[0-9;?]*[a-zA-Z]|\x1b\][^\x07]*\x07")
+
+
+class Console:
+    def __init__(self, command, folder):
+        self.pid, self.fd = pty.fork()
+        if self.pid == 0:
+            os.chdir(folder)
+            os.execvp(command[0], command)
+        mode = termios.tcgetattr(self.fd)
+        mode[6][termios.VSUSP] = b"\0"  # the key is for the program
+        termios.tcsetattr(self.fd, termios.TCSANOW, mode)
+        self.raw, self.seen = b"", 0
+
+    def wait_for(self, text, seconds=30):
+        """Waits until the text is shown after what was waited for before."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            shown = SEQUENCE.sub(b"", self.raw).decode("utf-8", "replace")
+            if text in shown[self.seen:]:
+                self.seen = shown.index(text, self.seen) + len(text)
+                return
+            if select.select([self.fd], [], [], 0.2)[0]:
+                self.raw += os.read(self.fd, 65536)
+        sys.exit(f"not shown: {text!r}, but {shown[self.seen:]!r}")
+
+    def type(self, keys):
+        time.sleep(0.3)  # the console's mode is set before it reads
+        os.write(self.fd, keys)
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        with open(f"{folder}/a.txt", "w", encoding="utf-8") as file:
+            file.write(SOURCE)
+        with open(f"{folder}/zelvaro.ini", "w", encoding="utf-8") as file:
+            file.write("[Mode]\nLangStr=ENU\nLangInt=1\n")
+        console = Console(sys.argv[1:], folder)
+        for shown, typed in (("Press your Enter key", b"\r"), ("Input a menu number", b"1\r"),
+                             ("Input a filename", b"a\r"), ("at the end of your input", b"abc\x1a"),
+                             ("Output by a Macro Instruction of OUT.", b""), ("abc", b""), ("at the end of your input", b"\x1a"),
+                             ("^[あ<U+009B>A", b""), ("at the end of your input", b"x\x03")):
+            console.wait_for(shown)
+            console.type(typed)
+        end = time.monotonic() + 20
+        while os.waitpid(console.pid, os.WNOHANG)[0] == 0:
+            if time.monotonic() > end:
+                sys.exit("Ctrl+C does not end the program")
+            time.sleep(0.1)
+
+
+main()
