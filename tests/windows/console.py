@@ -12,6 +12,7 @@ import sys
 import tempfile
 import termios
 import time
+import tty
 
 SOURCE = """A START
  IN B,L
@@ -35,7 +36,9 @@ class Console:
         if self.pid == 0:
             os.chdir(folder)
             os.execvp(command[0], command)
+        tty.setraw(self.fd)  # as wine sets it, which may be later than the first key
         mode = termios.tcgetattr(self.fd)
+        mode[3] |= termios.ISIG
         mode[6][termios.VSUSP] = b"\0"  # the key is for the program
         termios.tcsetattr(self.fd, termios.TCSANOW, mode)
         self.raw, self.seen = b"", 0
@@ -53,7 +56,7 @@ class Console:
         sys.exit(f"not shown: {text!r}, but {shown[self.seen:]!r}")
 
     def type(self, keys):
-        time.sleep(0.3)  # the console's mode is set before it reads
+        time.sleep(0.5)  # until the program reads
         os.write(self.fd, keys)
 
 
