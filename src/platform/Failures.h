@@ -11,6 +11,8 @@ namespace zelvaro {
 std::string wordsOf(int error);
 /// Why a call on a file has failed, from its errno.
 FileFailure failureOf(int error);
+/// Why the last call of the system has failed, in this thread.  Each system defines it.
+FileFailure lastFailure();
 /// The failure for a device, a pipe or a socket.
 FileFailure notRegular();
 /// The failure for a link that leads out of the folder of its file.

@@ -1,4 +1,4 @@
-// Opening a file in an editor or a pager, opening a document with the desktop, deleting a file.
+// Opening a file in an editor or a pager, opening a document with the desktop.
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -20,14 +20,6 @@ bool hasDisplay() {
 }
 
 }  // namespace
-
-std::optional<std::string> PosixPlatform::folderListing(const std::string& path, FileFailure* failure) {
-  return posix::folderListing(path, failure);
-}
-
-bool PosixPlatform::deleteFile(const std::string& path, FileFailure* failure) {
-  return posix::deleteFile(path, failure);
-}
 
 EditResult PosixPlatform::editFile(const EditorCommand& editor, const std::string& path) {
   struct stat status {};

@@ -6,14 +6,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <memory>
-#include <new>
-#include <stdexcept>
 #include <vector>
 
 #include "platform/Memory.h"
+#include "platform/WholeFile.h"
+#include "platform/posix/PosixPlatform.h"
 
 namespace zelvaro::posix {
 namespace {
@@ -39,38 +38,14 @@ Descriptor openRegular(const std::string& path, struct stat& status, FileFailure
   return Descriptor();
 }
 
-/// Reads to the end of the file, whatever size it had when it was opened, or until it has more than `most`
-/// bytes.  Returns 0 or an errno.
-int readToEnd(int fd, std::size_t expected, std::size_t most, std::string& bytes) {
-  bytes.resize(expected + 1);  // one more, so that the read that finds the end needs no growth
-  std::size_t have = 0;
-  while (have <= most) {
-    const ssize_t n = uninterrupted([&] { return ::read(fd, bytes.data() + have, bytes.size() - have); });
-    if (n < 0) return errno;
-    if (n == 0) {
-      bytes.resize(have);
-      return 0;
-    }
-    have += static_cast<std::size_t>(n);
-    if (have == bytes.size()) bytes.resize(have * 2);
-  }
-  return EFBIG;
-}
-
 std::optional<std::string> readOpened(const Descriptor& file, const struct stat& status, std::size_t most,
                                       FileFailure* failure) {
-  const auto size = static_cast<std::size_t>(status.st_size);
-  std::string bytes;
-  int error = EFBIG;
-  try {
-    if (size <= most) error = readToEnd(file.get(), size, most, bytes);
-  } catch (const std::bad_alloc&) {
-    error = ENOMEM;
-  } catch (const std::length_error&) {
-  }
-  if (error == 0) return bytes;
-  tell(failure, failureOf(error));
-  return std::nullopt;
+  const auto readSome = [&](char* to, std::size_t size) -> std::optional<std::size_t> {
+    const ssize_t n = uninterrupted([&] { return ::read(file.get(), to, size); });
+    if (n < 0) return std::nullopt;
+    return static_cast<std::size_t>(n);
+  };
+  return readToEnd(static_cast<std::size_t>(status.st_size), most, readSome, failure);
 }
 
 /// Memory mapped from the system, in large pages where they are available: the first access to a page costs
@@ -135,44 +110,54 @@ std::optional<FileFailure> refusalOf(mode_t mode) {
   return notRegular();
 }
 
-bool canRead(const std::string& path, FileFailure* failure) {
-  struct stat status {};
-  return openRegular(path, status, failure).isOpen();
+}  // namespace zelvaro::posix
+
+namespace zelvaro {
+
+FileFailure lastFailure() {
+  return failureOf(errno);
 }
 
-std::optional<std::string> readFile(const std::string& path, FileFailure* failure, std::size_t most) {
+bool ConsolePlatform::canRead(const std::string& path, FileFailure* failure) {
   struct stat status {};
-  const Descriptor file = openRegular(path, status, failure);
+  return posix::openRegular(path, status, failure).isOpen();
+}
+
+std::optional<std::string> ConsolePlatform::readFile(const std::string& path, FileFailure* failure,
+                                                     std::size_t most) {
+  struct stat status {};
+  const posix::Descriptor file = posix::openRegular(path, status, failure);
   if (!file.isOpen()) return std::nullopt;
-  return readOpened(file, status, most, failure);
+  return posix::readOpened(file, status, most, failure);
 }
 
-std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure) {
+std::optional<FileBytes> PosixPlatform::loadFile(const std::string& path, FileFailure* failure) {
   constexpr std::size_t kLarge = std::size_t{1} << 20;
   struct stat status {};
-  const Descriptor file = openRegular(path, status, failure);
+  const posix::Descriptor file = posix::openRegular(path, status, failure);
   if (!file.isOpen()) return std::nullopt;
   const auto size = static_cast<std::size_t>(status.st_size);
-  if (size >= kLarge && size <= Platform::kMostSourceBytes) return loadLarge(file, size, failure);
-  auto text = readOpened(file, status, Platform::kMostSourceBytes, failure);
+  if (size >= kLarge && size <= kMostSourceBytes) return posix::loadLarge(file, size, failure);
+  auto text = posix::readOpened(file, status, kMostSourceBytes, failure);
   if (!text) return std::nullopt;
   const auto memory = std::make_shared<const std::string>(std::move(*text));
   return FileBytes{*memory, memory};
 }
 
-bool deleteFile(const std::string& path, FileFailure* failure) {
+bool ConsolePlatform::deleteFile(const std::string& path, FileFailure* failure) {
   const bool named = path.find('\0') == std::string::npos;
   if (named && ::unlink(path.c_str()) == 0) return true;
   tell(failure, failureOf(named ? errno : EINVAL));
   return false;
 }
 
-bool exists(const std::string& path) {
+bool ConsolePlatform::exists(const std::string& path) {
   struct stat status {};
   return path.find('\0') == std::string::npos && ::stat(path.c_str(), &status) == 0;
 }
 
-std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) {
+std::optional<std::vector<std::string>> ConsolePlatform::entriesOf(const std::string& path,
+                                                                   FileFailure* failure) {
   if (path.find('\0') != std::string::npos) {
     tell(failure, failureOf(EINVAL));
     return std::nullopt;
@@ -180,10 +165,11 @@ std::optional<std::string> folderListing(const std::string& path, FileFailure* f
   struct Close {
     void operator()(DIR* opened) const { ::closedir(opened); }
   };
+  struct stat status {};
   const std::unique_ptr<DIR, Close> folder(::opendir(path.empty() ? "." : path.c_str()));
   if (folder == nullptr) {
     const int error = errno;
-    if (error == ENOTDIR && exists(path)) return path + "\n";
+    if (error == ENOTDIR && ::stat(path.c_str(), &status) == 0) return std::vector{path};
     tell(failure, failureOf(error));
     return std::nullopt;
   }
@@ -191,15 +177,11 @@ std::optional<std::string> folderListing(const std::string& path, FileFailure* f
   while (const dirent* entry = ::readdir(folder.get())) {
     std::string name = entry->d_name;
     if (name == "." || name == "..") continue;
-    struct stat status {};
     if (::fstatat(::dirfd(folder.get()), entry->d_name, &status, 0) == 0 && S_ISDIR(status.st_mode))
       name += '/';
     names.push_back(std::move(name));
   }
-  std::sort(names.begin(), names.end());
-  std::string listing;
-  for (const std::string& name : names) listing += name + "\n";
-  return listing;
+  return names;
 }
 
-}  // namespace zelvaro::posix
+}  // namespace zelvaro

@@ -1,13 +1,11 @@
-// Files of the POSIX platform: read as a whole, written to a temporary file beside the target and renamed.
+// What reading and writing files share on a POSIX system: descriptors, interrupted calls, refusals.
 #pragma once
 
 #include <sys/types.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 
 #include "platform/Failures.h"
@@ -48,13 +46,5 @@ class Descriptor {
  private:
   int fd_;
 };
-
-bool canRead(const std::string& path, FileFailure* failure);
-std::optional<std::string> readFile(const std::string& path, FileFailure* failure, std::size_t most);
-std::optional<FileBytes> loadFile(const std::string& path, FileFailure* failure);
-std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure, FileWriting writing);
-bool deleteFile(const std::string& path, FileFailure* failure);
-bool exists(const std::string& path);
-std::optional<std::string> folderListing(const std::string& path, FileFailure* failure);
 
 }  // namespace zelvaro::posix

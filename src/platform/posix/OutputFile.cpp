@@ -11,12 +11,11 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "platform/ConsolePlatform.h"
 #include "platform/posix/Files.h"
 
 namespace zelvaro::posix {
 namespace {
-
-constexpr std::size_t kBuffer = 64 * 1024;
 
 /// A name in a folder that is held open.
 struct Place {
@@ -74,7 +73,7 @@ std::optional<std::string> linkAt(const Place& place) {
 
 /// The place where a file of that name is written.  Where a file is replaced, symbolic links are followed if
 /// they stay in its folder.  What openBeneath() cannot decide is opened and then compared with the folder.
-std::optional<Place> findTarget(const std::string& path, FileWriting writing, FileFailure& failure) {
+std::optional<Place> placeOf(const std::string& path, FileWriting writing, FileFailure& failure) {
   constexpr int kMostLinks = 40;
   const std::size_t length = folderLength(path);
   Place place{openFolder(AT_FDCWD, path.substr(0, length)), path.substr(length)};
@@ -107,45 +106,40 @@ std::optional<Place> findTarget(const std::string& path, FileWriting writing, Fi
   return std::nullopt;
 }
 
-class TemporaryFile : public OutputFile {
+class TemporaryFile : public TemporaryOutput {
  public:
-  explicit TemporaryFile(FileWriting writing) : writing_(writing) {}
+  explicit TemporaryFile(FileWriting writing) : TemporaryOutput(writing, "\n") {}
   ~TemporaryFile() override { discard(); }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-  bool open(const std::string& path);
-  void write(std::string_view bytes) override;
-  bool commit() override;
-  FileFailure failure() const override { return failure_; }
 
  private:
-  bool failed() const { return !failure_.reason.empty(); }
-  void fail(FileFailure cause) {
-    if (!failed()) failure_ = std::move(cause);
-  }
-  bool targetCanBeReplaced();
-  bool hasName(const Descriptor& file) const;
-  bool removeLeftover() const;
-  bool createNew();
-  void create();
-  void keepOwnerAndMode();
-  void writeOut();
-  void close();
-  bool rename();
-  void discard();
+  void findTarget(const std::string& path) override;
+  Creation createNew(const std::string& suffix) override;
+  bool removeLeftover() override;
+  void writeOut(std::string_view bytes) override;
+  void complete() override;
+  void close() override;
+  void rename() override;
+  void remove() override;
 
-  FileWriting writing_;
+  bool hasName(const Descriptor& file) const;
+  void keepOwnerAndMode();
+  bool renames();
+
   Place target_;
-  std::string name_;  ///< of the temporary file, empty while there is none
-  std::string buffer_;
-  FileFailure failure_;
+  std::string name_;                     ///< of the temporary file
   std::optional<struct stat> replaced_;  ///< of the file that is replaced
   Descriptor file_;
   Descriptor lock_;  ///< keeps the temporary file locked until it is renamed
 };
 
-bool TemporaryFile::targetCanBeReplaced() {
+void TemporaryFile::findTarget(const std::string& path) {
+  if (path.empty() || path.find('\0') != std::string::npos)
+    return fail(failureOf(path.empty() ? ENOENT : EINVAL));
+  FileFailure failure;
+  auto target = placeOf(path, writing_, failure);
+  if (!target) return fail(std::move(failure));
+  target_ = std::move(*target);
+
   const char* name = target_.name.c_str();
   struct stat status {};
   if (::fstatat(target_.folder.get(), name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
@@ -159,7 +153,6 @@ bool TemporaryFile::targetCanBeReplaced() {
   } else {
     replaced_ = status;
   }
-  return !failed();
 }
 
 /// Whether an open file is the regular file that has the temporary name.
@@ -171,8 +164,8 @@ bool TemporaryFile::hasName(const Descriptor& file) const {
          isSame(opened, named);
 }
 
-/// Removes the temporary file of a program that was killed.  A running program holds a lock on its file.
-bool TemporaryFile::removeLeftover() const {
+/// A running program holds a lock on its file.
+bool TemporaryFile::removeLeftover() {
   constexpr int kAsItIs = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
   const int folder = target_.folder.get();
   const Descriptor old(uninterrupted([&] { return ::openat(folder, name_.c_str(), kAsItIs); }));
@@ -180,69 +173,30 @@ bool TemporaryFile::removeLeftover() const {
          ::unlinkat(folder, name_.c_str(), 0) == 0;
 }
 
-/// Creates and locks the temporary file; false, with errno set, if the name is in use.  The permissions of a
-/// file that is replaced may be narrower than the default ones: until they are set nobody else may read it.
-bool TemporaryFile::createNew() {
+/// Creates and locks the file.  The permissions of a file that is replaced may be narrower than the default
+/// ones: until they are set nobody else may read it.
+TemporaryOutput::Creation TemporaryFile::createNew(const std::string& suffix) {
+  name_ = "." + target_.name + suffix;
   const mode_t rights = replaced_ || !writing_.replaces ? 0600 : 0666;
   constexpr int kNewFile = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW;
   file_ = Descriptor(
       uninterrupted([&] { return ::openat(target_.folder.get(), name_.c_str(), kNewFile, rights); }));
-  if (!file_.isOpen()) return false;
+  if (!file_.isOpen()) {
+    if (errno == EEXIST) return Creation::NameInUse;
+    fail(failureOf(errno));
+    return Creation::Failed;
+  }
   // before it was locked another program may have removed the file as a leftover
   const bool locked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-  if (locked && hasName(file_)) return true;
-  errno = EEXIST;
-  return false;
+  return locked && hasName(file_) ? Creation::Created : Creation::NameInUse;
 }
 
-/// Picks a name beside the target: the same each time, or the next one while another program is writing.
-void TemporaryFile::create() {
-  constexpr int kMostTries = 100;
-  int error = EEXIST;
-  for (int i = 1; error == EEXIST && i <= kMostTries; ++i) {
-    name_ = "." + target_.name + (i > 1 ? "." + std::to_string(i) : "") + ".tmp";
-    if (createNew()) return;
-    error = errno;
-    if (error == EEXIST && removeLeftover() && createNew()) return;
+void TemporaryFile::writeOut(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t n = uninterrupted([&] { return ::write(file_.get(), bytes.data(), bytes.size()); });
+    if (n <= 0) return fail(failureOf(n == 0 ? ENOSPC : errno));
+    bytes.remove_prefix(static_cast<std::size_t>(n));
   }
-  fail(failureOf(error));
-  name_.clear();
-}
-
-bool TemporaryFile::open(const std::string& path) {
-  if (path.empty() || path.find('\0') != std::string::npos) {
-    fail(failureOf(path.empty() ? ENOENT : EINVAL));
-    return false;
-  }
-  auto target = findTarget(path, writing_, failure_);
-  if (!target) return false;
-  target_ = std::move(*target);
-  if (!targetCanBeReplaced()) return false;
-  create();
-  buffer_.reserve(kBuffer);
-  return !failed();
-}
-
-void TemporaryFile::write(std::string_view bytes) {
-  while (!bytes.empty() && !failed()) {
-    const std::string_view part = bytes.substr(0, kBuffer - buffer_.size());
-    buffer_ += part;
-    bytes.remove_prefix(part.size());
-    if (buffer_.size() == kBuffer) writeOut();
-  }
-}
-
-void TemporaryFile::writeOut() {
-  std::string_view rest = buffer_;
-  while (!rest.empty()) {
-    const ssize_t n = uninterrupted([&] { return ::write(file_.get(), rest.data(), rest.size()); });
-    if (n <= 0) {
-      fail(failureOf(n == 0 ? ENOSPC : errno));
-      break;
-    }
-    rest.remove_prefix(static_cast<std::size_t>(n));
-  }
-  buffer_.clear();
 }
 
 /// Where the group could not be kept, the new group gets no more permissions than "others" have.
@@ -256,6 +210,12 @@ void TemporaryFile::keepOwnerAndMode() {
   if (uninterrupted([&] { return ::fchmod(fd, mode); }) != 0) fail(failureOf(errno));
 }
 
+void TemporaryFile::complete() {
+  keepOwnerAndMode();
+  if (!failed() && writing_.synced && uninterrupted([&] { return ::fsync(file_.get()); }) != 0)
+    fail(failureOf(errno));
+}
+
 /// Some systems report a failed write only when the file is closed; the lock is kept after that.
 void TemporaryFile::close() {
   if (!file_.isOpen()) return;
@@ -264,7 +224,7 @@ void TemporaryFile::close() {
   if (file_.close() != 0 && errno != EINTR) fail(failureOf(errno));
 }
 
-bool TemporaryFile::rename() {
+bool TemporaryFile::renames() {
   const int folder = target_.folder.get();
   const char* const from = name_.c_str();
   const char* const to = target_.name.c_str();
@@ -276,33 +236,24 @@ bool TemporaryFile::rename() {
   return ::linkat(folder, from, folder, to, 0) == 0 && ::unlinkat(folder, from, 0) == 0;
 }
 
-bool TemporaryFile::commit() {
-  if (!failed() && name_.empty()) fail(failureOf(EBADF));
-  if (!failed()) writeOut();
-  if (!failed()) keepOwnerAndMode();
-  if (!failed() && writing_.synced && uninterrupted([&] { return ::fsync(file_.get()); }) != 0)
-    fail(failureOf(errno));
-  close();
-  if (!failed() && !rename()) fail(failureOf(errno));
-  if (!failed()) name_.clear();
-  discard();
-  return !failed();
+void TemporaryFile::rename() {
+  if (!renames()) return fail(failureOf(errno));
+  lock_.close();
 }
 
-void TemporaryFile::discard() {
+void TemporaryFile::remove() {
   file_.close();
-  if (!name_.empty()) ::unlinkat(target_.folder.get(), name_.c_str(), 0);
-  name_.clear();
+  ::unlinkat(target_.folder.get(), name_.c_str(), 0);
   lock_.close();
 }
 
 }  // namespace
+}  // namespace zelvaro::posix
 
-std::unique_ptr<OutputFile> createFile(const std::string& path, FileFailure* failure, FileWriting writing) {
-  auto file = std::make_unique<TemporaryFile>(writing);
-  if (file->open(path)) return file;
-  tell(failure, file->failure());
-  return nullptr;
+namespace zelvaro {
+
+std::unique_ptr<TemporaryOutput> ConsolePlatform::temporaryOutput(FileWriting writing) {
+  return std::make_unique<posix::TemporaryFile>(writing);
 }
 
-}  // namespace zelvaro::posix
+}  // namespace zelvaro

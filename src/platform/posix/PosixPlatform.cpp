@@ -4,27 +4,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
-#include <limits>
 
-#include "platform/posix/Files.h"
+#include "platform/Failures.h"
 #include "platform/posix/Programs.h"
 
 namespace zelvaro {
-namespace {
-
-std::uint32_t seed() {
-  try {
-    return std::random_device{}();
-  } catch (const std::exception&) {
-    return static_cast<std::uint32_t>(std::chrono::system_clock::now().time_since_epoch().count());
-  }
-}
-
-}  // namespace
 
 void holdStandardDescriptors() {
   for (const int fd : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -45,18 +31,8 @@ std::vector<std::string> programArguments(int argc, char** argv) {
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-PosixPlatform::PosixPlatform(int inputFd, int outputFd)
-    : input_(inputFd), output_(outputFd), random_(seed()) {
+PosixPlatform::PosixPlatform(int inputFd, int outputFd) : ConsolePlatform(inputFd, outputFd) {
   for (const int signal : posix::kIgnoredSignals) std::signal(signal, SIG_IGN);
-}
-
-PosixPlatform::~PosixPlatform() = default;
-
-/// When nobody follows the console any more the dialogue ends, even if more input is waiting.
-std::optional<std::string> PosixPlatform::readLine() {
-  output_.flush();
-  if (output_.readerIsGone()) return std::nullopt;
-  return input_.readLine();
 }
 
 bool PosixPlatform::consoleIsGone() {
@@ -70,33 +46,6 @@ bool PosixPlatform::consoleIsGone() {
     output_.look();
   }
   return output_.readerIsGone();
-}
-
-std::optional<ConsoleSize> PosixPlatform::consoleSize() {
-  if (!input_.isTerminal() || !output_.isTerminal()) return std::nullopt;
-  return output_.size();
-}
-
-bool PosixPlatform::canRead(const std::string& path, FileFailure* failure) {
-  return posix::canRead(path, failure);
-}
-
-std::optional<std::string> PosixPlatform::readFile(const std::string& path, FileFailure* failure,
-                                                   std::size_t most) {
-  return posix::readFile(path, failure, most);
-}
-
-std::optional<FileBytes> PosixPlatform::loadFile(const std::string& path, FileFailure* failure) {
-  return posix::loadFile(path, failure);
-}
-
-std::unique_ptr<OutputFile> PosixPlatform::createFile(const std::string& path, FileFailure* failure,
-                                                      FileWriting writing) {
-  return posix::createFile(path, failure, writing);
-}
-
-bool PosixPlatform::exists(const std::string& path) {
-  return posix::exists(path);
 }
 
 std::optional<std::string> PosixPlatform::workingDirectory(FileFailure* failure) {
@@ -121,15 +70,6 @@ bool PosixPlatform::userInterfaceIsJapanese() {
   return false;
 }
 
-std::int32_t PosixPlatform::clockMilliseconds() {
-  return static_cast<std::int32_t>(std::clock() / (CLOCKS_PER_SEC / 1000));
-}
-
-std::int64_t PosixPlatform::chronoTicks() {
-  using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
-  return std::chrono::duration_cast<Ticks>(std::chrono::system_clock::now().time_since_epoch()).count();
-}
-
 std::int64_t PosixPlatform::performanceCounter() {
   timespec now{};
   ::clock_gettime(CLOCK_MONOTONIC, &now);
@@ -141,10 +81,6 @@ std::tm PosixPlatform::localTime() {
   std::tm local{};
   ::localtime_r(&now, &local);
   return local;
-}
-
-int PosixPlatform::randomNumber() {
-  return std::uniform_int_distribution<int>(0, std::numeric_limits<int>::max())(random_);
 }
 
 }  // namespace zelvaro

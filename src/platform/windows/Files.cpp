@@ -1,11 +1,8 @@
-#include "platform/windows/Files.h"
-
-#include <algorithm>
 #include <cerrno>
-#include <new>
-#include <stdexcept>
 #include <vector>
 
+#include "platform/ConsolePlatform.h"
+#include "platform/WholeFile.h"
 #include "platform/windows/Paths.h"
 
 namespace zelvaro::windows {
@@ -29,24 +26,6 @@ Handle openRegular(const std::string& path, FileFailure* failure) {
   return Handle();
 }
 
-/// Reads to the end of the file, or until it has more than `most` bytes.
-std::optional<FileFailure> readToEnd(const Handle& file, std::size_t expected, std::size_t most,
-                                     std::string& bytes) {
-  bytes.resize(expected + 1);  // one more, so that the read that finds the end needs no growth
-  std::size_t have = 0;
-  while (have <= most) {
-    const auto n = readSome(file.get(), bytes.data() + have, bytes.size() - have);
-    if (!n) return failureOfSystem(::GetLastError());
-    if (*n == 0) {
-      bytes.resize(have);
-      return std::nullopt;
-    }
-    have += *n;
-    if (have == bytes.size()) bytes.resize(have * 2);
-  }
-  return failureOf(EFBIG);
-}
-
 /// Calls put(name, is a folder) for each entry of an open search.
 template <class Put>
 void forEachEntry(HANDLE search, WIN32_FIND_DATAW& entry, const std::wstring& folder, Put put) {
@@ -60,70 +39,64 @@ void forEachEntry(HANDLE search, WIN32_FIND_DATAW& entry, const std::wstring& fo
 
 }  // namespace
 
-bool canRead(const std::string& path, FileFailure* failure) {
-  return openRegular(path, failure).isOpen();
+}  // namespace zelvaro::windows
+
+namespace zelvaro {
+
+bool ConsolePlatform::canRead(const std::string& path, FileFailure* failure) {
+  return windows::openRegular(path, failure).isOpen();
 }
 
-std::optional<std::string> readFile(const std::string& path, FileFailure* failure, std::size_t most) {
-  const Handle file = openRegular(path, failure);
+std::optional<std::string> ConsolePlatform::readFile(const std::string& path, FileFailure* failure,
+                                                     std::size_t most) {
+  const windows::Handle file = windows::openRegular(path, failure);
   if (!file.isOpen()) return std::nullopt;
-  LARGE_INTEGER known{};
-  ::GetFileSizeEx(file.get(), &known);
-  const auto size = static_cast<std::size_t>(known.QuadPart);
-  std::string bytes;
-  std::optional<FileFailure> cause = failureOf(EFBIG);
-  try {
-    if (size <= most) cause = readToEnd(file, size, most, bytes);
-  } catch (const std::bad_alloc&) {
-    cause = failureOf(ENOMEM);
-  } catch (const std::length_error&) {
-  }
-  if (!cause) return bytes;
-  tell(failure, *cause);
-  return std::nullopt;
+  LARGE_INTEGER size{};
+  ::GetFileSizeEx(file.get(), &size);
+  const auto readFrom = [&](char* to, std::size_t room) { return windows::readSome(file.get(), to, room); };
+  return readToEnd(static_cast<std::size_t>(size.QuadPart), most, readFrom, failure);
 }
 
-bool deleteFile(const std::string& path, FileFailure* failure) {
-  const auto name = fullName(path, failure);
+bool ConsolePlatform::deleteFile(const std::string& path, FileFailure* failure) {
+  const auto name = windows::fullName(path, failure);
   if (!name) return false;
   if (::DeleteFileW(name->c_str()) != 0) return true;
   const DWORD error = ::GetLastError();
-  tell(failure, isFolder(::GetFileAttributesW(name->c_str())) ? failureOf(EISDIR) : failureOfSystem(error));
+  tell(failure, windows::isFolder(::GetFileAttributesW(name->c_str())) ? failureOf(EISDIR)
+                                                                       : windows::failureOfSystem(error));
   return false;
 }
 
-bool exists(const std::string& path) {
-  const auto name = fullName(path, nullptr);
-  return name && attributesOf(*name) != INVALID_FILE_ATTRIBUTES;
+bool ConsolePlatform::exists(const std::string& path) {
+  const auto name = windows::fullName(path, nullptr);
+  return name && windows::attributesOf(*name) != INVALID_FILE_ATTRIBUTES;
 }
 
-std::optional<std::string> folderListing(const std::string& path, FileFailure* failure) {
-  auto folder = fullName(path.empty() ? "." : path, failure);
+std::optional<std::vector<std::string>> ConsolePlatform::entriesOf(const std::string& path,
+                                                                   FileFailure* failure) {
+  auto folder = windows::fullName(path.empty() ? "." : path, failure);
   if (!folder) return std::nullopt;
-  const DWORD attributes = attributesOf(*folder);
+  const DWORD attributes = windows::attributesOf(*folder);
   const DWORD error = ::GetLastError();
   if (attributes == INVALID_FILE_ATTRIBUTES) {
-    tell(failure, failureOfSystem(error));
+    tell(failure, windows::failureOfSystem(error));
     return std::nullopt;
   }
-  if (!isFolder(attributes)) return path + "\n";
+  if (!windows::isFolder(attributes)) return std::vector{path};
   if (folder->back() != L'\\') *folder += L'\\';
   std::vector<std::string> names;
   WIN32_FIND_DATAW entry{};
   const HANDLE search = ::FindFirstFileW((*folder + L'*').c_str(), &entry);
   if (search != INVALID_HANDLE_VALUE) {
-    forEachEntry(search, entry, *folder, [&](const std::string& name, bool isFolder) {
+    windows::forEachEntry(search, entry, *folder, [&](const std::string& name, bool isFolder) {
       names.push_back(isFolder ? name + "/" : name);
     });
     ::FindClose(search);
   } else if (const DWORD cause = ::GetLastError(); cause != ERROR_FILE_NOT_FOUND) {  // an empty drive
-    tell(failure, failureOfSystem(cause));
+    tell(failure, windows::failureOfSystem(cause));
     return std::nullopt;
   }
-  std::sort(names.begin(), names.end());
-  std::string listing;
-  for (const std::string& name : names) listing += name + "\n";
-  return listing;
+  return names;
 }
 
-}  // namespace zelvaro::windows
+}  // namespace zelvaro

@@ -87,3 +87,11 @@ DWORD writeAll(HANDLE to, std::string_view bytes) {
 }
 
 }  // namespace zelvaro::windows
+
+namespace zelvaro {
+
+FileFailure lastFailure() {
+  return windows::failureOfSystem(::GetLastError());
+}
+
+}  // namespace zelvaro

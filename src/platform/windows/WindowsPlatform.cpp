@@ -5,11 +5,9 @@
 
 #include <array>
 #include <cerrno>
-#include <chrono>
-#include <limits>
+#include <ctime>
 
 #include "MoziCode/Utf.h"
-#include "platform/windows/Files.h"
 #include "platform/windows/Paths.h"
 #include "platform/windows/Programs.h"
 
@@ -55,47 +53,6 @@ std::vector<std::string> programArguments(int, char**) {
   return out;
 }
 
-WindowsPlatform::WindowsPlatform(int inputFd, int outputFd)
-    : input_(inputFd), output_(outputFd), random_(std::random_device{}()) {}
-
-/// When nobody follows the console any more the dialogue ends, even if more input is waiting.
-std::optional<std::string> WindowsPlatform::readLine() {
-  output_.flush();
-  if (output_.readerIsGone()) return std::nullopt;
-  return input_.readLine();
-}
-
-std::optional<ConsoleSize> WindowsPlatform::consoleSize() {
-  if (!input_.isTerminal() || !output_.isTerminal()) return std::nullopt;
-  return output_.size();
-}
-
-bool WindowsPlatform::canRead(const std::string& path, FileFailure* failure) {
-  return windows::canRead(path, failure);
-}
-
-std::optional<std::string> WindowsPlatform::readFile(const std::string& path, FileFailure* failure,
-                                                     std::size_t most) {
-  return windows::readFile(path, failure, most);
-}
-
-std::unique_ptr<OutputFile> WindowsPlatform::createFile(const std::string& path, FileFailure* failure,
-                                                        FileWriting writing) {
-  return windows::createFile(path, failure, writing);
-}
-
-bool WindowsPlatform::exists(const std::string& path) {
-  return windows::exists(path);
-}
-
-std::optional<std::string> WindowsPlatform::folderListing(const std::string& path, FileFailure* failure) {
-  return windows::folderListing(path, failure);
-}
-
-bool WindowsPlatform::deleteFile(const std::string& path, FileFailure* failure) {
-  return windows::deleteFile(path, failure);
-}
-
 /// The system's own editor needs no console, but a dialogue through a pipe has nobody who would close it.
 EditResult WindowsPlatform::editFile(const EditorCommand& editor, const std::string& path) {
   const auto name = windows::fullName(path, nullptr);
@@ -131,15 +88,6 @@ bool WindowsPlatform::userInterfaceIsJapanese() {
   return PRIMARYLANGID(::GetUserDefaultUILanguage()) == LANG_JAPANESE;
 }
 
-std::int32_t WindowsPlatform::clockMilliseconds() {
-  return static_cast<std::int32_t>(std::clock() / (CLOCKS_PER_SEC / 1000));
-}
-
-std::int64_t WindowsPlatform::chronoTicks() {
-  using Ticks = std::chrono::duration<std::int64_t, std::ratio<1, 10'000'000>>;
-  return std::chrono::duration_cast<Ticks>(std::chrono::system_clock::now().time_since_epoch()).count();
-}
-
 std::int64_t WindowsPlatform::performanceCounter() {
   LARGE_INTEGER value{};
   ::QueryPerformanceCounter(&value);
@@ -156,10 +104,6 @@ std::tm WindowsPlatform::localTime() {
   std::tm local{};
   ::localtime_s(&local, &now);
   return local;
-}
-
-int WindowsPlatform::randomNumber() {
-  return std::uniform_int_distribution<int>(0, std::numeric_limits<int>::max())(random_);
 }
 
 }  // namespace zelvaro
