@@ -4,7 +4,7 @@
 
 #include "Fuzz.h"
 #include "comet2/RunLoop.h"
-#include "whole/Dialogue.h"
+#include "support/Dialogue.h"
 
 namespace zelvaro::fuzz {
 namespace {

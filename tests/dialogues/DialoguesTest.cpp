@@ -21,8 +21,8 @@
 #include <fstream>
 
 #include "shell/ShellRows.h"
+#include "support/Dialogue.h"
 #include "support/Texts.h"
-#include "whole/Dialogue.h"
 
 namespace zelvaro::test {
 namespace {

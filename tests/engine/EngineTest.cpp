@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "engine/Machine.h"
-#include "whole/RandomSource.h"
+#include "support/RandomSource.h"
 
 namespace zelvaro::engine {
 namespace {

@@ -16,7 +16,7 @@
 #include "shell/ShellRows.h"
 #include "structure/Structure.h"
 #include "structure/ZenKaku.h"
-#include "whole/Dialogue.h"
+#include "support/Dialogue.h"
 
 namespace zelvaro::test {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
-#include "whole/Dialogue.h"
-#include "whole/RandomSource.h"
+#include "support/Dialogue.h"
+#include "support/RandomSource.h"
 
 namespace zelvaro::test {
 namespace {

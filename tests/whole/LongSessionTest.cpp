@@ -5,7 +5,7 @@
 #include <random>
 #include <regex>
 
-#include "whole/Dialogue.h"
+#include "support/Dialogue.h"
 
 namespace zelvaro::test {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "MoziCode/Cp932.h"
 #include "MoziCode/Utf.h"
-#include "whole/Dialogue.h"
+#include "support/Dialogue.h"
 
 namespace zelvaro::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "whole/Dialogue.h"
+#include "support/Dialogue.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "whole/RandomSource.h"
+#include "support/RandomSource.h"
 
 #include <algorithm>
 #include <map>
