@@ -1,4 +1,4 @@
-// The interface to the outside world.  PosixPlatform implements it; tests use a scripted one.
+// The interface to the outside world.  Each system has its implementation; tests use a scripted one.
 #pragma once
 
 #include <cstdint>
