@@ -1,4 +1,5 @@
 // The course: ten lessons, each with a program to change and a task that marks it.
+import * as programs from "./programs.js";
 import type { Text } from "./protocol.js";
 
 export interface Lesson {
@@ -24,157 +25,6 @@ interface Change {
 function changed(program: string, ...changes: Change[]): string {
   return changes.reduce((text, { from, to }) => text.replace(from, () => to), program);
 }
-
-const first = `; Adds 3 and 4 and prints the digit.
-; 3 と 4 を足して、その数字を表示する。
-MAIN     START
-         LD    GR1,A         ; GR1 <- 3
-         ADDA  GR1,B         ; GR1 <- GR1 + 4
-         ADDA  GR1,=#0030    ; 7 + #0030 = '7'
-         ST    GR1,DIGIT
-         OUT   DIGIT,ONE
-         RET
-A        DC    3
-B        DC    4
-DIGIT    DS    1
-ONE      DC    1
-         END
-`;
-
-const copy = `; Y is to become a copy of X.
-; Y を X の写しにする。
-MAIN     START
-         LD    GR1,X
-         RET
-X        DC    5
-Y        DS    1
-         END
-`;
-
-const sum = `; D is to become A + B - C.
-; D を A + B - C にする。
-MAIN     START
-         LD    GR1,A
-         ADDA  GR1,B
-         ST    GR1,D
-         RET
-A        DC    10
-B        DC    20
-C        DC    7
-D        DS    1
-         END
-`;
-
-const larger = `; MAX is to become the larger one of A and B.
-; MAX を A と B の大きい方にする。
-MAIN     START
-         LD    GR1,A
-         CPA   GR1,B
-         ST    GR1,MAX
-         RET
-A        DC    3
-B        DC    8
-MAX      DS    1
-         END
-`;
-
-const loop = `; SUM is to become 1 + 2 + ... + N.
-; SUM を 1 + 2 + ... + N にする。
-MAIN     START
-         LAD   GR1,0         ; the sum       合計
-         LD    GR2,N         ; the next one  次に足す数
-LOOP     ADDA  GR1,GR2
-         SUBA  GR2,=1
-         ST    GR1,SUM
-         RET
-N        DC    10
-SUM      DS    1
-         END
-`;
-
-const table = `; SUM is to become the sum of the five words from TABLE on.
-; SUM を TABLE からの 5 語の合計にする。
-MAIN     START
-         LAD   GR1,0         ; the sum    合計
-         LAD   GR2,0         ; the index  添字
-LOOP     ADDA  GR1,TABLE
-         LAD   GR2,1,GR2
-         CPA   GR2,=5
-         JMI   LOOP
-         ST    GR1,SUM
-         RET
-TABLE    DC    4,8,15,16,23
-SUM      DS    1
-         END
-`;
-
-const bits = `; REST is to become X without its lowest four bits, LOW those four bits.
-; REST を X の下位 4 ビットを除いた値に、LOW をその 4 ビットにする。
-MAIN     START
-         LD    GR1,X
-         AND   GR1,=#000F
-         ST    GR1,LOW
-         LD    GR1,X
-         ST    GR1,REST
-         RET
-X        DC    #12A7
-LOW      DS    1
-REST     DS    1
-         END
-`;
-
-const echo = `; Reads a line and prints it, with a greeting before it.
-; 1 行読み、あいさつに続けて表示する。
-MAIN     START
-         IN    LINE,LEN
-         OUT   LINE,LEN
-         RET
-HELLO    DC    'Hello'
-FIVE     DC    5
-LEN      DS    1
-LINE     DS    256
-         END
-`;
-
-const call = `; FOUR is to become four times X: DOUBLE is called twice.
-; FOUR を X の 4 倍にする。DOUBLE を 2 回呼び出す。
-MAIN     START
-         LD    GR1,X
-         CALL  DOUBLE
-         ST    GR1,FOUR
-         RET
-; GR1 becomes twice GR1.   GR1 を 2 倍にする。
-DOUBLE   ADDA  GR1,GR1
-         RET
-X        DC    3
-FOUR     DS    1
-         END
-`;
-
-const reverse = `; Reads a line and is to print it backwards.
-; 1 行読み、逆順に表示する。
-MAIN     START
-         IN    LINE,LEN
-         LAD   GR2,0
-PUSHES   CPA   GR2,LEN
-         JZE   TAKE
-         LD    GR1,LINE,GR2
-         PUSH  0,GR1
-         LAD   GR2,1,GR2
-         JUMP  PUSHES
-TAKE     LAD   GR2,0
-POPS     CPA   GR2,LEN
-         JZE   SHOW
-         POP   GR1
-         LAD   GR2,1,GR2
-         JUMP  POPS
-SHOW     OUT   LINE,LEN
-         RET
-LEN      DS    1
-LINE     DS    256
-         END
-`;
-
 export const lessons: Lesson[] = [
   {
     id: "1",
@@ -191,8 +41,8 @@ export const lessons: Lesson[] = [
         "課題：数を一つ変えて、`9` と表示されるようにしてください。",
       ],
     },
-    program: first,
-    answer: changed(first, { from: "DC    4", to: "DC    6" }),
+    program: programs.first,
+    answer: changed(programs.first, { from: "DC    4", to: "DC    6" }),
     task: `title = "1"
 [[case]]
 name = "OUT"
@@ -214,8 +64,8 @@ output = ["9"]
         "課題：`Y` を `X` の写しにしてください。1 行足りません。",
       ],
     },
-    program: copy,
-    answer: changed(copy, { from: "         RET", to: "         ST    GR1,Y\n         RET" }),
+    program: programs.copy,
+    answer: changed(programs.copy, { from: "         RET", to: "         ST    GR1,Y\n         RET" }),
     task: `title = "2"
 [rules]
 labels = ["X", "Y"]
@@ -243,8 +93,8 @@ after = { Y = -3 }
         "課題：`D` を `A + B - C` にしてください。",
       ],
     },
-    program: sum,
-    answer: changed(sum, { from: "         ST    GR1,D", to: "         SUBA  GR1,C\n         ST    GR1,D" }),
+    program: programs.sum,
+    answer: changed(programs.sum, { from: "         ST    GR1,D", to: "         SUBA  GR1,C\n         ST    GR1,D" }),
     task: `title = "3"
 [rules]
 labels = ["A", "B", "C", "D"]
@@ -272,9 +122,9 @@ after = { D = -2 }
         "課題：`MAX` を大きい方の数にしてください。`GR1` が `B` より小さいときは読み込み直します。",
       ],
     },
-    program: larger,
+    program: programs.larger,
     answer: changed(
-      larger,
+      programs.larger,
       { from: "         ST ", to: "         JPL   STORE\n         LD    GR1,B\nSTORE    ST " },
     ),
     task: `title = "4"
@@ -308,8 +158,8 @@ after = { MAX = 4 }
         "課題：分岐を加えて、`SUM` を `1 + 2 + ... + N` にしてください。",
       ],
     },
-    program: loop,
-    answer: changed(loop, { from: "         ST ", to: "         JNZ   LOOP\n         ST " }),
+    program: programs.loop,
+    answer: changed(programs.loop, { from: "         ST ", to: "         JNZ   LOOP\n         ST " }),
     task: `title = "5"
 steps = 100000
 [rules]
@@ -338,8 +188,8 @@ after = { SUM = 5050 }
         "課題：このプログラムは最初の語を 5 回足しています。5 語すべてを足すようにしてください。",
       ],
     },
-    program: table,
-    answer: changed(table, { from: "ADDA  GR1,TABLE", to: "ADDA  GR1,TABLE,GR2" }),
+    program: programs.table,
+    answer: changed(programs.table, { from: "ADDA  GR1,TABLE", to: "ADDA  GR1,TABLE,GR2" }),
     task: `title = "6"
 steps = 10000
 [rules]
@@ -368,8 +218,8 @@ after = { SUM = -4 }
         "課題：`LOW` はできています。`REST` を、`X` の下位 4 ビットを 0 にした値にしてください。",
       ],
     },
-    program: bits,
-    answer: changed(bits, { from: "         ST    GR1,REST", to: "         AND   GR1,=#FFF0\n         ST    GR1,REST" }),
+    program: programs.bits,
+    answer: changed(programs.bits, { from: "         ST    GR1,REST", to: "         AND   GR1,=#FFF0\n         ST    GR1,REST" }),
     task: `title = "7"
 [rules]
 labels = ["X", "LOW", "REST"]
@@ -397,8 +247,8 @@ after = { LOW = 15, REST = "#FFF0" }
         "課題：読んだ行の前に、`Hello` を 1 行表示してください。",
       ],
     },
-    program: echo,
-    answer: changed(echo, { from: "         OUT ", to: "         OUT   HELLO,FIVE\n         OUT " }),
+    program: programs.echo,
+    answer: changed(programs.echo, { from: "         OUT ", to: "         OUT   HELLO,FIVE\n         OUT " }),
     task: `title = "8"
 [rules]
 must = ["IN", "OUT"]
@@ -427,8 +277,8 @@ output = ["Hello", "Ada Byron"]
         "課題：`DOUBLE` を 2 回呼び出して、`FOUR` を `X` の 4 倍にしてください。",
       ],
     },
-    program: call,
-    answer: changed(call, { from: "         ST ", to: "         CALL  DOUBLE\n         ST " }),
+    program: programs.call,
+    answer: changed(programs.call, { from: "         ST ", to: "         CALL  DOUBLE\n         ST " }),
     task: `title = "9"
 [rules]
 must = ["CALL"]
@@ -457,8 +307,8 @@ after = { FOUR = -40 }
         "課題：このプログラムは 1 行の文字をすべて積んで取り出しますが、しまっていません。逆順に表示するようにしてください。",
       ],
     },
-    program: reverse,
-    answer: changed(reverse, { from: "         POP   GR1\n", to: "         POP   GR1\n         ST    GR1,LINE,GR2\n" }),
+    program: programs.reverse,
+    answer: changed(programs.reverse, { from: "         POP   GR1\n", to: "         POP   GR1\n         ST    GR1,LINE,GR2\n" }),
     task: `title = "10"
 steps = 100000
 [rules]
