@@ -9,6 +9,7 @@
 
 #include "check/Lines.h"
 #include "check/Remarks.h"
+#include "diag/Limits.h"
 
 namespace zelvaro::check {
 namespace {
@@ -51,7 +52,6 @@ struct Fault {
 };
 
 std::optional<std::uint16_t> wordOf(const toml::node& node) {
-  constexpr std::int64_t kLeast = -32768, kMost = 65535;
   std::int64_t n = 0;
   if (const auto number = node.value_exact<std::int64_t>()) {
     n = *number;
@@ -63,7 +63,7 @@ std::optional<std::uint16_t> wordOf(const toml::node& node) {
   } else {
     return std::nullopt;
   }
-  if (n < kLeast || n > kMost) return std::nullopt;
+  if (n < kLeastSigned || n > kGreatestUnsigned) return std::nullopt;
   return static_cast<std::uint16_t>(n);
 }
 

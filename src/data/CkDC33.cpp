@@ -3,6 +3,7 @@
 
 #include "data/DC.h"
 #include "data/StrConst.h"
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "structure/ZenKaku.h"
 
@@ -149,7 +150,7 @@ void ckHex(Assembly& a, int line, int nr, ViewOf<Char> text) {
   const ViewOf<Char> digits = text.substr(1);
   const bool clean = std::all_of(digits.begin(), digits.end(), [](auto c) { return isHexDigit(c); });
   if (!clean) a.cs.report(hexMozi, line, nr, quote(text));
-  if (digits.size() > 4) {
+  if (digits.size() > kHexDigits) {
     a.cs.report(hexTooLong, line, nr, quote(text), digits.size());
   } else if (digits.size() == 1) {
     a.cs.report(hexOneDigit, line, nr, quote(text), digits.size());

@@ -2,6 +2,7 @@
 // of the operand text, without the blanks directly after it.
 #include "data/Data.h"
 #include "data/StrConst.h"
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "encode/ConstForm.h"
 #include "structure/ZenKaku.h"
@@ -100,13 +101,13 @@ void ckDec(Assembly& a, int line, ViewOf<Char> literal) {
 
 template <class Char>
 void ckHex(Assembly& a, int line, ViewOf<Char> literal) {
-  int count = 0;
+  std::size_t count = 0;
   for (std::size_t i = 1; i < literal.size() && !endsNumber(literal[i]); ++i, ++count) {
     if (isHexDigit(literal[i])) continue;
     a.cs.report(hexMozi, line);
     break;
   }
-  if (count != 4) a.cs.report(hexDigits, line, count);
+  if (count != kHexDigits) a.cs.report(hexDigits, line, count);
 }
 
 template <class Char>

@@ -2,6 +2,7 @@
 // down have their addresses.
 #include "data/DC.h"
 #include "data/EmptyStrConst.h"
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 
 namespace zelvaro {
@@ -45,7 +46,7 @@ int hexValue(View text) {
 template <class Char>
 int decOfDC(Assembly& a, int line, int nr, ViewOf<Char> text) {
   const int value = decimalValue(text);
-  if (value < -32768 || value > 32767) a.cs.report(decOutOfRange, line, nr, value);
+  if (value < kLeastSigned || value > kGreatestSigned) a.cs.report(decOutOfRange, line, nr, value);
   return value;
 }
 

@@ -6,9 +6,10 @@
 namespace zelvaro {
 
 // --- the language ---
-inline constexpr int kLabelLength = 8;     ///< longest label, in characters
-inline constexpr int kMostRegister = 7;    ///< GR0 to GR7
-inline constexpr int kHexConstDigits = 4;  ///< digits of a hexadecimal constant
+inline constexpr int kLabelLength = 8;        ///< longest label, in characters
+inline constexpr int kMostRegister = 7;       ///< GR0 to GR7
+inline constexpr std::size_t kHexDigits = 4;  ///< digits of a hexadecimal constant
+inline constexpr int kLeastSigned = -32768;
 inline constexpr int kGreatestSigned = 32767;
 inline constexpr int kGreatestUnsigned = 65535;
 

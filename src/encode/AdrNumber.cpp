@@ -1,13 +1,10 @@
 // The number as an address constant.  Its low 16 bits are the address.
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
 
 namespace zelvaro {
 namespace {
-
-constexpr std::size_t kHexDigits = 4;
-constexpr int kLeast = -32768;
-constexpr int kGreatest = 65535;
 
 constexpr Message badHexDigit{"address-hex-digit",
                               Severity::Error,
@@ -96,7 +93,7 @@ bool decimal(Assembly& a, SrcData<Char>& line, ViewOf<Char> p, std::size_t signs
     return false;
   }
   const int value = decimalValue(p);
-  if (value < kLeast || value > kGreatest) a.cs.report(outOfRange, line.Line, quote(p));
+  if (value < kLeastSigned || value > kGreatestUnsigned) a.cs.report(outOfRange, line.Line, quote(p));
   line.Word2 = value & 0xFFFF;
   return true;
 }

@@ -13,9 +13,6 @@ Op opOf(const SrcData<Char>& line) {
   return static_cast<Op>(line.OpNr);
 }
 
-template <class Char>
-using SrcOf = SrcData<Char>;
-
 /// Runs the encoder of the line's instruction (classes with form Both, Memory, Branch, Single): checks the
 /// operands, writes Word1 and word_kazu.  Errors are counted in the tallies of `cs`.
 template <class Char>

@@ -1,11 +1,10 @@
 // The numbers of literals: two checks and two conversions.  k0 counts operands from 0, k is printed from 1.
+#include "diag/Limits.h"
 #include "diag/Quote.h"
 #include "encode/AdrConst.h"
 
 namespace zelvaro {
 namespace {
-
-constexpr std::size_t kHexDigits = 4;
 
 constexpr Message decNonDigit{
     "constant-decimal-digit",
@@ -128,7 +127,7 @@ bool CkDecConstG(Assembly& a, int line, int k0, ViewOf<Char> text) {
 template <class Char>
 int DecStrToIntG(Assembly& a, int line, int k0, ViewOf<Char> text) {
   const int value = decimalValue(text);
-  if (value >= -32768 && value <= 32767) return value;
+  if (value >= kLeastSigned && value <= kGreatestSigned) return value;
   if (a.family.notesLiteralRange) {
     a.cs.report(literalOutOfRange, line, value);
   } else {

@@ -16,8 +16,6 @@ std::optional<std::string> environmentVariable(const char* name);
 bool isTerminal(int descriptor);
 /// Whether a terminal of this program's user shows colours.
 bool terminalHasColors();
-/// The columns of the terminal at a descriptor; 80 where it does not say.
-int terminalWidth(int descriptor);
 /// All that comes from standard input, or nothing on a failure; more than `most` bytes are one.
 std::optional<std::string> readStandardInput(std::size_t most, FileFailure* failure);
 /// Makes a folder and those above it that do not exist.

@@ -1,7 +1,6 @@
 #include "platform/Surroundings.h"
 
 #include <poll.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,12 +25,6 @@ bool isTerminal(int descriptor) {
 
 bool terminalHasColors() {
   return environmentVariable("TERM").value_or("dumb") != "dumb";
-}
-
-int terminalWidth(int descriptor) {
-  constexpr int kUsual = 80;
-  winsize size{};
-  return ::ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
 }
 
 std::optional<std::string> readStandardInput(std::size_t most, FileFailure* failure) {

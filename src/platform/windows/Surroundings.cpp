@@ -48,10 +48,6 @@ bool terminalHasColors() {
   return environmentVariable("TERM") != "dumb";
 }
 
-int terminalWidth(int descriptor) {
-  return ConsoleOutput(descriptor).size().columns;
-}
-
 std::optional<std::string> readStandardInput(std::size_t most, FileFailure* failure) {
   if (isTerminal(0)) return readConsole();
   std::string bytes;
