@@ -81,6 +81,12 @@ class Played {
   TemporaryFolder folder_;
 };
 
+/// Under wine the terminal is a console, which sends sequences of its own, and who has no reader any more
+/// finds out at the next write.
+bool isNotForWine(const std::string& line) {
+  return line.find("script -qec") != line.npos || line.find("| head -1 =>") != line.npos;
+}
+
 /// Plays those cases that process several files at once, or the others; returns how many.
 int play(bool atOnce) {
   const std::string name = ZELVARO_ROOT "/tests/check/check.cases";
@@ -95,8 +101,7 @@ int play(bool atOnce) {
       continue;
     }
     const std::vector<std::string> fields = fieldsOf(line);
-    // under wine the terminal is a console, which sends sequences of its own
-    if (std::getenv("ZELVARO_CHECK") != nullptr && line.find("script -qec") != line.npos) continue;
+    if (std::getenv("ZELVARO_CHECK") != nullptr && isNotForWine(line)) continue;
     if ((line.find("--jobs") != line.npos) != atOnce || fields.size() < 2) continue;
     const Played played(fields[0], files);
     if (std::to_string(played.status) != fields[1])
