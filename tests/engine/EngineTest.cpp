@@ -5,6 +5,7 @@
 #include <random>
 #include <thread>
 
+#include "comet2/Services.h"
 #include "engine/Machine.h"
 #include "support/RandomSource.h"
 
@@ -147,6 +148,18 @@ TEST(Input, ThatComesLateResumesTheSameIn) {
   EXPECT_EQ(late.events().back().text, "other");
 }
 
+/// The machine of the dialogue does so; it stops what reads on and on.
+TEST(Input, ThatHasEndedMayReadAsEmptyLines) {
+  const Assembled a = assemble("A START\nX IN B,N\n JUMP X\n RET\nB DS 256\nN DC 5\n END\n");
+  Machine m(a, {.endedInputIsEmpty = true});
+  m.endInput();
+  EXPECT_EQ(m.run(1'000'000).stop, Stop::InputEnded);
+  EXPECT_EQ(m.word(a.addressOf("N").value()), 0);
+  EXPECT_EQ(m.linesRead(), static_cast<std::size_t>(kMostEmptyInputs));
+  EXPECT_EQ(m.step().executed, 0);
+  EXPECT_EQ(m.stop(), Stop::InputEnded);
+}
+
 TEST(Start, IsWhatHasBeenSet) {
   Machine m = machineOf("A START\n ADDA GR1,X\n RET\nX DS 1\n END\n");
   m.setRegister(1, 40);
@@ -158,6 +171,23 @@ TEST(Start, IsWhatHasBeenSet) {
     m.goTo(0);
     EXPECT_EQ(m.registers().gr[1], 40);
   }
+  EXPECT_THROW(m.setWord(0x10000, 1), std::out_of_range);
+  EXPECT_THROW(m.setWord(-1, 1), std::out_of_range);
+  EXPECT_THROW(m.setRegister(8, 1), std::out_of_range);
+  EXPECT_THROW(m.setRegister(-1, 1), std::out_of_range);
+}
+
+TEST(Stack, IsTheLastWordFirstAndGoesBackToo) {
+  Machine m = machineOf("A START\n PUSH 9\n CALL B\n RET\nB PUSH 7\n POP GR1\n RET\n END\n");
+  m.run(4);
+  EXPECT_EQ(m.stack(), (std::vector<std::uint16_t>{7, 5, 9}));
+  Machine moved = std::move(m);
+  moved.step();
+  EXPECT_EQ(moved.stack(), (std::vector<std::uint16_t>{5, 9}));
+  moved.back(3);
+  EXPECT_EQ(moved.stack(), std::vector<std::uint16_t>{9});
+  moved.back(0);
+  EXPECT_EQ(moved.steps(), 2);
 }
 
 TEST(Output, HasALimit) {
@@ -190,6 +220,7 @@ TEST(Breakpoints, StopBeforeTheirInstructionEachTimeItIsReached) {
       m.back(m.steps());
     }
     m.clearBreakpoint(sub);
+    for (const int outside : {-1, 0x10000}) m.setBreakpoint(outside);
     EXPECT_EQ(m.breakpoints(), std::vector<int>{x + 2});
   }
 }
@@ -236,9 +267,25 @@ TEST(Tables, OfAnAssembledSource) {
   EXPECT_EQ(a.addressOf("X"), rows[2].address);
   EXPECT_EQ(a.addressOf("Y"), std::nullopt);
   EXPECT_EQ(a.lineOf(rows[2].address), 4);
-  const std::string utf16("M\0A\0 \0S\0T\0A\0R\0T\0\r\0\n\0 \0R\0E\0T\0\r\0\n\0 \0E\0N\0D\0\r\0\n\0", 44);
-  EXPECT_TRUE(assemble(utf16, {.encoding = Encoding::Utf16}).ok());
-  EXPECT_TRUE(assemble(utf16, {.pipeline = FamilyId::NA, .encoding = Encoding::Utf16}).ok());
+  const auto image = a.image();
+  EXPECT_EQ(std::vector<std::uint16_t>(image.begin(), image.end()), Machine(a).memory(0, 7));
+}
+
+TEST(Tables, OfASourceInUtf16) {
+  const std::u16string lines = u"MAIN START\r\n RET ; 表\r𠮷\r\n END\r\n";
+  const auto bytesOf = [](const std::u16string& text, bool isLittle) {
+    std::string bytes;
+    for (const char16_t c : text)
+      for (const int shift : {isLittle ? 0 : 8, isLittle ? 8 : 0}) bytes += static_cast<char>(c >> shift);
+    return bytes;
+  };
+  for (const std::string& bytes :
+       {bytesOf(u"\uFEFF" + lines, true), bytesOf(u"\uFEFF" + lines, false), bytesOf(lines, true)}) {
+    const Assembled a = assemble(bytes, {.encoding = Encoding::Utf16});
+    ASSERT_TRUE(a.ok());
+    EXPECT_EQ(a.sourceLines(), (std::vector<std::string>{"MAIN START", " RET ; 表\r𠮷", " END", ""}));
+  }
+  EXPECT_TRUE(assemble(bytesOf(lines, true), {.pipeline = FamilyId::NA, .encoding = Encoding::Utf16}).ok());
 }
 
 TEST(Limits, OfTheSource) {
