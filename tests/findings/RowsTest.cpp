@@ -8,6 +8,7 @@
 #include "data/Data.h"
 #include "encode/AdrConst.h"
 #include "engine/Catalogue.h"
+#include "engine/MachineRows.h"
 #include "findings/Assembled.h"
 #include "findings/Cases.h"
 #include "link/Link.h"
@@ -25,7 +26,8 @@ using Codes = std::set<std::string_view>;
 
 RowList everyRow() {
   RowList all = allRows();
-  for (const MessageRow* row : shellRows()) all.push_back(row);
+  for (const RowList& more : {shellRows(), engine::machineRows()})
+    all.insert(all.end(), more.begin(), more.end());
   return all;
 }
 
