@@ -240,9 +240,16 @@ TEST_F(UserCommandsTest, TheGuideGoesToTheDesktopOrIsShown) {
   openHelpFile(english);
   ::unsetenv("DISPLAY");
   openHelpFile(onTerminal);
+  ::setenv("LESSOPEN", "|/bin/touch %s", 1);
+  folder.writeProgram("bin/less",
+                      "echo \"$@ <$LESSOPEN>$LESSSECURE$LESSHISTFILE\" > '" + folder.path("paged") + "'\n");
+  openHelpFile(onTerminal);
+  ::unsetenv("LESSOPEN");
   fs::current_path(before);
   terminalPlatform.flush();
   EXPECT_EQ(received(terminal.first), "The desktop opens the guide 'docs/GUIDE.en.md'. \r\nguide\r\n");
+  EXPECT_EQ(folder.read("paged"),
+            "-PsSpace\\: next page  b\\: page before  q\\: end ./docs/GUIDE.en.md <>1-\n");
   EXPECT_EQ(shown(), "guide\n") << "through pipes it is printed";
 }
 
