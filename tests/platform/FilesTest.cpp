@@ -1,10 +1,16 @@
 // Files: which are read, how they are written, whom they belong to; the environment and the clocks.
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <fstream>
+#include <thread>
 
 #include "TemporaryFolder.h"
 #include "platform/posix/PosixPlatform.h"
@@ -120,7 +126,12 @@ TEST_F(FilesTest, AFileIsThereOnlyOnceItIsComplete) {
   EXPECT_EQ(folder.entries(), 4u);
 }
 
-TEST_F(FilesTest, LinksAreFollowedOnlyWithinTheFolder) {
+class Links : public FilesTest {
+ protected:
+  void play();
+};
+
+void Links::play() {
   for (const char* name : {"work", "work/d", "outside"}) fs::create_directory(folder.path(name));
   folder.write("outside/kept", "kept");
   fs::create_symlink("../outside", folder.path("work/sub"));
@@ -141,6 +152,25 @@ TEST_F(FilesTest, LinksAreFollowedOnlyWithinTheFolder) {
   }
   EXPECT_EQ(folder.read("outside/kept"), "kept");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path("outside")), {}), 1);
+}
+
+TEST_F(Links, AreFollowedOnlyWithinTheFolder) {
+  play();
+}
+
+/// As the kernel before Linux 5.6.  The filter is that of one thread and ends with it.
+TEST_F(Links, AreFollowedOnlyWithinTheFolderWithoutOpenat2) {
+  std::thread([this] {
+    sock_filter refusal[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat2, 0, 1),
+                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
+                             BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog program{std::size(refusal), refusal};
+    ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
+    ASSERT_EQ(::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0) << std::strerror(errno);
+    ASSERT_TRUE(::syscall(SYS_openat2, -1, nullptr, nullptr, 0) == -1 && errno == ENOSYS);
+    play();
+  }).join();
 }
 
 TEST_F(FilesTest, RightsAreRespectedAndKept) {
