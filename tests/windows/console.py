@@ -1,7 +1,8 @@
 """console.py WINE PROGRAM: the dialogue on a console, which wine makes of a pseudo-terminal.
 
 Ctrl+Z ends one IN at once, text is shown whatever the code page, control characters of OUT are shown harmlessly, Ctrl+C
-ends the program. Exit status 1, with what was shown, where one of these does not hold.
+ends the program, and whenever it comes each report is the old one or the new one. Exit status 1, with what was shown,
+where one of these does not hold.
 """
 
 import os
@@ -60,6 +61,47 @@ class Console:
         os.write(self.fd, keys)
 
 
+    def end(self):
+        """Types Ctrl+C and waits for the end of the program."""
+        os.write(self.fd, b"\x03")
+        end = time.monotonic() + 20
+        while os.waitpid(self.pid, os.WNOHANG)[0] == 0:
+            if time.monotonic() > end:
+                sys.exit("Ctrl+C does not end the program")
+            time.sleep(0.1)
+        os.close(self.fd)
+
+
+def files_are_whole_after_ctrl_c(command, folder):
+    reports = [f"{folder}/{name}" for name in ("aaAssembledRegMry.txt", "aaResultantRegMry.txt")]
+    with open(f"{folder}/a.txt", "w", encoding="utf-8") as file:
+        file.write("A START\n" + " LD GR1,=5\n" * 9000 + " RET\n END\n")
+    tails, seen = {}, set()
+    for delay in (None, 0.0, *(0.004 * 1.5**i for i in range(12))):
+        if delay is not None:
+            for report in reports:
+                with open(report, "wb") as file:
+                    file.write(b"old")
+        console = Console(command, folder)
+        for shown, typed in (("Press your Enter key", b"\r"), ("Input a menu number", b"1\r"), ("Input a filename", b"a\r")):
+            console.wait_for(shown)
+            console.type(typed)
+        if delay is None:
+            console.wait_for("Press Enter key")
+        else:
+            time.sleep(delay)
+        console.end()
+        for report in reports:
+            with open(report, "rb") as file:
+                text = file.read()
+            tails.setdefault(report, text[-400:])
+            seen.add("old" if text == b"old" else "new" if text.endswith(tails[report]) else f"{delay}: {text[-400:]}")
+        if len([name for name in os.listdir(folder) if name.endswith(".tmp")]) > len(reports):
+            sys.exit(f"too many temporary files: {os.listdir(folder)}")
+    if seen != {"old", "new"}:
+        sys.exit(f"reports after Ctrl+C: {seen}")
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         with open(f"{folder}/a.txt", "w", encoding="utf-8") as file:
@@ -70,14 +112,11 @@ def main():
         for shown, typed in (("Press your Enter key", b"\r"), ("Input a menu number", b"1\r"),
                              ("Input a filename", b"a\r"), ("at the end of your input", b"abc\x1a"),
                              ("Output by a Macro Instruction of OUT.", b""), ("abc", b""), ("at the end of your input", b"\x1a"),
-                             ("^[あ<U+009B>A", b""), ("at the end of your input", b"x\x03")):
+                             ("^[あ<U+009B>A", b""), ("at the end of your input", b"x")):
             console.wait_for(shown)
             console.type(typed)
-        end = time.monotonic() + 20
-        while os.waitpid(console.pid, os.WNOHANG)[0] == 0:
-            if time.monotonic() > end:
-                sys.exit("Ctrl+C does not end the program")
-            time.sleep(0.1)
+        console.end()
+        files_are_whole_after_ctrl_c(sys.argv[1:], folder)
 
 
 main()
