@@ -59,11 +59,6 @@ class ReportPlatform : public QuietPlatform {
   const ReportOptions& how_;
 };
 
-/// Takes no message.
-struct NoSink : DiagSink {
-  void take(const Diagnostic&) override {}
-};
-
 std::string utf8OfUtf16(std::string_view bytes) {
   const Utf16Units units(bytes, ByteOrder::Little);
   std::u16string wide(units.size(), u'\0');
@@ -228,7 +223,7 @@ std::span<const std::uint16_t> Source::words(int address, int count) const {
 
 std::string Source::report(Tcomet2 machine, std::string_view name, const ReportOptions& how) const {
   ReportPlatform platform(how);
-  NoSink sink;
+  QuietSink sink;
   const ReportFile file{platform, sink, time, f, how.language, name};
   if (f.text == TextForm::Wide) {
     DspRegMry<char16_t>(file, machine, b);

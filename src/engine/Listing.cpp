@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "diag/Quote.h"
+#include "engine/Quiet.h"
 #include "engine/Source.h"
 #include "source/NarrowText.h"
 
@@ -30,11 +31,6 @@ std::optional<int> numberOf(std::string_view text) {
   if (!isWhole || value < 0 || value >= kAddressSpace) return std::nullopt;
   return value;
 }
-
-/// Takes the messages of the loaders' helpers, which the load has issued once already.
-struct Ignored : DiagSink {
-  void take(const Diagnostic&) override {}
-};
 
 std::vector<std::string> utf16Lines(std::string_view bytes, ByteOrder order) {
   const Utf16Units units(bytes, order);
@@ -91,7 +87,7 @@ std::vector<std::string> narrowLines(std::string_view bytes, TShellData& sh, boo
 }  // namespace
 
 std::vector<std::string> Assembled::sourceLines() const {
-  Ignored sink;
+  QuietSink sink;  // the load has issued the messages already
   TShellData sh(sink);
   const MoziCodeData& code = source_->code;
   if (source_->encoding == Encoding::Auto) return {};

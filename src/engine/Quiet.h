@@ -1,9 +1,15 @@
-// A Platform without an outside world, for the stages that ask for one.
+// A Platform without an outside world and a sink that drops what it takes, for the stages that ask for one.
 #pragma once
 
+#include "diag/Diagnostic.h"
 #include "platform/Platform.h"
 
 namespace zelvaro::engine {
+
+/// For messages that another call has issued or will issue.
+struct QuietSink : DiagSink {
+  void take(const Diagnostic&) override {}
+};
 
 /// Prints nothing, has no file and no input, and its clocks do not move.
 class QuietPlatform : public Platform {

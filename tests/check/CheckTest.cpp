@@ -84,7 +84,7 @@ class Played {
 /// Under wine the terminal is a console, which sends sequences of its own, and who has no reader any more
 /// finds out at the next write.
 bool isNotForWine(const std::string& line) {
-  return line.find("script -qec") != line.npos || line.find("| head -1 =>") != line.npos;
+  return line.find("script -qec") != line.npos || line.find("| { head -1") != line.npos;
 }
 
 /// Plays those cases that process several files at once, or the others; returns how many.

@@ -187,7 +187,8 @@ TEST(Stack, IsTheLastWordFirstAndGoesBackToo) {
   moved.back(3);
   EXPECT_EQ(moved.stack(), std::vector<std::uint16_t>{9});
   moved.back(0);
-  EXPECT_EQ(moved.steps(), 2);
+  m = std::move(moved);
+  EXPECT_EQ(m.steps(), 2);
 }
 
 TEST(Output, HasALimit) {

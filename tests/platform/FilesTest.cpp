@@ -10,6 +10,7 @@
 
 #include <cstring>
 #include <fstream>
+#include <functional>
 #include <thread>
 
 #include "TemporaryFolder.h"
@@ -158,19 +159,37 @@ TEST_F(Links, AreFollowedOnlyWithinTheFolder) {
   play();
 }
 
-/// As the kernel before Linux 5.6.  The filter is that of one thread and ends with it.
-TEST_F(Links, AreFollowedOnlyWithinTheFolderWithoutOpenat2) {
-  std::thread([this] {
+/// On a thread on which the kernel lacks a call, as older ones do.
+void withoutCall(unsigned number, const std::function<void()>& work) {
+  std::thread([&] {
     sock_filter refusal[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-                             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat2, 0, 1),
+                             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, number, 0, 1),
                              BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | ENOSYS),
                              BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
     const sock_fprog program{std::size(refusal), refusal};
     ASSERT_EQ(::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), 0);
     ASSERT_EQ(::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), 0) << std::strerror(errno);
-    ASSERT_TRUE(::syscall(SYS_openat2, -1, nullptr, nullptr, 0) == -1 && errno == ENOSYS);
-    play();
+    ASSERT_TRUE(::syscall(number, -1, nullptr, -1, nullptr, 0) == -1 && errno == ENOSYS);
+    work();
   }).join();
+}
+
+TEST_F(Links, AreFollowedOnlyWithinTheFolderWithoutOpenat2) {
+  withoutCall(SYS_openat2, [this] { play(); });
+}
+
+TEST_F(FilesTest, AFileInUseIsKeptWithoutRenameat2) {
+  withoutCall(SYS_renameat2, [this] {
+    EXPECT_EQ(written("new", "first", {.replaces = false}).reason, "");
+    EXPECT_EQ(written("new", "second", {.replaces = false}).kind, Kind::Exists);
+    FileFailure cause;
+    const auto late = platform.createFile(folder.path("other"), &cause, {.replaces = false});
+    folder.write("other", "meanwhile");
+    EXPECT_FALSE(late->commit());
+    EXPECT_EQ(late->failure().kind, Kind::Exists);
+  });
+  EXPECT_EQ(folder.read("new") + folder.read("other"), "firstmeanwhile");
+  EXPECT_EQ(folder.entries(), 2u);
 }
 
 TEST_F(FilesTest, RightsAreRespectedAndKept) {
