@@ -13,7 +13,8 @@ namespace zelvaro {
 /// The platform with the console of this program.
 std::unique_ptr<Platform> systemPlatform();
 
-/// The words of the command line after the program's name, UTF-8.
+/// The words of the command line after the program's name, UTF-8, with the files that a pattern stands for where the
+/// shell does not look for them.
 std::vector<std::string> programArguments(int argc, char** argv);
 
 /// Opens the null device on those of the descriptors 0, 1 and 2 that are closed: otherwise a settings file or a

@@ -20,6 +20,7 @@ namespace zelvaro::windows {
 namespace {
 
 using Kind = FileFailure::Kind;
+using namespace std::string_literals;
 
 class WindowsFiles : public testing::Test {
  protected:
@@ -48,6 +49,18 @@ class WindowsFiles : public testing::Test {
   const std::string folder = "é 日本語 𠮷.tests";
   WindowsPlatform platform;
 };
+
+TEST_F(WindowsFiles, OfAPatternOfAnArgumentAreFound) {
+  for (const char* name : {"b.cas", "a.cas", "表.cas", "a.txt", "-.cas"})
+    EXPECT_EQ(written(name, "").reason, "");
+  ASSERT_TRUE(makeFolders(path("d.cas"), nullptr));
+  using Names = std::vector<std::string>;
+  EXPECT_EQ(filesOfArgument(path("*.cas")),
+            (Names{path("-.cas"), path("a.cas"), path("b.cas"), path("表.cas")}));
+  EXPECT_EQ(filesOfArgument(path("?.c*")), filesOfArgument(path("*.cas")));
+  for (const std::string& none : {path("*.none"), path("a.cas"), "--color=*"s, "*/a.cas"s, "none/*"s, ""s})
+    EXPECT_EQ(filesOfArgument(none), Names{none});
+}
 
 TEST_F(WindowsFiles, AreWrittenReadListedAndDeletedByAnyName) {
   EXPECT_EQ(written("報告.txt", "a\nb\n\n", {.synced = true, .isText = true}).reason, "");

@@ -26,17 +26,6 @@ Handle openRegular(const std::string& path, FileFailure* failure) {
   return Handle();
 }
 
-/// Calls put(name, is a folder) for each entry of an open search.
-template <class Put>
-void forEachEntry(HANDLE search, WIN32_FIND_DATAW& entry, const std::wstring& folder, Put put) {
-  do {
-    const std::wstring name = entry.cFileName;
-    if (name == L"." || name == L"..") continue;
-    const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    put(narrow(name), isFolder(isLink ? attributesOf(folder + name) : entry.dwFileAttributes));
-  } while (::FindNextFileW(search, &entry) != 0);
-}
-
 }  // namespace
 
 }  // namespace zelvaro::windows
@@ -85,14 +74,10 @@ std::optional<std::vector<std::string>> ConsolePlatform::entriesOf(const std::st
   if (!windows::isFolder(attributes)) return std::vector{path};
   if (folder->back() != L'\\') *folder += L'\\';
   std::vector<std::string> names;
-  WIN32_FIND_DATAW entry{};
-  const HANDLE search = ::FindFirstFileW((*folder + L'*').c_str(), &entry);
-  if (search != INVALID_HANDLE_VALUE) {
-    windows::forEachEntry(search, entry, *folder, [&](const std::string& name, bool isFolder) {
-      names.push_back(isFolder ? name + "/" : name);
-    });
-    ::FindClose(search);
-  } else if (const DWORD cause = ::GetLastError(); cause != ERROR_FILE_NOT_FOUND) {  // an empty drive
+  const DWORD cause = windows::forEachEntry(*folder + L'*', [&](const std::string& name, bool isFolder) {
+    names.push_back(isFolder ? name + "/" : name);
+  });
+  if (cause != 0 && cause != ERROR_FILE_NOT_FOUND) {  // as on an empty drive
     tell(failure, windows::failureOfSystem(cause));
     return std::nullopt;
   }

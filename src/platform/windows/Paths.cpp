@@ -72,4 +72,31 @@ std::wstring finalName(const Handle& file) {
       [&](wchar_t* to, DWORD size) { return ::GetFinalPathNameByHandleW(file.get(), to, size, 0); });
 }
 
+DWORD forEachEntry(const std::wstring& pattern, const std::function<void(const std::string&, bool)>& put) {
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = ::FindFirstFileW(pattern.c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return ::GetLastError();
+  do {
+    const std::wstring name = entry.cFileName;
+    if (name == L"." || name == L"..") continue;
+    const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    put(narrow(name), isFolder(isLink ? attributesOf(folderOf(pattern) + name) : entry.dwFileAttributes));
+  } while (::FindNextFileW(search, &entry) != 0);
+  ::FindClose(search);
+  return 0;
+}
+
+std::vector<std::string> filesOfArgument(const std::string& argument) {
+  const std::string folder = argument.substr(0, argument.find_last_of("\\/:") + 1);
+  std::vector<std::string> files;
+  if (!argument.starts_with('-') && argument.find_first_of("*?", folder.size()) != argument.npos)
+    if (const auto pattern = fullName(argument, nullptr))
+      forEachEntry(*pattern, [&](const std::string& name, bool isFolder) {
+        if (!isFolder) files.push_back(folder + name);
+      });
+  if (files.empty()) return {argument};
+  std::ranges::sort(files);
+  return files;
+}
+
 }  // namespace zelvaro::windows

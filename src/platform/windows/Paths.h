@@ -1,8 +1,10 @@
 // Names of files as the system takes them.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/windows/System.h"
 
@@ -22,5 +24,13 @@ std::wstring folderOf(const std::wstring& name);
 
 /// The name of an open file or folder without any link in it, or an empty text.
 std::wstring finalName(const Handle& file);
+
+/// Calls put(name, whether it is a folder) for each entry of a folder that a full name finds, with * and ? in its last
+/// part, but for "." and "..".  Returns 0 or the system's error.
+DWORD forEachEntry(const std::wstring& pattern, const std::function<void(const std::string&, bool)>& put);
+
+/// The files that an argument with * or ? in its last part stands for, sorted, with the folder as it is typed: no shell
+/// of this system looks for them.  The argument itself if it finds no file, or is an option.
+std::vector<std::string> filesOfArgument(const std::string& argument);
 
 }  // namespace zelvaro::windows

@@ -48,7 +48,9 @@ std::vector<std::string> programArguments(int, char**) {
   int count = 0;
   wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
   std::vector<std::string> out;
-  for (int i = 1; i < count; ++i) out.push_back(windows::narrow(words[i]));
+  for (int i = 1; i < count; ++i)
+    for (std::string& word : windows::filesOfArgument(windows::narrow(words[i])))
+      out.push_back(std::move(word));
   ::LocalFree(words);
   return out;
 }
