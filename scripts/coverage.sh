@@ -6,6 +6,8 @@
 # Not counted are branches on lines without code of their own (gcovr's --exclude-unreachable-branches), and the
 # way out of a call by an exception.  gcovr's --exclude-throw-branches does not do the latter for templates: it
 # loses the mark in the instances that never ran.  So the mark is taken from the merged lines.
+#
+# The preset updates the counters atomically: some tests start threads, and a count that a race made negative stops gcovr.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/need.sh
