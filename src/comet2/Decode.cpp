@@ -135,8 +135,9 @@ Handler Decoded::single(int adr) {
   set(adr, kFirstWord);
   if (kInfo[indexOf(e.single)].words == 2) {
     e.second = static_cast<std::uint16_t>(unsignedWord(memory_[adr + 1]));
-    if (kInfo[indexOf(e.single)].loadsDirect && e.second > limit_) e.single = Handler::LoadStop;
-    set(adr + 1, kSecondWord);
+    const bool isLoad = kInfo[indexOf(e.single)].loadsDirect;
+    if (isLoad && e.second > limit_) e.single = Handler::LoadStop;
+    set(adr + 1, isLoad ? kSecondWord | kLoadAddress : kSecondWord);
   }
   pageUsed_[static_cast<std::size_t>(adr / kPage)] = true;
   return e.single;
@@ -178,24 +179,21 @@ void Decoded::dropInstruction(int adr) {
   for (int distance = 1; distance <= kGreatestDistance; ++distance)
     if (has(adr, fusedBit(distance))) dropHandler(adr - distance);
   dropHandler(adr);
-  if (kInfo[indexOf(entries_.get()[adr].single)].words == 2) clear(adr + 1, kSecondWord);
+  if (kInfo[indexOf(entries_.get()[adr].single)].words == 2) clear(adr + 1, kSecondWord | kLoadAddress);
   clear(adr, kFirstWord);
 }
 
-/// The handlers read the second word from its entry at each execution, so it is enough to update it there,
-/// except where the decoding depends on it: the address of a load is compared with the limit.
-void Decoded::changeSecondWord(int adr, int word) {
+void Decoded::changeLoadAddress(int adr, int word) {
   Entry& e = entries_.get()[adr];
-  const bool wasLookedAt = kInfo[indexOf(e.single)].loadsDirect && (e.second > limit_ || word > limit_);
-  if (wasLookedAt) {
+  if (e.second > limit_ || word > limit_) {
     dropInstruction(adr);
   } else {
     e.second = static_cast<std::uint16_t>(word);
   }
 }
 
-void Decoded::stored(int adr) {
-  if (has(adr, kSecondWord)) changeSecondWord(adr - 1, unsignedWord(memory_[adr]));
+void Decoded::storedIntoDecoded(int adr) {
+  if (has(adr, kLoadAddress)) changeLoadAddress(adr - 1, unsignedWord(memory_[adr]));
   if (has(adr, kFirstWord)) dropInstruction(adr);
 }
 

@@ -63,7 +63,13 @@ class Decoded {
   /// Decodes the entry of an address, 0 to the limit.  The caller sets its handler.
   Handler decode(int adr);
   /// To be called when the cell of `adr` has changed: drops or updates the entries decoded from it.
-  void stored(int adr);
+  void stored(int adr) {
+    const unsigned use = readers_.get()[adr];
+    // the handlers read the second word from its entry at each execution
+    if ((use & (kSecondWord | kLoadAddress)) == kSecondWord)
+      entries_.get()[adr - 1].second = static_cast<std::uint16_t>(memory_[adr]);
+    if ((use & (kFirstWord | kLoadAddress)) != 0) storedIntoDecoded(adr);
+  }
   /// How often an address has been executed so far.
   std::int32_t countOf(const Cells& ExecCount, int adr) const;
   /// All executions since the last call of addCountsTo.
@@ -78,6 +84,8 @@ class Decoded {
   /// The first word of an instruction that the handler `distance` addresses before executes too.
   static constexpr unsigned fusedBit(int distance) { return 2u << static_cast<unsigned>(distance); }
   static constexpr int kGreatestDistance = 4;
+  /// A second word that is the address of a direct load: the decoding compares it with the limit.
+  static constexpr unsigned kLoadAddress = 64;
 
   static constexpr std::size_t kEntries = kAddressSpace + 8;
   static constexpr int kPage = 256;
@@ -86,7 +94,8 @@ class Decoded {
   Handler withFollowing(int adr, int following);
   void dropInstruction(int adr);
   void dropHandler(int adr);
-  void changeSecondWord(int adr, int word);
+  void storedIntoDecoded(int adr);
+  void changeLoadAddress(int adr, int word);
   bool has(int adr, unsigned bit) const { return (readers_.get()[adr] & bit) != 0; }
   void set(int adr, unsigned bit);
   void clear(int adr, unsigned bit);
