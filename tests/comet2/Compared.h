@@ -41,7 +41,9 @@ struct MachineRun {
     platform.typed = {"", "A", "abcdefgh", "日本語𠮷", "\xFF", "0123456789012345678901234567890123456789"};
   }
   Stop run() { return runLoop(m, {platform, sink}, watch, limit); }
-  Stop run(std::int64_t& steps) { return runLoop(m, {platform, sink}, watch, limit, steps); }
+  Stop run(Slices& slices, std::int64_t& steps) {
+    return runLoop(m, {platform, sink}, watch, limit, slices, steps);
+  }
 
   /// In what the slow machine's run left something else, in words.
   std::string differenceFrom(MachineRun& slowRun, SlowMachine& slow) {
@@ -68,9 +70,10 @@ inline std::string compared(const Tcomet2& m, int PrgEndAdr, int limit, std::int
                             std::int64_t& executed) try {
   MachineRun stepped(m, PrgEndAdr, limit), whole = stepped, slowRun = stepped;
   std::int64_t left = cap / 2;
-  Stop stop = stepped.run(left);
+  Slices slices{Decoded(stepped.m.Memory.data(), limit)};
+  Stop stop = stepped.run(slices, left);
   left += cap - cap / 2;
-  if (stop == Stop::Steps) stop = stepped.run(left);
+  if (stop == Stop::Steps) stop = stepped.run(slices, left);
 
   SlowMachine slow(m, {slowRun.platform, slowRun.sink}, limit, PrgEndAdr);
   const Stop slowStop = slow.run(stop == Stop::Steps ? cap - left : cap + 3);
