@@ -9,5 +9,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# g++ 12 takes an inline function of a PE object for the one that is called, though the linker may keep the copy of
+# another object. A caller then holds values in registers, or gives the stack an alignment, that only its own copy leaves
+# as they are. (On ELF such a function can be replaced, and the compiler assumes neither.)
+set(CMAKE_CXX_FLAGS_INIT "-fno-ipa-ra -fno-ipa-stack-alignment")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../scripts/wine.sh)

@@ -158,12 +158,15 @@ def run(command, p, seconds, env=None):
             if path.resolve().is_relative_to(Path(folder).resolve()):
                 path.parent.mkdir(parents=True, exist_ok=True)
                 path.write_bytes(data)
-        try:
-            r = subprocess.run(command + p.options, cwd=folder, input=p.typed, stdout=subprocess.PIPE,
-                               stderr=subprocess.STDOUT, timeout=seconds, env=env, check=False)
-        except subprocess.TimeoutExpired:
-            return None
-        out = {"(console)": r.stdout, "(status)": str(r.returncode).encode()}
+        # Into a file: a process that wine starts besides, and that stays, would keep a pipe open.
+        with tempfile.TemporaryFile() as console:
+            try:
+                r = subprocess.run(command + p.options, cwd=folder, input=p.typed, stdout=console,
+                                   stderr=subprocess.STDOUT, timeout=seconds, env=env, check=False)
+            except subprocess.TimeoutExpired:
+                return None
+            console.seek(0)
+            out = {"(console)": console.read(), "(status)": str(r.returncode).encode()}
         out.update((str(path.relative_to(folder)), path.read_bytes()) for path in sorted(Path(folder).rglob("*"))
                    if path.is_file())
         return out
